@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace trelin {
+
+// The ANSI code page Windows-1252, for the platform layers and tests that
+// have no system function for it. A character that the code page lacks
+// becomes "?".
+
+char UpperCase1252(char c);
+std::string UpperCase1252(std::string_view sText);
+
+std::string ToUtf8(std::string_view sText1252);
+std::string FromUtf8(std::string_view sUtf8);  // bytes that are no UTF-8: one "?" each
+std::string FromUtf16(std::u16string_view sUtf16);
+
+// The Unicode code point of one character of the code page. The five codes
+// that the code page leaves open stand for the control characters of the
+// same number, as on Windows.
+char32_t CodePoint1252(char c);
+
+}  // namespace trelin

@@ -1,0 +1,269 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+// The windows of the program. One implementation file a control and platform.
+//
+// Measures are twips, 1440 to the inch; a control is laid out on the pixels
+// that the screen's twips per pixel give. Positions are relative to the
+// control's container. Texts are in the ANSI code page.
+//
+// Events are the On... members; an empty one is not raised. They come one at
+// a time on the thread that shows the window: a timer's tick is dropped while
+// a handler is running, also while that handler has a message box open (only
+// paints go on then). An exception that leaves a handler ends the modal
+// window: it comes out of ShowModal.
+namespace trelin {
+
+using Twips = float;
+
+// With the top bit set, the system colour whose index is the low byte;
+// otherwise red in the low byte, then green, then blue.
+enum class Color : std::uint32_t {
+  Cyan = 0x00FFFF00,
+  ListMask = 0x00C0C0C0,  // RGB(192, 192, 192)
+  ButtonFace = 0x8000000F,
+  ButtonShadow = 0x80000010,
+  ButtonText = 0x80000012,
+  ButtonHighlight = 0x80000014,
+  DarkShadow3D = 0x80000015,
+  Light3D = 0x80000016,
+};
+
+namespace Screen {
+Twips Width();
+Twips Height();
+float TwipsPerPixelX();
+float TwipsPerPixelY();
+}  // namespace Screen
+
+// A picture read from a file: BMP, ICO with its mask, GIF, JPEG or PNG.
+// Copies share the picture.
+class Picture {
+ public:
+  struct Native;
+
+  // Throws PlatformError when the file cannot be read or is no picture.
+  static Picture LoadFromFile(const std::string& sPath);
+
+  // The program's own icon, 32 by 32 pixels in 16 colours.
+  static Picture ProgramIcon();
+
+  const Native& Get() const { return *native_; }
+  explicit Picture(std::shared_ptr<const Native> native) : native_(std::move(native)) {}
+
+ private:
+  std::shared_ptr<const Native> native_;
+};
+
+// What all controls have in common. A control belongs to the object that
+// holds it and lives no longer than its container.
+class Control {
+ public:
+  struct Native;
+
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+  virtual ~Control();
+
+  void SetBounds(Twips left, Twips top, Twips width, Twips height);
+  Twips Left() const;
+  Twips Top() const;
+  Twips Width() const;   // the width in pixels, as twips
+  Twips Height() const;
+
+  void SetVisible(bool bVisible);
+  bool Visible() const;
+  void SetEnabled(bool bEnabled);
+  bool Enabled() const;
+
+  // The control's place in the order that Tab follows, from 0. A control
+  // without one is passed over.
+  void SetTabIndex(std::int16_t nIndex);
+  void SetFocus();
+  bool HasFocus() const;
+
+  Native& Get() const { return *native_; }
+
+ protected:
+  explicit Control(std::unique_ptr<Native> native);
+
+  std::unique_ptr<Native> native_;
+};
+
+enum class FormBorder { FixedSingle, Sizable };
+
+// A top-level window with a close box, without minimize or maximize button.
+// Left to Height measure it with its frame.
+class Form : public Control {
+ public:
+  Form(FormBorder border, bool bShowInTaskbar, Twips clientWidth, Twips clientHeight);
+  ~Form() override;
+
+  void SetCaption(const std::string& sCaption);
+  std::string Caption() const;
+  void SetIcon(const Picture& picture);
+  void Move(Twips left, Twips top);
+
+  // Raises OnLoad, shows the window and waits until it is unloaded. When a
+  // handler throws, the window is hidden, stays loaded, and the exception
+  // comes out of here.
+  void ShowModal();
+
+  // Raises OnUnload and closes the window; ShowModal returns. Nothing happens
+  // while the window is not loaded. The close box does the same.
+  void Unload();
+  bool Loaded() const;
+
+  std::function<void()> OnLoad;
+  std::function<void()> OnUnload;
+};
+
+enum class BoxBorder { None, Sunken };
+
+// A rectangle that the program paints, and a container of other controls.
+// Pointer positions are relative to the box; they may lie outside while the
+// pointer is captured.
+class PictureBox : public Control {
+ public:
+  explicit PictureBox(Control& container);  // a Form or a PictureBox
+
+  void SetBorder(BoxBorder border);
+  void SetBackColor(Color color);  // repaints the box
+  Color BackColor() const;
+  Color ForeColor() const;  // button text
+
+  // Draws a horizontal or vertical line, one pixel wide, from the first point
+  // towards the second, whose pixel is left out. Only from OnPaint.
+  void Line(Twips x1, Twips y1, Twips x2, Twips y2, Color color);
+
+  void Refresh();  // requests a repaint
+
+  void CapturePointer();
+  void ReleasePointer();
+
+  std::function<void()> OnPaint;  // after the background was filled
+  std::function<void()> OnClick;  // pressed and released on the box
+  std::function<void(Twips x, Twips y)> OnMouseDown;
+  std::function<void(Twips x, Twips y)> OnMouseMove;
+  std::function<void(Twips x, Twips y)> OnMouseUp;
+};
+
+struct LabelFont {
+  float points = 8.25F;  // of MS Sans Serif or the nearest sans serif there is
+  bool bBold = false;
+  bool bUnderline = false;
+};
+
+// A text that lets its container's background through; wraps at its width,
+// shows an ampersand as one, and can be read by an accessibility client.
+class Label : public Control {
+ public:
+  explicit Label(Control& container);
+
+  void SetFont(const LabelFont& font);
+  void SetCaption(const std::string& sCaption);
+  std::string Caption() const;
+
+  std::function<void()> OnMouseDown;
+};
+
+// The default button answers Enter unless another button has the focus, the
+// cancel button answers Esc; a disabled one answers nothing. An ampersand in
+// the caption marks the access key.
+class Button : public Control {
+ public:
+  explicit Button(Form& form);
+
+  void SetCaption(const std::string& sCaption);
+  std::string Caption() const;
+  void SetDefault();
+  void SetCancel();
+
+  std::function<void()> OnClick;
+};
+
+// Text of several lines, read-only, without scroll bars. Lines end with CR LF.
+class TextBox : public Control {
+ public:
+  explicit TextBox(Form& form);
+
+  void SetText(const std::string& sText);
+  std::string Text() const;
+};
+
+// A vertical scroll bar. The wheel turned over its container moves it by its
+// small change. Value always lies between minimum and maximum; setting these
+// moves it there without an event.
+class ScrollBar : public Control {
+ public:
+  explicit ScrollBar(PictureBox& container);
+
+  void SetMin(std::int16_t nMin);
+  void SetMax(std::int16_t nMax);
+  void SetSmallChange(std::int16_t nChange);
+  void SetLargeChange(std::int16_t nChange);
+  std::int16_t Min() const;
+  std::int16_t Max() const;
+  std::int16_t SmallChange() const;
+  std::int16_t LargeChange() const;
+  void SetValue(std::int16_t nValue);  // raises OnChange when it is another one
+  std::int16_t Value() const;
+
+  std::function<void()> OnChange;  // the value is another one
+  std::function<void()> OnScroll;  // the thumb is being dragged
+};
+
+// Ticks on its form's thread while the form is shown. Starts disabled.
+class Timer {
+ public:
+  struct Native;
+
+  explicit Timer(Form& form);
+  ~Timer();
+  Timer(const Timer&) = delete;
+  Timer& operator=(const Timer&) = delete;
+
+  void SetInterval(std::int32_t lMilliseconds);
+  void SetEnabled(bool bEnabled);
+  bool Enabled() const;
+
+  std::function<void()> OnTimer;
+
+  Native& Get() const { return *native_; }
+
+ private:
+  std::unique_ptr<Native> native_;
+};
+
+// Pictures of one size under text keys. A picture of another size is scaled;
+// in a picture without a mask or transparency of its own, the mask colour is
+// not drawn.
+class ImageList {
+ public:
+  struct Native;
+
+  ImageList(std::int16_t nWidthPixels, std::int16_t nHeightPixels, Color mask);
+  ~ImageList();
+  ImageList(const ImageList&) = delete;
+  ImageList& operator=(const ImageList&) = delete;
+
+  std::int16_t ImageWidth() const;   // pixels
+  std::int16_t ImageHeight() const;  // pixels
+
+  void Add(const std::string& sKey, const Picture& picture);
+  bool Contains(const std::string& sKey) const;
+
+  // Draws the picture under sKey with its top left corner at the position in
+  // the box. From OnPaint it is drawn at once; from elsewhere the box is
+  // repainted, and its OnPaint draws it.
+  void Draw(const std::string& sKey, PictureBox& box, Twips left, Twips top) const;
+
+ private:
+  std::unique_ptr<Native> native_;
+};
+
+}  // namespace trelin
