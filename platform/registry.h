@@ -20,12 +20,12 @@ constexpr std::uint32_t RegistryTypeText = 1;         // REG_SZ
 // Callers rely on no particular failure, but every implementation gives the
 // numbers that Windows gives.
 constexpr std::int32_t RegistrySuccess = 0;
-constexpr std::int32_t RegistryNotFound = 2;        // ERROR_FILE_NOT_FOUND
-constexpr std::int32_t RegistryAccessDenied = 5;    // ERROR_ACCESS_DENIED
-constexpr std::int32_t RegistryInvalidHandle = 6;   // ERROR_INVALID_HANDLE
-constexpr std::int32_t RegistryMoreData = 234;      // ERROR_MORE_DATA
-constexpr std::int32_t RegistryNoMoreItems = 259;   // ERROR_NO_MORE_ITEMS
-constexpr std::int32_t RegistryKeyDeleted = 1018;   // ERROR_KEY_DELETED
+constexpr std::int32_t RegistryNotFound = 2;       // ERROR_FILE_NOT_FOUND
+constexpr std::int32_t RegistryAccessDenied = 5;   // ERROR_ACCESS_DENIED
+constexpr std::int32_t RegistryInvalidHandle = 6;  // ERROR_INVALID_HANDLE
+constexpr std::int32_t RegistryMoreData = 234;     // ERROR_MORE_DATA
+constexpr std::int32_t RegistryNoMoreItems = 259;  // ERROR_NO_MORE_ITEMS
+constexpr std::int32_t RegistryKeyDeleted = 1018;  // ERROR_KEY_DELETED
 
 // What the program needs of a Windows registry: the ten operations that its
 // registry accessor calls, with results, lengths and buffers as the ANSI
@@ -42,8 +42,8 @@ class Registry {
   // Opens sPath below hParent; an empty path opens hParent itself again.
   // Success puts a handle into hKey, which the caller closes with CloseKey.
   // Fails when the key is missing or refuses lAccess.
-  virtual std::int32_t OpenKey(RegistryKey hParent, const std::string& sPath,
-                               std::uint32_t lAccess, RegistryKey& hKey) = 0;
+  virtual std::int32_t OpenKey(RegistryKey hParent, const std::string& sPath, std::uint32_t lAccess,
+                               RegistryKey& hKey) = 0;
 
   // Opens sPath below hParent, creating what is missing of it. Success puts a
   // handle into hKey, which the caller closes with CloseKey.

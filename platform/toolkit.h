@@ -72,7 +72,7 @@ class Control {
   void SetBounds(Twips left, Twips top, Twips width, Twips height);
   Twips Left() const;
   Twips Top() const;
-  Twips Width() const;   // the width in pixels, as twips
+  Twips Width() const;  // the width in pixels, as twips
   Twips Height() const;
 
   void SetVisible(bool bVisible);

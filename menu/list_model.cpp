@@ -1,0 +1,60 @@
+#include "menu/list_model.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "startup/numbers.h"
+
+namespace trelin {
+
+namespace {
+
+std::int16_t ItemNumber(std::int32_t lNumber) { return ToInt16(lNumber, "The product's number"); }
+
+}  // namespace
+
+std::int16_t ListModel::ItemCount() const {
+  return ToInt16(objSetupList_.MenuItems().Count(), "The number of products in the setup list");
+}
+
+void ListModel::Load() {
+  nVisibleRows_ = std::min(ItemCount(), MaxRows);
+  objSetupList_.SetTopIndex(1);
+}
+
+std::int16_t ListModel::FirstItem() const { return objSetupList_.TopIndex(); }
+
+std::int16_t ListModel::LastItem() const { return ItemNumber(FirstItem() + nVisibleRows_ - 1); }
+
+bool ListModel::CanScroll() const { return ItemCount() > MaxRows; }
+
+std::int16_t ListModel::MaxTopIndex() const { return ItemNumber(ItemCount() - nVisibleRows_ + 1); }
+
+void ListModel::ScrollTo(std::int16_t nTopIndex) { objSetupList_.SetTopIndex(nTopIndex); }
+
+void ListModel::Select(std::int16_t nRow) {
+  objSetupList_.SetCurrentIndex(ItemNumber(FirstItem() + nRow));
+}
+
+bool ListModel::SetupEnabled() const { return objSetupList_.CurrentIndex() != 0; }
+
+bool ListModel::ReadMeEnabled() const {
+  return SetupEnabled() && !objSetupList_.ActiveItem()->ReadMeFile().empty();
+}
+
+void ListModel::PressIcon(std::int16_t nRow) {
+  bIconCaptured_ = true;
+  bIconPressed_ = true;
+  Select(nRow);
+}
+
+bool ListModel::MovePointer(bool bInside) {
+  return bIconCaptured_ && std::exchange(bIconPressed_, bInside) != bInside;
+}
+
+ListModel::Release ListModel::ReleaseIcon(bool bInside) {
+  if (!std::exchange(bIconCaptured_, false)) return {};
+  return {.bRepaint = std::exchange(bIconPressed_, false), .bRunSetup = bInside};
+}
+
+}  // namespace trelin

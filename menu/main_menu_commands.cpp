@@ -1,0 +1,60 @@
+#include "menu/main_menu.h"
+#include "platform/platform.h"
+#include "platform/platform_error.h"
+#include "startup/paths.h"
+#include "startup/start_up.h"
+#include "startup/string_resources.h"
+
+namespace trelin {
+
+namespace {
+
+// Whether the program was started; the user has been told if it was not.
+bool StartProgram(const std::string& sCommandLine) {
+  try {
+    TheSystem().StartProgram(sCommandLine);
+    return true;
+  } catch (const PlatformError& error) {
+    TheSystem().ShowMessage(error.what(), MessageIcon::Critical, MessageButtons::Ok,
+                            LoadResourceString(35014));
+    return false;
+  }
+}
+
+}  // namespace
+
+void frmMainMenu::cmdSetup_Click() { RunSetup(objSetupList->CurrentIndex()); }
+
+void frmMainMenu::RunSetup(std::int16_t nIndex) {
+  const auto objItem = objSetupList->MenuItems().Item(nIndex);
+  if (!ConfirmSetup(*objItem)) return;
+  if (!objItem->CheckDependencies()) {
+    TheSystem().ShowMessage(objSetupList->LastError(), MessageIcon::Information, MessageButtons::Ok,
+                            LoadResourceString(35031));
+    return;
+  }
+  if (StartProgram("\"" + JoinPath(SourceFolder(), objItem->InstallFile()) + "\""))
+    Timer1.SetEnabled(true);
+}
+
+// Whether the product has an installer and the user wants it even over a
+// newer revision.
+bool frmMainMenu::ConfirmSetup(MenuItem& objItem) {
+  if (objItem.InstallFile().empty()) {
+    TheSystem().ShowMessage(LoadResourceString(35029), MessageIcon::Critical, MessageButtons::Ok,
+                            LoadResourceString(35014));
+    return false;
+  }
+  return !objItem.NewerVersion() ||
+         TheSystem().ShowMessage(LoadResourceString(35030), MessageIcon::Exclamation,
+                                 MessageButtons::YesNo,
+                                 LoadResourceString(35014)) == MessageAnswer::Yes;
+}
+
+void frmMainMenu::cmdReadMe_Click() {
+  StartProgram(JoinPath(TheSystem().ProgramFolder(), objSetupList->ActiveItem()->ReadMeFile()));
+}
+
+void frmMainMenu::cmdExit_Click() { Unload(); }
+
+}  // namespace trelin

@@ -1,0 +1,70 @@
+#include "menu/main_menu.h"
+
+namespace trelin {
+
+namespace {
+
+// The left and top edges count as outside.
+bool IsInside(const PictureBox& picBox, Twips X, Twips Y) {
+  return X > 0 && X < picBox.Width() && Y > 0 && Y < picBox.Height();
+}
+
+}  // namespace
+
+void frmMainMenu::picListItem_Click(std::int16_t Index) {
+  model_->Select(Index);
+  ShowSelection();
+}
+
+void frmMainMenu::ShowSelection() {
+  cmdSetup.SetEnabled(model_->SetupEnabled());
+  cmdReadMe.SetEnabled(model_->ReadMeEnabled());
+  RefreshRows();
+  // Away from a button, so that Enter is Setup.
+  picList.SetFocus();
+}
+
+void frmMainMenu::lblTitle_MouseDown(std::int16_t Index) { picListItem_Click(Index); }
+
+void frmMainMenu::lblDescription_MouseDown(std::int16_t Index) { picListItem_Click(Index); }
+
+void frmMainMenu::lblStatus_MouseDown(std::int16_t Index) { picListItem_Click(Index); }
+
+void frmMainMenu::picIcon_MouseDown(std::int16_t Index) {
+  PictureBox& picBox = picIcon[Index];
+  picBox.CapturePointer();
+  model_->PressIcon(Index);
+  ShowSelection();
+  picBox.Refresh();
+}
+
+void frmMainMenu::picIcon_MouseMove(std::int16_t Index, Twips X, Twips Y) {
+  PictureBox& picBox = picIcon[Index];
+  if (model_->MovePointer(IsInside(picBox, X, Y))) picBox.Refresh();
+}
+
+void frmMainMenu::picIcon_MouseUp(std::int16_t Index, Twips X, Twips Y) {
+  if (!model_->bIconCaptured()) return;
+  PictureBox& picBox = picIcon[Index];
+  picBox.ReleasePointer();
+  const ListModel::Release release = model_->ReleaseIcon(IsInside(picBox, X, Y));
+  if (release.bRepaint) picBox.Refresh();
+  if (release.bRunSetup) RunSetup(objSetupList->CurrentIndex());
+}
+
+void frmMainMenu::VScroll_Change() {
+  model_->ScrollTo(VScroll.Value());
+  RefreshRows();
+  for (PictureBox& picBox : picIcon) picBox.Refresh();
+}
+
+void frmMainMenu::VScroll_Scroll() { VScroll_Change(); }
+
+void frmMainMenu::Timer1_Timer() {
+  objSetupList->ActiveItem()->CheckInstallation();
+  if (!objSetupList->ActiveItem()->Updated()) return;
+  RefreshRows();
+  Timer1.SetEnabled(false);
+}
+
+}  // namespace trelin

@@ -1,0 +1,42 @@
+#include "startup/error.h"
+
+#include <new>
+#include <utility>
+
+#include "platform/platform.h"
+
+namespace trelin {
+
+namespace {
+constexpr const char* ProgramName = "Trelin";
+}
+
+Error::Error(std::int32_t lNumber, std::string sSource, std::string sDescription)
+    : lNumber_(lNumber), sSource_(std::move(sSource)), sDescription_(std::move(sDescription)) {}
+
+ErrorReport CurrentError() {
+  try {
+    throw;
+  } catch (const Error& error) {
+    return {error.Number(), error.Source(), error.Description()};
+  } catch (const std::bad_alloc&) {
+    return {0, ProgramName, "There is not enough memory to go on."};
+  } catch (const std::exception& error) {
+    return {0, ProgramName, error.what()};
+  } catch (...) {
+    return {0, ProgramName, "An error of an unknown kind has occurred."};
+  }
+}
+
+void ShowError() {
+  try {
+    const ErrorReport report = CurrentError();
+    TheSystem().ShowMessage(report.sDescription, MessageIcon::Information, MessageButtons::Ok,
+                            "Error at " + report.sSource);
+  } catch (...) {
+    // The error could not even be shown; there is nobody left to tell.
+    return;
+  }
+}
+
+}  // namespace trelin

@@ -1,0 +1,43 @@
+#include "startup/notice_lines.h"
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+
+#include "products/reg_entry.h"
+#include "startup/numbers.h"
+#include "startup/string_resources.h"
+
+namespace trelin {
+
+namespace {
+
+constexpr std::int32_t LineCountString = 35040;  // line k is string 35040 + k
+
+// This is the first text that the program asks for, so a missing library shows
+// here: the message has to say so without one.
+std::int16_t ReadLineCount() {
+  try {
+    return ParseInt16(LoadResourceString(LineCountString),
+                      "The number of notice lines (string 35040)");
+  } catch (const std::invalid_argument& error) {
+    throw std::invalid_argument(
+        std::string(error.what()) +
+        "\n\nThe string library ENU35000.DLL is missing from the folder of Trelin, or it is "
+        "damaged. Please copy it there again from the setup disk and start Trelin once more.");
+  }
+}
+
+}  // namespace
+
+bool WriteNoticeLines() {
+  const std::int16_t nLines = ReadLineCount();
+  RegEntry objReg;
+  objReg.CreateKey("Copyright");
+  objReg.SetString("NumLines", std::to_string(nLines));
+  for (std::int32_t lLine = 1; lLine <= nLines; ++lLine)
+    objReg.SetString("Line" + std::to_string(lLine), LoadResourceString(LineCountString + lLine));
+  return true;
+}
+
+}  // namespace trelin
