@@ -1,0 +1,63 @@
+// The read-me program of the demonstration suite: shows the text file that its
+// command line names, from its own folder.
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <string>
+
+#include "platform/entry.h"
+#include "platform/platform.h"
+#include "platform/toolkit.h"
+#include "startup/center_form.h"
+#include "startup/error.h"
+#include "startup/paths.h"
+
+namespace trelin::demo {
+
+namespace {
+
+std::string ReadText(const std::string& sPath) {
+  const std::unique_ptr<InputFile> file = TheSystem().OpenInput(sPath);
+  std::array<char, 4096> buffer;
+  std::string sText;
+  while (const std::size_t nRead = file->Read(buffer.data(), buffer.size()))
+    sText.append(buffer.data(), nRead);
+  return sText;
+}
+
+void ShowText(const std::string& sFile) {
+  const std::string sText = ReadText(ProgramFile(sFile));
+
+  Form form(FormBorder::FixedSingle, true, 7200, 5700);
+  form.SetCaption("Read Me - " + sFile);
+  form.SetIcon(Picture::ProgramIcon());
+  TextBox txtText(form);
+  txtText.SetBounds(120, 120, 6960, 4920);
+  txtText.SetText(sText);
+  txtText.SetTabIndex(1);
+  Button cmdClose(form);
+  cmdClose.SetBounds(5955, 5205, 1125, 345);
+  cmdClose.SetCaption("Close");
+  cmdClose.SetDefault();
+  cmdClose.SetCancel();
+  cmdClose.SetTabIndex(0);
+  cmdClose.OnClick = [&form] { form.Unload(); };
+  CenterForm(form);
+  form.ShowModal();
+}
+
+}  // namespace
+
+}  // namespace trelin::demo
+
+void trelin::Main() {
+  try {
+    const std::string sFile = TheSystem().CommandLineText();
+    demo::ShowText(sFile.empty() ? "suite.txt" : sFile);
+  } catch (...) {
+    ExitCode() = 1;
+    TheSystem().ShowMessage(CurrentError().sDescription, MessageIcon::Critical, MessageButtons::Ok,
+                            "Read Me");
+  }
+}

@@ -1,0 +1,94 @@
+#include "platform/host/command_line.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace trelin {
+
+namespace {
+
+const char* const Blanks = " \t";
+
+// The end of the longest leading part of sText that is a file. A part neither
+// ends with a space nor, as sText does not, begins with one.
+std::size_t UnquotedProgramEnd(const std::string& sText,
+                               const std::function<bool(const std::string&)>& isFile) {
+  for (std::size_t nLast = sText.find_last_not_of(' '); nLast != std::string::npos;) {
+    if (isFile(sText.substr(0, nLast + 1))) return nLast + 1;
+    const std::size_t nSpace = sText.rfind(' ', nLast);
+    if (nSpace == std::string::npos) break;
+    nLast = sText.find_last_not_of(' ', nSpace);
+  }
+  return std::min(sText.find(' '), sText.size());
+}
+
+// Reads the arguments of a command line, one Next a call.
+class ArgumentReader {
+ public:
+  explicit ArgumentReader(const std::string& sText) : sText_(sText) {}
+
+  bool SkipBlanks() {
+    nNext_ = std::min(sText_.find_first_not_of(Blanks, nNext_), sText_.size());
+    return nNext_ < sText_.size();
+  }
+
+  std::string Next() {
+    std::string sArgument;
+    bool bQuoted = false;
+    while (nNext_ < sText_.size() && (bQuoted || !IsBlank(sText_[nNext_]))) {
+      if (sText_[nNext_] == '\\') {
+        ReadBackslashes(sArgument);
+      } else if (sText_[nNext_] != '"') {
+        sArgument += sText_[nNext_++];
+      } else if (bQuoted && IsQuote(nNext_ + 1)) {
+        sArgument += '"';
+        nNext_ += 2;
+      } else {
+        bQuoted = !bQuoted;
+        ++nNext_;
+      }
+    }
+    return sArgument;
+  }
+
+ private:
+  static bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+  bool IsQuote(std::size_t nAt) const { return nAt < sText_.size() && sText_[nAt] == '"'; }
+
+  // Leaves a quote that the backslashes do not take as an ordinary character.
+  void ReadBackslashes(std::string& sArgument) {
+    const std::size_t nEnd = std::min(sText_.find_first_not_of('\\', nNext_), sText_.size());
+    const std::size_t nCount = nEnd - nNext_;
+    const bool bEscapes = IsQuote(nEnd);
+    nNext_ = nEnd;
+    sArgument.append(bEscapes ? nCount / 2 : nCount, '\\');
+    if (bEscapes && nCount % 2 == 1) sArgument += sText_[nNext_++];
+  }
+
+  const std::string& sText_;
+  std::size_t nNext_ = 0;
+};
+
+std::vector<std::string> SplitArguments(const std::string& sText) {
+  std::vector<std::string> arguments;
+  ArgumentReader reader(sText);
+  while (reader.SkipBlanks()) arguments.push_back(reader.Next());
+  return arguments;
+}
+
+}  // namespace
+
+CommandLine ResolveCommandLine(const std::string& sCommandLine,
+                               const std::function<bool(const std::string&)>& isFile) {
+  const std::size_t nStart = std::min(sCommandLine.find_first_not_of(' '), sCommandLine.size());
+  const std::string sText = sCommandLine.substr(nStart);
+  if (!sText.starts_with('"')) {
+    const std::size_t nEnd = UnquotedProgramEnd(sText, isFile);
+    return {sText.substr(0, nEnd), SplitArguments(sText.substr(nEnd))};
+  }
+  const std::size_t nClosing = std::min(sText.find('"', 1), sText.size());
+  const std::size_t nRest = std::min(nClosing + 1, sText.size());
+  return {sText.substr(1, nClosing - 1), SplitArguments(sText.substr(nRest))};
+}
+
+}  // namespace trelin

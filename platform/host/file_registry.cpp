@@ -1,0 +1,174 @@
+#include "platform/host/file_registry.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <string_view>
+
+#include "platform/host/host_path.h"
+#include "platform/host/registry_file.h"
+
+namespace trelin {
+
+namespace {
+
+std::string Variable(const char* sName) {
+  const char* sValue = std::getenv(sName);
+  return sValue == nullptr ? "" : sValue;
+}
+
+std::string HomeFolder() {
+  std::string sHome = Variable("HOME");
+  if (!sHome.empty()) return sHome;
+  const passwd* user = getpwuid(getuid());
+  return user == nullptr ? "/" : user->pw_dir;
+}
+
+bool HasLineBreak(const std::string& sName) { return sName.find('\n') != std::string::npos; }
+
+}  // namespace
+
+std::string FileRegistry::DefaultPath() {
+  std::string sPath = Variable("TRELIN_REGISTRY");
+  if (!sPath.empty()) return sPath;
+  const std::string sData = Variable("XDG_DATA_HOME");  // counts only as a full path
+  return (sData.starts_with('/') ? sData : HomeFolder() + "/.local/share") + "/trelin/registry.reg";
+}
+
+void FileRegistry::Refresh() {
+  if (!bSettled_ || store_.Stamp() != stamp_)
+    Load();
+  else if (fault_)
+    throw PlatformError(*fault_);
+}
+
+void FileRegistry::Load() {
+  bSettled_ = false;
+  ++nReads_;
+  try {
+    const RegistryStore::Content content = store_.Read();
+    stamp_ = content.stamp;
+    bWritable_ = content.bWritable;
+    bSettled_ = stamp_.Settled();
+    const bool bMissing = stamp_.nReason != 0;
+    memory_.ReplaceTree(bMissing ? RegistryNode::NewTree()
+                                 : ReadRegistryText(content.sBytes, ShownPath(store_.Path())));
+    fault_.reset();
+  } catch (const PlatformError& error) {
+    fault_ = error;
+    throw;
+  }
+}
+
+MemoryRegistry& FileRegistry::Loaded() {
+  if (nReads_ == 0) Load();
+  if (fault_) throw PlatformError(*fault_);
+  return memory_;
+}
+
+// Under the lock, applies the change to the file's newest state and saves it.
+std::int32_t FileRegistry::Write(const std::function<std::int32_t()>& change) {
+  if (!bWritable_) return RegistryAccessDenied;
+  std::int32_t lResult = RegistrySuccess;
+  const FileDescriptor lock = store_.Lock(lResult);
+  if (lResult != RegistrySuccess) return lResult;
+  Refresh();
+  if (!bWritable_) return RegistryAccessDenied;
+  lResult = change();
+  if (lResult != RegistrySuccess) return lResult;
+  bSettled_ = false;  // until the change is saved
+  lResult = store_.Replace(WriteRegistryText(memory_.Tree()), stamp_);
+  if (lResult != RegistrySuccess)
+    Load();
+  else
+    bSettled_ = stamp_.Settled();
+  return lResult;
+}
+
+std::int32_t FileRegistry::OpenKey(RegistryKey hParent, const std::string& sPath,
+                                   std::uint32_t lAccess, RegistryKey& hKey) {
+  Refresh();
+  RegistryKey hOpened = RegistryKey::None;
+  const std::int32_t lResult = memory_.OpenKey(hParent, sPath, lAccess, hOpened);
+  if (lResult != RegistrySuccess) return lResult;
+  if (!bWritable_ && (lAccess & RegistryWriteAccess) != 0) {
+    memory_.CloseKey(hOpened);
+    return RegistryAccessDenied;
+  }
+  hKey = hOpened;
+  return RegistrySuccess;
+}
+
+std::int32_t FileRegistry::CreateKey(RegistryKey hParent, const std::string& sPath,
+                                     std::uint32_t lAccess, RegistryKey& hKey) {
+  std::int32_t lResult = OpenKey(hParent, sPath, lAccess, hKey);
+  if (lResult != RegistryNotFound) return lResult;
+  if (HasLineBreak(sPath)) return RegistryInvalidParameter;
+  RegistryKey hCreated = RegistryKey::None;
+  try {
+    lResult = Write([&] { return memory_.CreateKey(hParent, sPath, lAccess, hCreated); });
+  } catch (...) {
+    memory_.CloseKey(hCreated);
+    throw;
+  }
+  if (lResult == RegistrySuccess)
+    hKey = hCreated;
+  else
+    memory_.CloseKey(hCreated);
+  return lResult;
+}
+
+std::int32_t FileRegistry::QueryValue(RegistryKey hKey, const std::string& sName, char* pData,
+                                      std::uint32_t& lSize) {
+  return Loaded().QueryValue(hKey, sName, pData, lSize);
+}
+
+// In the three operations below, what changes nothing is left to the memory,
+// which knows the result.
+
+std::int32_t FileRegistry::SetValue(RegistryKey hKey, const std::string& sName, std::uint32_t lType,
+                                    const char* pData, std::uint32_t lSize) {
+  Refresh();
+  const auto change = [&] { return memory_.SetValue(hKey, sName, lType, pData, lSize); };
+  const RegistryNode* node = memory_.Find(hKey);
+  if (node == nullptr) return change();
+  const RegistryValue* value = node->FindValue(sName.c_str());
+  if (value != nullptr && value->lType == lType && value->sData == std::string_view(pData, lSize))
+    return change();
+  return HasLineBreak(sName) ? RegistryInvalidParameter : Write(change);
+}
+
+std::int32_t FileRegistry::DeleteValue(RegistryKey hKey, const std::string& sName) {
+  Refresh();
+  const auto change = [&] { return memory_.DeleteValue(hKey, sName); };
+  const RegistryNode* node = memory_.Find(hKey);
+  if (node == nullptr || node->FindValue(sName.c_str()) == nullptr) return change();
+  return Write(change);
+}
+
+std::int32_t FileRegistry::DeleteKey(RegistryKey hParent, const std::string& sName) {
+  Refresh();
+  const auto change = [&] { return memory_.DeleteKey(hParent, sName); };
+  const RegistryNode* node = memory_.Find(hParent, sName);
+  if (node == nullptr || node->KeyCount() > 0) return change();
+  return Write(change);
+}
+
+std::int32_t FileRegistry::EnumKey(RegistryKey hKey, std::uint32_t lIndex, char* pName,
+                                   std::uint32_t lSize) {
+  return Loaded().EnumKey(hKey, lIndex, pName, lSize);
+}
+
+std::int32_t FileRegistry::EnumValue(RegistryKey hKey, std::uint32_t lIndex, char* pName,
+                                     std::uint32_t& lNameSize, char* pData,
+                                     std::uint32_t& lDataSize) {
+  return Loaded().EnumValue(hKey, lIndex, pName, lNameSize, pData, lDataSize);
+}
+
+std::int32_t FileRegistry::QueryDefault(RegistryKey hKey, const std::string& sName, char* pData,
+                                        std::int32_t& lSize) {
+  return Loaded().QueryDefault(hKey, sName, pData, lSize);
+}
+
+}  // namespace trelin

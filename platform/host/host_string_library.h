@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+
+#include "platform/host/pe_string_table.h"
+#include "platform/string_library.h"
+
+namespace trelin {
+
+// Reads the string tables of the Windows libraries straight from their files.
+// A library is read once, when it is loaded, and its file closed again. Files
+// of more than 64 MB do not load.
+class HostStringLibraryLoader : public StringLibraryLoader {
+ public:
+  LibraryHandle Load(const std::string& sPath) override;
+  void Free(LibraryHandle hLibrary) override;
+
+  // As on Windows, only the low 16 bits of lId count.
+  std::int32_t LoadText(LibraryHandle hLibrary, std::int32_t lId, char* pBuffer,
+                        std::int32_t lSize) override;
+
+ private:
+  std::string Text(LibraryHandle hLibrary, std::int32_t lId) const;
+
+  LibraryHandle hLast_ = 0;  // no handle is given out twice
+  std::map<LibraryHandle, PeStringTable> libraries_;
+};
+
+}  // namespace trelin

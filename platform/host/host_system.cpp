@@ -1,0 +1,56 @@
+#include "platform/host/host_system.h"
+
+#include <QApplication>
+#include <filesystem>
+
+#include "platform/code_page.h"
+#include "platform/host/host_files.h"
+#include "platform/host/host_path.h"
+#include "platform/host/host_process.h"
+#include "platform/host/message_box.h"
+
+namespace trelin {
+
+HostSystem::HostSystem(int argc, const char* const* argv) {
+  for (int i = 1; i < argc; ++i) {
+    if (i > 1) sCommandLineText_ += ' ';
+    sCommandLineText_ += FromUtf8(argv[i]);
+  }
+}
+
+std::string HostSystem::ProgramFolder() {
+  const char* const pOperation = "find the program's own folder";
+  std::error_code error;
+  const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+  if (error) throw HostError(pOperation, "/proc/self/exe", error.value());
+  const std::string sFolder = program.parent_path().string();
+  const std::string sPath = ProgramPath(sFolder);
+  if (HostPath(sPath) != sFolder) {
+    throw PlatformError(pOperation, ShownPath(sFolder),
+                        "its name holds characters that the program cannot use");
+  }
+  return sPath;
+}
+
+std::string HostSystem::CommandLineText() { return sCommandLineText_; }
+
+void HostSystem::MakeUpperCase(std::string& sText) { sText = UpperCase1252(sText); }
+
+std::unique_ptr<InputFile> HostSystem::OpenInput(const std::string& sPath) {
+  return OpenHostFile(sPath);
+}
+
+std::unique_ptr<FileSearch> HostSystem::Search(const std::string& sPath) {
+  return SearchHostFiles(sPath);
+}
+
+void HostSystem::Beep() { QApplication::beep(); }
+
+MessageAnswer HostSystem::ShowMessage(const std::string& sText, MessageIcon icon,
+                                      MessageButtons buttons, const std::string& sTitle) {
+  return ShowMessageBox(sText, icon, buttons, sTitle);
+}
+
+void HostSystem::StartProgram(const std::string& sCommandLine) { StartHostProgram(sCommandLine); }
+
+}  // namespace trelin

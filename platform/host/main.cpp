@@ -1,0 +1,52 @@
+#include <QApplication>
+#include <exception>
+#include <iostream>
+#include <string>
+
+#include "platform/code_page.h"
+#include "platform/entry.h"
+#include "platform/host/file_registry.h"
+#include "platform/host/host_string_library.h"
+#include "platform/host/host_system.h"
+#include "platform/host/toolkit_setup.h"
+#include "platform/platform.h"
+
+namespace trelin {
+
+namespace {
+
+std::string sProgramName;
+
+std::string NameOf(const std::string& sProgram) {
+  return FromUtf8(sProgram.substr(sProgram.rfind('/') + 1));
+}
+
+}  // namespace
+
+int& ExitCode() {
+  static int nExitCode = 0;
+  return nExitCode;
+}
+
+std::string ProgramName() { return sProgramName; }
+
+}  // namespace trelin
+
+int main(int argc, char** argv) {
+  try {
+    trelin::HostSystem system(argc, argv);  // before Qt takes its own options away
+    trelin::sProgramName = trelin::NameOf(argc > 0 ? argv[0] : "");
+    trelin::ToolkitBeforeApplication();
+    QApplication application(argc, argv);
+    trelin::ToolkitAfterApplication(application);
+
+    trelin::FileRegistry registry(trelin::FileRegistry::DefaultPath());
+    trelin::HostStringLibraryLoader libraries;
+    trelin::UsePlatform({&registry, &libraries, &system});
+    trelin::Main();
+    return trelin::ExitCode();
+  } catch (const std::exception& error) {
+    std::cerr << error.what() << std::endl;
+    return 1;
+  }
+}

@@ -1,0 +1,62 @@
+#include "platform/host/message_box.h"
+
+#include <QMessageBox>
+
+#include "platform/host/toolkit_events.h"
+#include "platform/host/toolkit_measure.h"
+
+namespace trelin {
+
+namespace {
+
+QMessageBox::Icon ToQtIcon(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::Critical:
+      return QMessageBox::Critical;
+    case MessageIcon::Exclamation:
+      return QMessageBox::Warning;
+    case MessageIcon::Information:
+      return QMessageBox::Information;
+    case MessageIcon::None:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+void SetButtons(QMessageBox& box, MessageButtons buttons) {
+  if (buttons == MessageButtons::Ok) {
+    box.setStandardButtons(QMessageBox::Ok);
+  } else {
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box.setDefaultButton(QMessageBox::Yes);
+    box.setEscapeButton(QMessageBox::No);
+  }
+}
+
+// A box takes the pointer from a control that has captured it.
+void EndCapture() {
+  if (QWidget* pCaptor = QWidget::mouseGrabber()) pCaptor->releaseMouse();
+}
+
+}  // namespace
+
+MessageAnswer ShowMessageBox(const std::string& sText, MessageIcon icon, MessageButtons buttons,
+                             const std::string& sTitle) {
+  const ModalLoop* const pLoop = ModalLoop::Innermost();
+  const bool bAsks = buttons == MessageButtons::YesNo;
+  const MessageAnswer closed = bAsks ? MessageAnswer::No : MessageAnswer::Ok;
+  if (pLoop != nullptr && pLoop->Failed()) return closed;
+
+  EndCapture();
+  QMessageBox box(pLoop != nullptr ? &pLoop->Window() : nullptr);
+  box.setIcon(ToQtIcon(icon));
+  box.setWindowTitle(ToQString(sTitle));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(ToQString(sText));
+  SetButtons(box, buttons);
+  box.exec();
+  const bool bYes = bAsks && box.clickedButton() == box.button(QMessageBox::Yes);
+  return bYes ? MessageAnswer::Yes : closed;
+}
+
+}  // namespace trelin

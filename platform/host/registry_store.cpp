@@ -1,0 +1,183 @@
+#include "platform/host/registry_store.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <ctime>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+#include "platform/host/host_path.h"
+#include "platform/registry.h"
+
+namespace trelin {
+
+namespace {
+
+constexpr const char* ReadOperation = "read the registry file";
+constexpr std::int64_t LongestTick = 20'000'000;  // of the clock that dates files, nanoseconds
+
+std::int64_t Nanoseconds(const timespec& time) {
+  return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+}
+
+FileStamp StampOf(const struct stat& status) {
+  return {0,
+          status.st_dev,
+          status.st_ino,
+          status.st_size,
+          Nanoseconds(status.st_mtim),
+          Nanoseconds(status.st_ctim)};
+}
+
+std::int32_t WriteResult(int nReason) {
+  switch (nReason) {
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return RegistryAccessDenied;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+      return RegistryDiskFull;
+    default:
+      return RegistryWriteFault;
+  }
+}
+
+// A file under construction, removed again unless it has got its final name.
+class TemporaryFile {
+ public:
+  // Removes what a killed writer left.
+  explicit TemporaryFile(std::string sPath) : sPath_(std::move(sPath)) {
+    unlink(sPath_.c_str());
+    file_ = FileDescriptor(open(sPath_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+  }
+  ~TemporaryFile() {
+    if (bTemporary_) unlink(sPath_.c_str());
+  }
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+  int Get() const { return file_.Get(); }
+
+  bool Write(std::string_view sBytes) {
+    while (!sBytes.empty()) {
+      const ssize_t nWritten = write(Get(), sBytes.data(), sBytes.size());
+      if (nWritten < 0 && errno != EINTR) return false;
+      if (nWritten > 0) sBytes.remove_prefix(static_cast<std::size_t>(nWritten));
+    }
+    return true;
+  }
+
+  bool Rename(const std::string& sPath) {
+    if (rename(sPath_.c_str(), sPath.c_str()) != 0) return false;
+    bTemporary_ = false;
+    return true;
+  }
+
+ private:
+  std::string sPath_;
+  FileDescriptor file_;
+  bool bTemporary_ = true;
+};
+
+// The file that a symbolic link finally names, whether it exists or not.
+std::string LinkTarget(const std::string& sPath) {
+  std::filesystem::path path = sPath;
+  std::error_code error;
+  for (int nLinks = 0; nLinks < 40 && std::filesystem::is_symlink(path, error); ++nLinks)
+    path = path.parent_path() / std::filesystem::read_symlink(path, error);
+  return path.string();
+}
+
+bool CopyMode(const std::string& sFrom, int hTo) {
+  struct stat status {};
+  if (stat(sFrom.c_str(), &status) != 0) return true;  // there is no old file
+  return fchmod(hTo, status.st_mode & 07777) == 0;
+}
+
+std::string ReadAll(int hFile, std::int64_t nSize, const std::string& sPath) {
+  std::string sBytes(static_cast<std::size_t>(nSize) + 1, '\0');  // one more to see the end
+  std::size_t nLength = 0;
+  while (true) {
+    const ssize_t nRead = read(hFile, sBytes.data() + nLength, sBytes.size() - nLength);
+    if (nRead < 0 && errno != EINTR) throw HostError(ReadOperation, sPath, errno);
+    if (nRead == 0) break;
+    if (nRead > 0) nLength += static_cast<std::size_t>(nRead);
+    if (nLength == sBytes.size()) sBytes.resize(2 * nLength);
+  }
+  sBytes.resize(nLength);
+  return sBytes;
+}
+
+}  // namespace
+
+bool FileStamp::Settled() const {
+  timespec now{};
+  clock_gettime(CLOCK_REALTIME, &now);
+  return Nanoseconds(now) - nChanged > LongestTick;
+}
+
+RegistryStore::RegistryStore(const std::string& sPath)
+    : sPath_(std::filesystem::absolute(sPath).string()) {}
+
+FileStamp RegistryStore::Stamp() const {
+  struct stat status {};
+  if (stat(sPath_.c_str(), &status) == 0) return StampOf(status);
+  FileStamp none;
+  none.nReason = errno;
+  return none;
+}
+
+RegistryStore::Content RegistryStore::Read() const {
+  Content content;
+  // Without O_NONBLOCK, opening a pipe would wait for its other end.
+  const FileDescriptor file(open(sPath_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  if (file.Get() < 0) {
+    content.stamp.nReason = errno;
+    if (errno == ENOENT) return content;
+    throw HostError(ReadOperation, sPath_, errno);
+  }
+  struct stat status {};
+  if (fstat(file.Get(), &status) != 0) throw HostError(ReadOperation, sPath_, errno);
+  if (S_ISDIR(status.st_mode)) throw HostError(ReadOperation, sPath_, EISDIR);
+  if (!S_ISREG(status.st_mode))
+    throw PlatformError(ReadOperation, ShownPath(sPath_), "it is a device or a pipe");
+  content.stamp = StampOf(status);
+  content.bWritable = access(sPath_.c_str(), W_OK) == 0;
+  content.sBytes = ReadAll(file.Get(), status.st_size, sPath_);
+  return content;
+}
+
+FileDescriptor RegistryStore::Lock(std::int32_t& lResult) const {
+  const std::filesystem::path target = LinkTarget(sPath_);
+  std::error_code error;
+  std::filesystem::create_directories(target.parent_path(), error);
+  const std::string sLock = target.string() + ".lock";
+  FileDescriptor lock(open(sLock.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0666));
+  int nFailed = lock.Get() < 0 ? -1 : 0;
+  while (lock.Get() >= 0 && (nFailed = flock(lock.Get(), LOCK_EX)) != 0 && errno == EINTR) {
+  }
+  lResult = nFailed == 0 ? RegistrySuccess : WriteResult(error ? error.value() : errno);
+  return lock;
+}
+
+std::int32_t RegistryStore::Replace(const std::string& sBytes, FileStamp& stamp) const {
+  const std::string sTarget = LinkTarget(sPath_);
+  TemporaryFile file(sTarget + ".tmp");
+  if (file.Get() < 0 || !CopyMode(sTarget, file.Get()) || !file.Write(sBytes) ||
+      fsync(file.Get()) != 0 || !file.Rename(sTarget))
+    return WriteResult(errno);
+  struct stat status {};  // only now: renaming a file changes its stamp
+  if (fstat(file.Get(), &status) != 0) return RegistryWriteFault;
+  stamp = StampOf(status);
+  return RegistrySuccess;
+}
+
+}  // namespace trelin

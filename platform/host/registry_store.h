@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/host/host_files.h"
+
+namespace trelin {
+
+constexpr std::int32_t RegistryWriteFault = 29;  // ERROR_WRITE_FAULT
+constexpr std::int32_t RegistryDiskFull = 112;   // ERROR_DISK_FULL
+
+// Tells one state of a file from another. Times are nanoseconds since 1970.
+struct FileStamp {
+  int nReason = 0;  // why there is no file, an errno value
+  std::uint64_t nDevice = 0;
+  std::uint64_t nInode = 0;
+  std::int64_t nSize = 0;
+  std::int64_t nModified = 0;
+  std::int64_t nChanged = 0;
+
+  bool operator==(const FileStamp&) const = default;
+
+  // Whether a later change is sure to give another stamp: the clock that
+  // dates files has moved on since the last one.
+  bool Settled() const;
+};
+
+// The file that keeps a registry, at a path of this system.
+class RegistryStore {
+ public:
+  struct Content {
+    std::string sBytes;
+    FileStamp stamp;
+    bool bWritable = true;
+  };
+
+  explicit RegistryStore(const std::string& sPath);
+
+  const std::string& Path() const { return sPath_; }
+
+  FileStamp Stamp() const;
+
+  // The whole file and the stamp it had when reading began; a file that does
+  // not exist is empty and writable. Throws PlatformError when it cannot be
+  // read.
+  Content Read() const;
+
+  // Waits until no other writer holds the lock and takes it until it is
+  // destroyed. The lock is a file beside the registry's, which stays. lResult
+  // is a result of the registry's operations.
+  FileDescriptor Lock(std::int32_t& lResult) const;
+
+  // Puts a new file in the place of the old one, with its mode; whoever reads
+  // finds the whole old one or the whole new one. Only under the lock.
+  // Success gives the new file's stamp; on failure the old file stands.
+  std::int32_t Replace(const std::string& sBytes, FileStamp& stamp) const;
+
+ private:
+  std::string sPath_;
+};
+
+}  // namespace trelin

@@ -1,0 +1,128 @@
+#include "platform/host/toolkit_box.h"
+
+#include <memory>
+
+#include "platform/host/toolkit_events.h"
+#include "platform/host/toolkit_form.h"
+#include "platform/host/toolkit_measure.h"
+#include "platform/host/toolkit_native.h"
+
+namespace trelin {
+
+namespace {
+
+constexpr int BorderPixels = 2;
+
+using PointerHandler = std::function<void(Twips, Twips)>;
+
+void DispatchPointer(const PointerHandler& handler, const QMouseEvent& event) {
+  if (!handler) return;
+  const Twips x = TwipsX(event.position().x());
+  const Twips y = TwipsY(event.position().y());
+  DispatchInput([handler, x, y] { handler(x, y); });
+}
+
+}  // namespace
+
+BoxArea::BoxArea(PictureBox& box, QWidget* pFrame) : QWidget(pFrame), box_(box) {
+  setAttribute(Qt::WA_OpaquePaintEvent);  // it paints its background itself
+  setMouseTracking(true);
+}
+
+void BoxArea::SetBackColor(Color color) {
+  backColor_ = color;
+  update();
+}
+
+void BoxArea::paintEvent(QPaintEvent* /*pEvent*/) {
+  QPainter painter(this);
+  painter.fillRect(rect(), ToQColor(backColor_));
+  pPainter_ = &painter;
+  DispatchPaint(box_.OnPaint);
+  pPainter_ = nullptr;
+}
+
+void BoxArea::TakeFocus() {
+  if (box_.OnClick || property(TabIndexProperty).isValid()) setFocus(Qt::MouseFocusReason);
+}
+
+void BoxArea::mousePressEvent(QMouseEvent* pEvent) {
+  bPressed_ = true;
+  TakeFocus();
+  DispatchPointer(box_.OnMouseDown, *pEvent);
+}
+
+void BoxArea::mouseMoveEvent(QMouseEvent* pEvent) { DispatchPointer(box_.OnMouseMove, *pEvent); }
+
+void BoxArea::mouseReleaseEvent(QMouseEvent* pEvent) {
+  const bool bClicked = bPressed_ && rect().contains(pEvent->position().toPoint());
+  bPressed_ = false;
+  DispatchPointer(box_.OnMouseUp, *pEvent);
+  if (bClicked) DispatchInput(box_.OnClick);
+}
+
+void BoxArea::wheelEvent(QWheelEvent* pEvent) {
+  OnWheel ? OnWheel(*pEvent) : pEvent->ignore();  // on to the container
+}
+
+BoxFrame::BoxFrame(PictureBox& box, QWidget* pContainer)
+    : QFrame(pContainer), area_(new BoxArea(box, this)) {
+  SetBorder(BoxBorder::None);
+}
+
+void BoxFrame::SetBorder(BoxBorder border) {
+  setFrameStyle(border == BoxBorder::Sunken ? QFrame::WinPanel | QFrame::Sunken : QFrame::NoFrame);
+  setLineWidth(BorderPixels);
+  area_->setGeometry(contentsRect());
+}
+
+void BoxFrame::resizeEvent(QResizeEvent* /*pEvent*/) { area_->setGeometry(contentsRect()); }
+
+BoxArea& AreaOf(const PictureBox& box) { return static_cast<BoxArea&>(*box.Get().area); }
+
+namespace {
+
+std::unique_ptr<Control::Native> MakeBox(PictureBox& box, Control& container) {
+  auto* pFrame = new BoxFrame(box, container.Get().area);
+  return std::make_unique<Control::Native>(pFrame, &pFrame->Area());
+}
+
+// The pixels of a line from n1 towards n2, without n2: first and count.
+std::pair<int, int> LinePixels(int n1, int n2) {
+  return {n1 < n2 ? n1 : n2 + 1, std::abs(n2 - n1)};
+}
+
+}  // namespace
+
+PictureBox::PictureBox(Control& container) : Control(MakeBox(*this, container)) {}
+
+void PictureBox::SetBorder(BoxBorder border) {
+  static_cast<BoxFrame&>(*native_->widget).SetBorder(border);
+}
+
+void PictureBox::SetBackColor(Color color) { AreaOf(*this).SetBackColor(color); }
+
+Color PictureBox::BackColor() const { return AreaOf(*this).BackColor(); }
+
+Color PictureBox::ForeColor() const { return Color::ButtonText; }
+
+void PictureBox::Line(Twips x1, Twips y1, Twips x2, Twips y2, Color color) {
+  QPainter* const pPainter = AreaOf(*this).CurrentPainter();
+  if (pPainter == nullptr) return;
+  const QPoint from(PixelsX(x1), PixelsY(y1));
+  const QPoint to(PixelsX(x2), PixelsY(y2));
+  const bool bHorizontal = from.y() == to.y();
+  const auto [nFirst, nCount] =
+      bHorizontal ? LinePixels(from.x(), to.x()) : LinePixels(from.y(), to.y());
+  const QRect line =
+      bHorizontal ? QRect(nFirst, from.y(), nCount, 1) : QRect(from.x(), nFirst, 1, nCount);
+  pPainter->fillRect(line, ToQColor(color));
+}
+
+void PictureBox::Refresh() { AreaOf(*this).update(); }
+
+void PictureBox::CapturePointer() { AreaOf(*this).grabMouse(); }
+
+void PictureBox::ReleasePointer() { AreaOf(*this).releaseMouse(); }
+
+}  // namespace trelin

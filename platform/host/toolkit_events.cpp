@@ -1,0 +1,83 @@
+#include "platform/host/toolkit_events.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <utility>
+
+namespace trelin {
+
+namespace {
+
+ModalLoop* innermost = nullptr;
+
+// Counts a running handler for as long as it lives.
+class Running {
+ public:
+  explicit Running(int& nRunning) : nRunning_(nRunning) { ++nRunning_; }
+  ~Running() { --nRunning_; }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+
+ private:
+  int& nRunning_;
+};
+
+void CloseMessageBoxes() {
+  for (QWidget* pWindow : QApplication::topLevelWidgets()) {
+    if (auto* pBox = qobject_cast<QMessageBox*>(pWindow)) pBox->reject();
+  }
+}
+
+// No exception may cross the frames of Qt that lie between here and Run.
+void Deliver(ModalLoop& loop, const std::function<void()>& handler) {
+  try {
+    Raise(handler);
+  } catch (...) {
+    loop.Fail(std::current_exception());
+  }
+}
+
+}  // namespace
+
+ModalLoop::ModalLoop(QWidget& window) : window_(window), outer_(std::exchange(innermost, this)) {}
+
+ModalLoop::~ModalLoop() { innermost = outer_; }
+
+ModalLoop* ModalLoop::Innermost() { return innermost; }
+
+void ModalLoop::Run() {
+  if (!bEnded_) loop_.exec();
+  if (exception_) std::rethrow_exception(exception_);
+}
+
+void ModalLoop::End() {
+  bEnded_ = true;
+  loop_.exit();
+}
+
+void ModalLoop::Fail(std::exception_ptr exception) {
+  if (!exception_) exception_ = std::move(exception);
+  End();
+  CloseMessageBoxes();
+}
+
+void Raise(std::function<void()> handler) {
+  if (!handler) return;
+  int nOutside = 0;
+  const Running running(innermost != nullptr ? innermost->nRunning_ : nOutside);
+  handler();
+}
+
+void DispatchInput(const std::function<void()>& handler) {
+  ModalLoop* const pLoop = ModalLoop::Innermost();
+  if (pLoop == nullptr || pLoop->Ended() || pLoop->nRunning_ > 0) return;
+  Deliver(*pLoop, handler);
+}
+
+void DispatchPaint(const std::function<void()>& handler) {
+  ModalLoop* const pLoop = ModalLoop::Innermost();
+  if (pLoop == nullptr || pLoop->Failed()) return;
+  Deliver(*pLoop, handler);
+}
+
+}  // namespace trelin

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+
+namespace trelin {
+
+// Qt leaves the mask of an icon of 16 or 24 bits a pixel aside. Returns the
+// picture at nIndex of the icon file, as Qt has read it, with its mask; one of
+// another depth as it is. Throws std::runtime_error with the reason when the
+// mask is cut off.
+QImage WithIconMask(const QImage& image, const QByteArray& file, int nIndex);
+
+}  // namespace trelin

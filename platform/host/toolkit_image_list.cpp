@@ -1,0 +1,69 @@
+#include <QImage>
+#include <QPainter>
+#include <map>
+#include <memory>
+
+#include "platform/host/toolkit_box.h"
+#include "platform/host/toolkit_measure.h"
+#include "platform/host/toolkit_picture.h"
+
+namespace trelin {
+
+struct ImageList::Native {
+  QSize size;
+  QRgb mask;
+  std::map<std::string, QImage> images;
+};
+
+namespace {
+
+QImage WithoutColor(const QImage& picture, QRgb color) {
+  QImage image = picture.convertToFormat(QImage::Format_ARGB32);
+  for (int y = 0; y < image.height(); ++y) {
+    auto* pLine = reinterpret_cast<QRgb*>(image.scanLine(y));
+    std::replace(pLine, pLine + image.width(), color, qRgba(0, 0, 0, 0));
+  }
+  return image;
+}
+
+}  // namespace
+
+ImageList::ImageList(std::int16_t nWidthPixels, std::int16_t nHeightPixels, Color mask)
+    : native_(std::make_unique<Native>()) {
+  native_->size = QSize(nWidthPixels, nHeightPixels);
+  native_->mask = ToQColor(mask).rgb();
+}
+
+ImageList::~ImageList() = default;
+
+std::int16_t ImageList::ImageWidth() const {
+  return static_cast<std::int16_t>(native_->size.width());
+}
+
+std::int16_t ImageList::ImageHeight() const {
+  return static_cast<std::int16_t>(native_->size.height());
+}
+
+// The mask colour is taken out before scaling mixes it with its neighbours.
+void ImageList::Add(const std::string& sKey, const Picture& picture) {
+  const QImage& own = picture.Get().image;
+  const QImage image = own.hasAlphaChannel() ? own : WithoutColor(own, native_->mask);
+  native_->images.insert_or_assign(
+      sKey, image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+                .scaled(native_->size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+}
+
+bool ImageList::Contains(const std::string& sKey) const { return native_->images.contains(sKey); }
+
+void ImageList::Draw(const std::string& sKey, PictureBox& box, Twips left, Twips top) const {
+  QPainter* const pPainter = AreaOf(box).CurrentPainter();
+  if (pPainter == nullptr) {
+    box.Refresh();
+    return;
+  }
+  const auto image = native_->images.find(sKey);
+  if (image != native_->images.end())
+    pPainter->drawImage(PixelsX(left), PixelsY(top), image->second);
+}
+
+}  // namespace trelin

@@ -1,0 +1,60 @@
+#include <QApplication>
+#include <QFont>
+#include <QLabel>
+#include <QMouseEvent>
+#include <memory>
+
+#include "platform/host/toolkit_events.h"
+#include "platform/host/toolkit_measure.h"
+#include "platform/host/toolkit_native.h"
+
+namespace trelin {
+
+namespace {
+
+// A press that the program does not want goes through to the container.
+class LabelWidget : public QLabel {
+ public:
+  LabelWidget(Label& label, QWidget* pContainer) : QLabel(pContainer), label_(label) {
+    setTextFormat(Qt::PlainText);
+    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    setWordWrap(true);
+    setMouseTracking(true);
+  }
+
+ protected:
+  void mousePressEvent(QMouseEvent* pEvent) override {
+    KeepFromContainer(*pEvent);
+    DispatchInput(label_.OnMouseDown);
+  }
+  void mouseMoveEvent(QMouseEvent* pEvent) override { KeepFromContainer(*pEvent); }
+  void mouseReleaseEvent(QMouseEvent* pEvent) override { KeepFromContainer(*pEvent); }
+
+ private:
+  void KeepFromContainer(QMouseEvent& event) const {
+    event.setAccepted(static_cast<bool>(label_.OnMouseDown));
+  }
+
+  Label& label_;
+};
+
+QLabel& LabelOf(const Label& label) { return static_cast<QLabel&>(*label.Get().widget); }
+
+}  // namespace
+
+Label::Label(Control& container)
+    : Control(std::make_unique<Native>(new LabelWidget(*this, container.Get().area))) {}
+
+void Label::SetFont(const LabelFont& font) {
+  QFont qtFont = QApplication::font();
+  qtFont.setPointSizeF(static_cast<double>(font.points));
+  qtFont.setBold(font.bBold);
+  qtFont.setUnderline(font.bUnderline);
+  LabelOf(*this).setFont(qtFont);
+}
+
+void Label::SetCaption(const std::string& sCaption) { LabelOf(*this).setText(ToQString(sCaption)); }
+
+std::string Label::Caption() const { return FromQString(LabelOf(*this).text()); }
+
+}  // namespace trelin

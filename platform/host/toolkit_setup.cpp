@@ -1,0 +1,60 @@
+#include "platform/host/toolkit_setup.h"
+
+#include <QFont>
+#include <QFontDatabase>
+#include <QPalette>
+#include <QStringList>
+#include <QStyleFactory>
+
+#include "platform/host/toolkit_measure.h"
+
+namespace trelin {
+
+namespace {
+
+constexpr double FontPoints = 8.25;
+
+// MS Sans Serif, or what comes nearest to it.
+QFont ProgramFont() {
+  const QStringList families = QFontDatabase::families();
+  QFont font = QApplication::font();
+  for (const char* pFamily : {"MS Sans Serif", "Microsoft Sans Serif", "Arial", "Liberation Sans",
+                              "Arimo", "Nimbus Sans", "DejaVu Sans"}) {
+    if (!families.contains(QLatin1String(pFamily))) continue;
+    font = QFont(QLatin1String(pFamily));
+    break;
+  }
+  font.setPointSizeF(FontPoints);
+  return font;
+}
+
+QPalette ClassicPalette() {
+  const QColor face = ToQColor(Color::ButtonFace);
+  const QColor shadow = ToQColor(Color::ButtonShadow);
+  const QColor light = ToQColor(Color::ButtonHighlight);
+  QPalette palette(Qt::black, face, light, shadow, face.darker(125), Qt::black, Qt::white,
+                   Qt::white, face);
+  palette.setColor(QPalette::Midlight, ToQColor(Color::Light3D));
+  palette.setColor(QPalette::Shadow, ToQColor(Color::DarkShadow3D));
+  palette.setColor(QPalette::Highlight, QColor(0x0A, 0x24, 0x6A));
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text})
+    palette.setColor(QPalette::Disabled, role, shadow);
+  return palette;
+}
+
+}  // namespace
+
+// A pixel of Qt is to be a pixel of the screen: the program lays itself out
+// from the screen's dots per inch.
+void ToolkitBeforeApplication() { qputenv("QT_ENABLE_HIGHDPI_SCALING", "0"); }
+
+// The loop of a window ends when it is unloaded, not when Qt sees none left.
+void ToolkitAfterApplication(QApplication& application) {
+  application.setQuitOnLastWindowClosed(false);
+  QApplication::setStyle(QStyleFactory::create("Windows"));
+  QApplication::setPalette(ClassicPalette());
+  QApplication::setFont(ProgramFont());
+}
+
+}  // namespace trelin

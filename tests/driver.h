@@ -1,0 +1,97 @@
+#pragma once
+
+#include <functional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "platform/system.h"
+#include "platform/toolkit.h"
+
+// The hand and the eye of a user, for tests of windows: everything goes the
+// way that the system's own input and picture go. One implementation a
+// platform.
+namespace trelin {
+
+struct Rgb {
+  int nRed, nGreen, nBlue;
+  bool operator==(const Rgb&) const = default;
+};
+std::ostream& operator<<(std::ostream& out, const Rgb& rgb);
+
+struct PixelRect {
+  int nLeft, nTop, nWidth, nHeight;
+  bool operator==(const PixelRect&) const = default;
+};
+std::ostream& operator<<(std::ostream& out, const PixelRect& rect);
+
+enum class Key { Enter, KeypadEnter, Escape, Tab, BackTab, Space, Up, Down, PageUp, PageDown };
+
+// A message box that is open.
+class OpenMessage {
+ public:
+  virtual ~OpenMessage() = default;
+  virtual std::string Text() const = 0;
+  virtual std::string Title() const = 0;
+  virtual void Press(MessageAnswer button) = 0;
+  virtual void PressEscape() = 0;
+  virtual void Close() = 0;  // by its close box
+};
+
+namespace Driver {
+
+using Script = std::function<void()>;
+
+// Shows the form and, once it is up, runs the script within its event loop,
+// not within a handler; then closes the form if the script has not. Throws
+// what ShowModal throws. A form that is still open after ten seconds fails the
+// test and is closed.
+void ShowModal(Form& form, const Script& script);
+
+// The same for the next window that the program shows by itself.
+void WhenWindowOpens(const Script& script);
+
+// Runs the script when the next message box is up; closes the box if the
+// script has not. To be called before the action that opens it.
+void WhenMessageOpens(const std::function<void(OpenMessage&)>& script);
+
+// The platform's own message box.
+MessageAnswer ShowMessage(const std::string& sText, MessageButtons buttons,
+                          const std::string& sTitle);
+
+void Wait(int nMilliseconds);  // events are delivered meanwhile
+
+// The pointer, at a position relative to the inside of a control. It moves
+// there before it presses or releases.
+void Press(const Control& control, Twips x, Twips y);
+void MoveTo(const Control& control, Twips x, Twips y);
+void Release(const Control& control, Twips x, Twips y);
+void Click(const Control& control, Twips x, Twips y);
+void Click(const Control& control);                    // in its middle
+void TurnWheel(const Control& control, int nNotches);  // over its middle; below 0: down
+
+// Keys go to the window that is in use.
+void Type(Key key);
+void TypeAccessKey(char c);  // with Alt
+
+std::string WindowTitle();  // of the window that is in use, no message box
+void CloseWindow();         // by its close box
+
+// What an accessibility client is told.
+std::string ReadText(const Control& control);
+
+// What is on the screen: a pixel relative to the inside of a control, and all
+// that lies inside of it, by row and column.
+Rgb PixelAt(const Control& control, int nX, int nY);
+std::vector<std::vector<Rgb>> PixelsOf(const Control& control);
+Rgb RgbOf(Color color);
+
+PixelRect Bounds(const Control& control);  // in its container, with a border
+PixelRect Inside(const Control& control);  // in its window, without a border
+bool IsShown(const Control& control);      // with all its containers
+bool TakesInput(const Control& control);   // enabled with all its containers
+bool HasFocus(const Control& control);
+
+}  // namespace Driver
+
+}  // namespace trelin

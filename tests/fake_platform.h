@@ -1,0 +1,83 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/memory_registry.h"
+#include "platform/platform.h"
+
+namespace trelin {
+
+// Libraries by their full path. A text is what the maps hold.
+class FakeLibraries : public StringLibraryLoader {
+ public:
+  using Texts = std::map<std::int32_t, std::string>;
+
+  LibraryHandle Load(const std::string& sPath) override;
+  void Free(LibraryHandle hLibrary) override;
+  std::int32_t LoadText(LibraryHandle hLibrary, std::int32_t lId, char* pBuffer,
+                        std::int32_t lSize) override;
+
+  std::map<std::string, Texts> files;
+  std::vector<std::string> loads;  // every path tried, in order
+  int nFreed = 0;
+
+ private:
+  std::vector<Texts*> loaded_;
+};
+
+struct ShownMessage {
+  std::string sText;
+  MessageIcon icon;
+  MessageButtons buttons;
+  std::string sTitle;
+
+  bool operator==(const ShownMessage&) const = default;
+};
+void PrintTo(const ShownMessage& message, std::ostream* os);
+
+// A system whose files are texts in memory; it records what it is asked to
+// do.
+class FakeSystem : public System {
+ public:
+  std::string ProgramFolder() override { return sProgramFolder; }
+  std::string CommandLineText() override { return sCommandLine; }
+  void MakeUpperCase(std::string& sText) override;
+  std::unique_ptr<InputFile> OpenInput(const std::string& sPath) override;
+  std::unique_ptr<FileSearch> Search(const std::string& sPath) override;
+  void Beep() override { ++nBeeps; }
+  MessageAnswer ShowMessage(const std::string& sText, MessageIcon icon, MessageButtons buttons,
+                            const std::string& sTitle) override;
+  void StartProgram(const std::string& sLine) override;
+
+  std::string sProgramFolder = "C:\\Suite";
+  std::string sCommandLine;
+  std::map<std::string, std::string> files;
+  int nOpenFiles = 0;
+  int nBeeps = 0;
+  std::vector<ShownMessage> messages;
+  std::function<MessageAnswer()> onMessage;  // empty: answers Ok
+  std::vector<std::string> started;
+  std::string sStartFailure;  // not empty: programs do not start, for this reason
+};
+
+// A program with string library, registry and system of its own. Templates
+// read as their number and arguments: "35010(BLOCK|3|APPLICATION|X)".
+class ProgramTest : public ::testing::Test {
+ protected:
+  ProgramTest();
+
+  // The value of the installation log, as an installer would write it.
+  void Record(const std::string& sName, const std::string& sText);
+  void RemoveRecord(const std::string& sName);
+
+  MemoryRegistry registry;
+  FakeLibraries libraries;
+  FakeSystem system;
+};
+
+}  // namespace trelin

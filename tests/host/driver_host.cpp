@@ -1,0 +1,328 @@
+#include <QtTest/qtestspontaneevent.h>
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QTest>
+#include <QTimer>
+#include <QWheelEvent>
+#include <QWindow>
+#include <chrono>
+#include <exception>
+
+#include "platform/host/message_box.h"
+#include "platform/host/toolkit_measure.h"
+#include "platform/host/toolkit_native.h"
+#include "tests/driver.h"
+
+namespace trelin {
+
+std::ostream& operator<<(std::ostream& out, const Rgb& rgb) {
+  return out << "rgb " << rgb.nRed << ' ' << rgb.nGreen << ' ' << rgb.nBlue;
+}
+
+std::ostream& operator<<(std::ostream& out, const PixelRect& rect) {
+  return out << rect.nWidth << " by " << rect.nHeight << " at " << rect.nLeft << ", " << rect.nTop;
+}
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto PollInterval = 5ms;
+constexpr auto LongestShown = 10s;
+constexpr int RepaintMilliseconds = 30;
+constexpr int WheelNotch = 120;
+
+QWidget& Area(const Control& control) { return *control.Get().area; }
+
+QWindow& WindowOf(const Control& control) { return *Area(control).window()->windowHandle(); }
+
+QPoint InWindow(const Control& control, const QPoint& point) {
+  return Area(control).mapTo(Area(control).window(), point);
+}
+
+QPoint InWindow(const Control& control, Twips x, Twips y) {
+  return InWindow(control, QPoint(PixelsX(x), PixelsY(y)));
+}
+
+QPoint MiddleOf(const Control& control) { return InWindow(control, Area(control).rect().center()); }
+
+bool IsExposed(const QWidget* pWindow) {
+  return pWindow->isVisible() && pWindow->windowHandle() != nullptr &&
+         pWindow->windowHandle()->isExposed();
+}
+
+// The screen in memory has no window manager that makes a window active again.
+bool IsUp(QWidget* pWindow) {
+  if (!IsExposed(pWindow)) return false;
+  if (QApplication::activeWindow() == nullptr) QApplication::setActiveWindow(pWindow);
+  return pWindow->isActiveWindow();
+}
+
+// The window that is in use: the one opened last.
+QWidget* UsedWindow() {
+  if (QWidget* pWindow = QApplication::activeWindow()) return pWindow;
+  if (QWidget* pWindow = QApplication::activeModalWidget(); pWindow && IsUp(pWindow))
+    return pWindow;
+  for (QWidget* pWindow : QApplication::topLevelWidgets()) {
+    if (IsUp(pWindow)) return pWindow;
+  }
+  return nullptr;
+}
+
+// Calls attempt again and again until it returns true.
+void Poll(QObject* pOwner, const std::function<bool()>& attempt) {
+  auto* pTimer = new QTimer(pOwner);
+  QObject::connect(pTimer, &QTimer::timeout, pTimer, [pTimer, attempt] {
+    pTimer->stop();
+    attempt() ? pTimer->deleteLater() : pTimer->start();
+  });
+  pTimer->start(PollInterval);
+}
+
+void RunScript(const std::function<void()>& script) {
+  try {
+    script();
+  } catch (const std::exception& error) {
+    ADD_FAILURE() << "the script threw: " << error.what();
+  }
+}
+
+void CloseAll() {
+  for (QWidget* pWindow : QApplication::topLevelWidgets()) {
+    if (auto* pBox = qobject_cast<QMessageBox*>(pWindow)) pBox->reject();
+  }
+  for (QWidget* pWindow : QApplication::topLevelWidgets()) {
+    if (pWindow->isVisible()) pWindow->close();
+  }
+}
+
+void WatchFor(QWidget* pWindow) {
+  auto* pTimer = new QTimer(pWindow);
+  pTimer->setInterval(LongestShown);
+  QObject::connect(pTimer, &QTimer::timeout, pWindow, [pWindow] {
+    if (!pWindow->isVisible()) return;
+    ADD_FAILURE() << "a window is still open: " << pWindow->windowTitle().toStdString();
+    CloseAll();
+  });
+  pTimer->start();
+}
+
+class HostMessage : public OpenMessage {
+ public:
+  explicit HostMessage(QMessageBox& box) : box_(&box) {}
+
+  std::string Text() const override { return FromQString(box_->text()); }
+  std::string Title() const override { return FromQString(box_->windowTitle()); }
+  void Press(MessageAnswer button) override {
+    QTest::mouseClick(box_->windowHandle(), Qt::LeftButton, {}, MiddleOf(button));
+  }
+  void PressEscape() override { QTest::keyClick(box_->windowHandle(), Qt::Key_Escape); }
+  void Close() override { box_->close(); }
+
+  bool IsOpen() const { return box_ && box_->isVisible(); }
+
+ private:
+  QPoint MiddleOf(MessageAnswer button) const {
+    const auto standard = button == MessageAnswer::Yes  ? QMessageBox::Yes
+                          : button == MessageAnswer::No ? QMessageBox::No
+                                                        : QMessageBox::Ok;
+    const QAbstractButton* pButton = box_->button(standard);
+    if (pButton == nullptr) {
+      ADD_FAILURE() << "the message box has no such button";
+      return {};
+    }
+    return pButton->mapTo(box_.data(), pButton->rect().center());
+  }
+
+  QPointer<QMessageBox> box_;
+};
+
+void RunMessageScript(QMessageBox& box, const std::function<void(OpenMessage&)>& script) {
+  HostMessage message(box);
+  RunScript([&] { script(message); });
+  if (message.IsOpen()) message.Close();
+}
+
+// Closes the window as a user does, unless it is closed.
+void RunWindowScript(const QPointer<QWidget>& window, const Driver::Script& script) {
+  RunScript(script);
+  if (window && window->isVisible()) window->close();
+}
+
+void SendKey(int key, Qt::KeyboardModifiers modifiers = {}) {
+  QWidget* const pWindow = UsedWindow();
+  ASSERT_NE(pWindow, nullptr) << "no window takes a key";
+  QTest::keyClick(pWindow->windowHandle(), static_cast<Qt::Key>(key), modifiers);
+}
+
+int ToQtKey(Key key) {
+  switch (key) {
+    case Key::Enter:
+      return Qt::Key_Return;
+    case Key::KeypadEnter:
+      return Qt::Key_Enter;
+    case Key::Escape:
+      return Qt::Key_Escape;
+    case Key::Tab:
+      return Qt::Key_Tab;
+    case Key::BackTab:
+      return Qt::Key_Backtab;
+    case Key::Space:
+      return Qt::Key_Space;
+    case Key::Up:
+      return Qt::Key_Up;
+    case Key::Down:
+      return Qt::Key_Down;
+    case Key::PageUp:
+      return Qt::Key_PageUp;
+    case Key::PageDown:
+      return Qt::Key_PageDown;
+  }
+  return Qt::Key_unknown;
+}
+
+// What the window has put on the screen, once it has painted what it was asked to.
+QImage ScreenOf(const Control& control) {
+  Driver::Wait(RepaintMilliseconds);
+  const QWindow& window = WindowOf(control);
+  return window.screen()->grabWindow(window.winId()).toImage();
+}
+
+Rgb ToRgb(const QColor& color) { return {color.red(), color.green(), color.blue()}; }
+
+}  // namespace
+
+void Driver::ShowModal(Form& form, const Script& script) {
+  QWidget* const pWindow = &Area(form);
+  WatchFor(pWindow);
+  Poll(pWindow, [pWindow, script] {
+    if (!IsUp(pWindow)) return false;
+    RunWindowScript(pWindow, script);
+    return true;
+  });
+  form.ShowModal();
+}
+
+void Driver::WhenWindowOpens(const Script& script) {
+  const QPointer<QWidget> before = UsedWindow();
+  Poll(qApp, [before, script] {
+    QWidget* const pWindow = UsedWindow();
+    if (pWindow == nullptr || pWindow == before) return false;
+    WatchFor(pWindow);
+    RunWindowScript(pWindow, script);
+    return true;
+  });
+}
+
+void Driver::WhenMessageOpens(const std::function<void(OpenMessage&)>& script) {
+  QWidget* const pWindow = UsedWindow();  // which the script does not outlive
+  Poll(pWindow != nullptr ? static_cast<QObject*>(pWindow) : qApp, [script] {
+    auto* pBox = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (pBox == nullptr || !IsUp(pBox)) return false;
+    RunMessageScript(*pBox, script);
+    return true;
+  });
+}
+
+MessageAnswer Driver::ShowMessage(const std::string& sText, MessageButtons buttons,
+                                  const std::string& sTitle) {
+  return ShowMessageBox(sText, MessageIcon::Information, buttons, sTitle);
+}
+
+void Driver::Wait(int nMilliseconds) { QTest::qWait(nMilliseconds); }
+
+void Driver::Press(const Control& control, Twips x, Twips y) {
+  QTest::mousePress(&WindowOf(control), Qt::LeftButton, {}, InWindow(control, x, y));
+}
+
+void Driver::MoveTo(const Control& control, Twips x, Twips y) {
+  QTest::mouseMove(&WindowOf(control), InWindow(control, x, y));
+}
+
+void Driver::Release(const Control& control, Twips x, Twips y) {
+  QTest::mouseRelease(&WindowOf(control), Qt::LeftButton, {}, InWindow(control, x, y));
+}
+
+void Driver::Click(const Control& control, Twips x, Twips y) {
+  Press(control, x, y);
+  Release(control, x, y);
+}
+
+void Driver::Click(const Control& control) {
+  QTest::mouseClick(&WindowOf(control), Qt::LeftButton, {}, MiddleOf(control));
+}
+
+void Driver::TurnWheel(const Control& control, int nNotches) {
+  QWindow& window = WindowOf(control);
+  const QPoint point = MiddleOf(control);
+  QWheelEvent event(point, window.mapToGlobal(point), {}, QPoint(0, nNotches * WheelNotch), {}, {},
+                    Qt::NoScrollPhase, false);
+  QSpontaneKeyEvent::setSpontaneous(&event);  // only the user's go on to the container
+  qApp->notify(&window, &event);
+}
+
+void Driver::Type(Key key) {
+  SendKey(ToQtKey(key), key == Key::KeypadEnter ? Qt::KeypadModifier : Qt::NoModifier);
+}
+
+// Qt clicks a button a moment after its access key.
+void Driver::TypeAccessKey(char c) {
+  SendKey(Qt::Key_A + (c - 'A'), Qt::AltModifier);
+  Wait(200);
+}
+
+std::string Driver::WindowTitle() {
+  const QWidget* pWindow = UsedWindow();
+  return pWindow != nullptr ? FromQString(pWindow->windowTitle()) : "";
+}
+
+void Driver::CloseWindow() {
+  if (QWidget* pWindow = UsedWindow()) pWindow->close();
+}
+
+std::string Driver::ReadText(const Control& control) {
+  QAccessibleInterface* pAccessible =
+      QAccessible::queryAccessibleInterface(control.Get().widget.data());
+  if (pAccessible == nullptr || !pAccessible->isValid()) return "";
+  const QString value = pAccessible->text(QAccessible::Value);
+  return FromQString(value.isEmpty() ? pAccessible->text(QAccessible::Name) : value);
+}
+
+Rgb Driver::PixelAt(const Control& control, int nX, int nY) {
+  return ToRgb(ScreenOf(control).pixelColor(InWindow(control, QPoint(nX, nY))));
+}
+
+std::vector<std::vector<Rgb>> Driver::PixelsOf(const Control& control) {
+  const QImage image = ScreenOf(control).copy(QRect(InWindow(control, {}), Area(control).size()));
+  std::vector<std::vector<Rgb>> rows;
+  for (int y = 0; y < image.height(); ++y) {
+    auto& row = rows.emplace_back();
+    for (int x = 0; x < image.width(); ++x) row.push_back(ToRgb(image.pixelColor(x, y)));
+  }
+  return rows;
+}
+
+Rgb Driver::RgbOf(Color color) { return ToRgb(ToQColor(color)); }
+
+PixelRect Driver::Bounds(const Control& control) {
+  const QRect rect = control.Get().widget->geometry();
+  return {rect.x(), rect.y(), rect.width(), rect.height()};
+}
+
+PixelRect Driver::Inside(const Control& control) {
+  const QPoint corner = InWindow(control, QPoint(0, 0));
+  return {corner.x(), corner.y(), Area(control).width(), Area(control).height()};
+}
+
+bool Driver::IsShown(const Control& control) { return Area(control).isVisible(); }
+
+bool Driver::TakesInput(const Control& control) { return Area(control).isEnabled(); }
+
+bool Driver::HasFocus(const Control& control) { return Area(control).hasFocus(); }
+
+}  // namespace trelin

@@ -1,0 +1,352 @@
+#include "menu/main_menu.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "tests/program_window.h"
+
+namespace trelin {
+namespace {
+
+using MainMenuWindow = ProgramWindowTest;
+using Driver::PixelAt;
+
+TEST_F(MainMenuWindow, OpensWithTheListInFocusAndNothingSelected) {
+  UseMenu(7, [&] {
+    EXPECT_EQ(Driver::WindowTitle(), "35014");
+    EXPECT_EQ(Rows(), "1234");
+    EXPECT_EQ(Driver::ReadText(MainMenu().lblDescription[3]), "About 4");
+    EXPECT_EQ(Driver::ReadText(MainMenu().lblStatus[3]), "35015");
+    EXPECT_FALSE(Driver::TakesInput(MainMenu().cmdSetup));
+    EXPECT_FALSE(Driver::TakesInput(MainMenu().cmdReadMe));
+    EXPECT_TRUE(Driver::HasFocus(MainMenu().picList));
+    Driver::Type(Key::Enter);
+    EXPECT_TRUE(MainMenu().Loaded());
+    EXPECT_EQ(MainMenu().VScroll.Max(), 4);
+    EXPECT_EQ(MainMenu().VScroll.LargeChange(), 4);
+  });
+  EXPECT_TRUE(system.started.empty());
+  EXPECT_TRUE(system.messages.empty());
+}
+
+TEST_F(MainMenuWindow, ShowsFewerProductsThanRows) {
+  const std::pair<int, const char*> cases[] = {{0, ""}, {1, "1"}, {4, "1234"}};
+  for (const auto& [nProducts, sRows] : cases) {
+    UseMenu(nProducts, [&, sExpected = sRows] {
+      EXPECT_EQ(Rows(), sExpected);
+      EXPECT_FALSE(Driver::TakesInput(MainMenu().VScroll));
+      Driver::TurnWheel(MainMenu().picList, -1);
+      EXPECT_EQ(Rows(), sExpected);
+      Driver::Type(Key::Escape);
+      EXPECT_FALSE(MainMenu().Loaded());
+    });
+  }
+}
+
+TEST_F(MainMenuWindow, APressOnARowSelectsItsProduct) {
+  UseMenu(7, [&] {
+    auto& menu = MainMenu();
+    Driver::Press(menu.lblTitle[1], 30, 30);
+    EXPECT_EQ(Rows(), "1[2]34") << "a press on a label selects at once";
+    EXPECT_TRUE(Driver::TakesInput(menu.cmdReadMe));
+    Driver::Release(menu.lblTitle[1], 30, 30);
+
+    Driver::Press(menu.picListItem[2], 6600, 700);
+    EXPECT_EQ(Rows(), "1[2]34") << "a press on the box itself waits for the release";
+    Driver::Release(menu.picListItem[2], 6600, 700);
+    EXPECT_EQ(Rows(), "12[3]4");
+    EXPECT_TRUE(Driver::TakesInput(menu.cmdSetup));
+    EXPECT_FALSE(Driver::TakesInput(menu.cmdReadMe)) << "product 3 has no read-me file";
+
+    const int nBottom = Driver::Bounds(menu.picListItem[2]).nHeight - 1;
+    const int nRight = Driver::Bounds(menu.picListItem[2]).nWidth - 1;
+    for (const int nX : {0, nRight}) {
+      EXPECT_EQ(PixelAt(menu.picListItem[2], nX, 0), (Rgb{0, 0, 0}));
+      EXPECT_EQ(PixelAt(menu.picListItem[2], nX, 1), (Rgb{0, 255, 255}));
+      EXPECT_EQ(PixelAt(menu.picListItem[2], nX, nBottom), (Rgb{0, 0, 0}));
+      EXPECT_EQ(PixelAt(menu.picListItem[1], nX, 0), Driver::RgbOf(Color::ButtonFace));
+    }
+  });
+}
+
+TEST_F(MainMenuWindow, AnIconHasARaisedFrameAndASunkenOneWhilePressed) {
+  // Positions count from the left and the top, or below 0 from the other side.
+  const struct {
+    int nX, nY;
+    Color raised, sunken;
+  } cases[] = {
+      {0, 0, Color::ButtonHighlight, Color::DarkShadow3D},
+      {1, 0, Color::Light3D, Color::ButtonShadow},
+      {2, 0, Color::ButtonHighlight, Color::DarkShadow3D},
+      {0, 1, Color::ButtonHighlight, Color::DarkShadow3D},
+      {1, 1, Color::Light3D, Color::ButtonShadow},
+      {-1, 0, Color::DarkShadow3D, Color::ButtonHighlight},
+      {-2, 0, Color::ButtonHighlight, Color::DarkShadow3D},
+      {-2, 1, Color::ButtonShadow, Color::ButtonShadow},
+      {-2, 2, Color::ButtonShadow, Color::ButtonFace},
+      {0, -1, Color::ButtonHighlight, Color::DarkShadow3D},
+      {1, -1, Color::DarkShadow3D, Color::ButtonHighlight},
+      {1, -2, Color::Light3D, Color::ButtonShadow},
+      {2, -2, Color::ButtonShadow, Color::ButtonFace},
+      {-1, -1, Color::DarkShadow3D, Color::ButtonHighlight},
+      {-2, -2, Color::ButtonShadow, Color::ButtonFace},
+      {-3, -3, Color::ButtonFace, Color::ButtonFace},
+  };
+  UseMenu(4, [&] {
+    PictureBox& box = MainMenu().picIcon[1];
+    const PixelRect bounds = Driver::Bounds(box);
+    const auto expectFrame = [&](bool bSunken) {
+      for (const auto& c : cases)
+        EXPECT_EQ(PixelAt(box, c.nX < 0 ? bounds.nWidth + c.nX : c.nX,
+                          c.nY < 0 ? bounds.nHeight + c.nY : c.nY),
+                  Driver::RgbOf(bSunken ? c.sunken : c.raised))
+            << (bSunken ? "sunken " : "raised ") << c.nX << ", " << c.nY;
+    };
+    expectFrame(false);
+    Driver::Press(box, 300, 300);
+    expectFrame(true);
+    Driver::MoveTo(box, 0, 300);
+    expectFrame(false);
+    Driver::Release(box, 0, 300);
+  });
+}
+
+TEST_F(MainMenuWindow, APressedIconIsDrawnOnePixelToTheRightAndDown) {
+  UseMenu(1, [&] {
+    PictureBox& box = MainMenu().picIcon[0];
+    std::vector<Rgb> raised;
+    std::vector<Rgb> pressed;
+    const auto look = [&](int nShift, std::vector<Rgb>& pixels) {
+      const PixelRect bounds = Driver::Bounds(box);
+      for (int nY = -14; nY < 16; nY += 3)
+        for (int nX = -14; nX < 16; nX += 3)
+          pixels.push_back(
+              PixelAt(box, bounds.nWidth / 2 + nX + nShift, bounds.nHeight / 2 + nY + nShift));
+    };
+    look(0, raised);
+    Driver::Press(box, 300, 300);
+    look(1, pressed);
+    EXPECT_EQ(raised, pressed);
+    EXPECT_NE(raised, std::vector<Rgb>(100, Driver::RgbOf(Color::ButtonFace))) << "no icon there";
+    Driver::MoveTo(box, -30, -30);
+    Driver::Release(box, -30, -30);
+  });
+}
+
+TEST_F(MainMenuWindow, AnIconRunsSetupWhenReleasedOverIt) {
+  UseMenu(7, [&] {
+    PictureBox& box = MainMenu().picIcon[2];
+    Driver::Press(box, 600, 600);
+    EXPECT_EQ(Rows(), "12[3]4") << "a press selects";
+    EXPECT_TRUE(system.started.empty());
+    Driver::MoveTo(box, 3000, 600);
+    Driver::Release(box, 3000, 600);
+    EXPECT_TRUE(system.started.empty()) << "released outside";
+    Driver::Press(box, 600, 600);
+    Driver::Release(box, 0, 600);
+    EXPECT_TRUE(system.started.empty()) << "released on the left edge";
+
+    Driver::Press(box, 600, 600);
+    Driver::MoveTo(box, -300, 600);
+    Driver::MoveTo(box, 600, 600);
+    Driver::Release(box, 600, 600);
+    EXPECT_EQ(system.started, (std::vector<std::string>{"\"C:\\Suite\\p3.exe\""}));
+  });
+}
+
+TEST_F(MainMenuWindow, ScrollsAndKeepsItsSelection) {
+  UseMenu(7, [&] {
+    PressRow(0);
+    EXPECT_EQ(Rows(), "[1]234");
+    Driver::TurnWheel(MainMenu().lblStatus[2], -1);
+    EXPECT_EQ(Rows(), "2345") << "one notch is one row";
+    MainMenu().VScroll.SetValue(4);
+    EXPECT_EQ(Rows(), "4567");
+    Driver::TurnWheel(MainMenu().picList, -3);
+    EXPECT_EQ(Rows(), "4567") << "the end";
+    Driver::Type(Key::Enter);
+    EXPECT_EQ(system.started.back(), "\"C:\\Suite\\p1.exe\"") << "Setup still acts on product 1";
+    PressRow(2);
+    EXPECT_EQ(Rows(), "45[6]7");
+    MainMenu().VScroll.SetValue(1);
+    EXPECT_EQ(Rows(), "1234");
+  });
+}
+
+TEST_F(MainMenuWindow, EnterIsSetupAndEscIsExit) {
+  system.sCommandLine = "D:\\Disk 1";
+  UseMenu(4, [&] {
+    MainMenu().cmdExit.SetFocus();
+    PressRow(1);
+    Driver::Type(Key::Enter);
+    EXPECT_EQ(system.started.back(), "\"D:\\Disk 1\\p2.exe\"");
+    Driver::Click(MainMenu().cmdExit);
+    EXPECT_FALSE(MainMenu().Loaded());
+  });
+  UseMenu(4, [&] {
+    PressRow(1);
+    Driver::Click(MainMenu().cmdReadMe);
+    EXPECT_EQ(system.started.back(), "C:\\Suite\\read me.exe 2.txt")
+        << "always from the program's folder, as it stands";
+    Driver::Type(Key::Escape);
+    EXPECT_FALSE(MainMenu().Loaded());
+  });
+}
+
+TEST_F(MainMenuWindow, SetupAsksInOrder) {
+  const std::string sPrerequisite = "BLOCK DEPENDENCY\nPRODUCTCODE = R\nTITLE = R\nEND\n";
+  const auto stop = [](const char* sText) {
+    return ShownMessage{sText, MessageIcon::Critical, MessageButtons::Ok, "35014"};
+  };
+  const ShownMessage newer{"35030", MessageIcon::Exclamation, MessageButtons::YesNo, "35014"};
+  const ShownMessage unmet{"35039(R)", MessageIcon::Information, MessageButtons::Ok, "35031"};
+  const struct {
+    const char* sCase;
+    std::string sBlock, sInstalled;
+    MessageAnswer answer;
+    std::vector<ShownMessage> messages;
+    bool bStarted;
+  } cases[] = {
+      {"nothing to ask", "INSTALLFILE = p\n", "", MessageAnswer::No, {}, true},
+      {"no installer",
+       "READMEFILE = x\n" + sPrerequisite,
+       "2",
+       MessageAnswer::Yes,
+       {stop("35029")},
+       false},
+      {"newer, No", "INSTALLFILE = p\n" + sPrerequisite, "2", MessageAnswer::No, {newer}, false},
+      {"newer, Yes", "INSTALLFILE = p\n", "2", MessageAnswer::Yes, {newer}, true},
+      {"newer, Yes, but a prerequisite is missing",
+       "INSTALLFILE = p\n" + sPrerequisite,
+       "2",
+       MessageAnswer::Yes,
+       {newer, unmet},
+       false},
+      {"a prerequisite is missing",
+       "INSTALLFILE = p\n" + sPrerequisite,
+       "1",
+       MessageAnswer::Yes,
+       {unmet},
+       false},
+  };
+  for (const auto& c : cases) {
+    Record("P", c.sInstalled);
+    Record("other", "1");
+    system.messages.clear();
+    system.started.clear();
+    system.onMessage = [&] { return c.answer; };
+    system.files["C:\\Suite\\TRELIN.CFG"] =
+        "BLOCK SETUPLIST\nBLOCK APPLICATION\nPRODUCTCODE = P\nREVISION = 1\n" + c.sBlock;
+    UseMenu([&] {
+      PressRow(0);
+      Driver::Type(Key::Enter);
+      EXPECT_EQ(MainMenu().Timer1.Enabled(), c.bStarted) << c.sCase;
+    });
+    EXPECT_EQ(system.messages, c.messages) << c.sCase;
+    EXPECT_EQ(system.started.size(), c.bStarted ? 1U : 0U) << c.sCase;
+  }
+}
+
+TEST_F(MainMenuWindow, AProgramThatDoesNotStartIsNamedAndTheMenuGoesOn) {
+  system.sStartFailure = "there is no such file";
+  UseMenu(2, [&] {
+    PressRow(1);
+    Driver::Type(Key::Enter);
+    EXPECT_FALSE(MainMenu().Timer1.Enabled());
+    Driver::Click(MainMenu().cmdReadMe);
+    MainMenu().Timer1.SetEnabled(true);
+    Driver::Click(MainMenu().cmdSetup);
+    EXPECT_TRUE(MainMenu().Timer1.Enabled()) << "the timer stays as it was";
+  });
+  ASSERT_EQ(system.messages.size(), 3U);
+  for (const ShownMessage& message : system.messages) {
+    EXPECT_EQ(message.icon, MessageIcon::Critical);
+    EXPECT_EQ(message.sTitle, "35014");
+    EXPECT_NE(message.sText.find("there is no such file"), std::string::npos) << message.sText;
+  }
+  EXPECT_NE(system.messages[0].sText.find("p2.exe"), std::string::npos);
+  EXPECT_NE(system.messages[1].sText.find("read me.exe"), std::string::npos);
+}
+
+TEST_F(MainMenuWindow, TheTimerShowsAChangeOnceAndStops) {
+  Record("other", "1");
+  UseMenu(4, [&] {
+    MainMenu().Timer1.SetInterval(20);
+    PressRow(1);
+    Driver::Type(Key::Enter);
+    Driver::Wait(100);
+    EXPECT_TRUE(MainMenu().Timer1.Enabled()) << "nothing has changed yet";
+    Record("P2", "1");
+    Driver::Wait(100);
+    EXPECT_EQ(Driver::ReadText(MainMenu().lblStatus[1]), "35016");
+    EXPECT_FALSE(MainMenu().Timer1.Enabled());
+    EXPECT_EQ(Rows(), "1[2]34");
+  });
+}
+
+TEST_F(MainMenuWindow, NoTickComesWhileAMessageBoxIsOpen) {
+  Record("other", "1");
+  WriteList(2);
+  system.files["C:\\Suite\\TRELIN.CFG"] += "BLOCK APPLICATION\nPRODUCT = Product 3\n";
+  UseMenu([&] {
+    MainMenu().Timer1.SetInterval(20);
+    PressRow(0);
+    Driver::Type(Key::Enter);
+    PressRow(2);
+    PressRow(0);
+    std::string sMeanwhile;
+    system.onMessage = [&] {
+      Record("P1", "1");
+      Driver::Wait(100);
+      sMeanwhile = Driver::ReadText(MainMenu().lblStatus[0]);
+      return MessageAnswer::Ok;
+    };
+    MainMenu().objSetupList->SetCurrentIndex(3);
+    Driver::Click(MainMenu().cmdSetup);  // has no installer
+    EXPECT_EQ(sMeanwhile, "35015");
+    PressRow(0);
+    Driver::Wait(100);
+    EXPECT_EQ(Driver::ReadText(MainMenu().lblStatus[0]), "35016") << "ticks go on afterwards";
+  });
+  EXPECT_EQ(system.messages.size(), 1U);
+}
+
+TEST_F(MainMenuWindow, APictureThatDoesNotLoadLeavesTheDefaultIcon) {
+  const auto folder = std::filesystem::temp_directory_path() / "trelin-menu-test";
+  std::filesystem::create_directories(folder);
+  const auto write = [&](const char* sName, const std::string& sBytes) {
+    std::ofstream(folder / sName, std::ios::binary) << sBytes;
+  };
+  // A bitmap of one pixel, red: file header, information header, pixel.
+  const std::string sRed(
+      "BM\x3A\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\1\0\0\0\1\0\0\0\1\0\x18\0\0\0\0\0\4\0\0\0"
+      "\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\xFF\0",
+      58);
+  write("red.bmp", sRed);
+  write("cut.bmp", sRed.substr(0, 40));
+  write("empty.bmp", "");
+  system.sProgramFolder = folder.string();
+  const std::string sSuite = system.sProgramFolder + "\\";
+  libraries.files[sSuite + "ENU35000.DLL"] = libraries.files["C:\\Suite\\ENU35000.DLL"];
+  std::string sText = "BLOCK SETUPLIST\n";
+  for (const char* sImage : {"red.bmp", "cut.bmp", "empty.bmp", "missing.bmp"})
+    sText += "BLOCK APPLICATION\nPRODUCT = Product 1\nIMAGE = " + std::string(sImage) + "\nEND\n";
+  system.files[sSuite + "TRELIN.CFG"] = sText;
+
+  UseMenu([&] {
+    auto& boxes = MainMenu().picIcon;
+    const auto middle = [](PictureBox& box) {
+      const PixelRect bounds = Driver::Bounds(box);
+      return PixelAt(box, bounds.nWidth / 2 + 5, bounds.nHeight / 2 + 5);
+    };
+    const Rgb standard = middle(boxes[3]);
+    EXPECT_EQ(middle(boxes[0]), (Rgb{255, 0, 0})) << "scaled to 32 by 32";
+    EXPECT_NE(standard, (Rgb{255, 0, 0}));
+    EXPECT_EQ(middle(boxes[1]), standard) << "truncated";
+    EXPECT_EQ(middle(boxes[2]), standard) << "empty";
+  });
+  std::filesystem::remove_all(folder);
+}
+
+}  // namespace
+}  // namespace trelin
