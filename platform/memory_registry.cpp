@@ -252,7 +252,7 @@ void MemoryRegistry::SetText(const std::string& sPath, const std::string& sName,
   RegistryNode* node = NextLevel(sRest, sLevel) ? root_->FindKey(sLevel) : nullptr;
   if (node == nullptr) throw std::invalid_argument("No hive: " + sPath);
   while (NextLevel(sRest, sLevel)) node = &node->AddKey(sLevel);
-  node->SetValue(sName, RegistryTypeText, sText + '\0');
+  node->SetValue(sName, RegistryTypeText, sText);
 }
 
 std::optional<std::string> MemoryRegistry::Text(const std::string& sPath,

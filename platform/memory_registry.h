@@ -63,9 +63,9 @@ class MemoryRegistry : public Registry {
   void ReplaceTree(std::unique_ptr<RegistryNode> root);
 
   // For tests: full paths such as "HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvanta".
-  // SetText creates what is missing and stores a REG_SZ with its NUL; Text
-  // leaves a NUL at the end out. The first throws std::invalid_argument for a
-  // path that does not begin with a hive.
+  // SetText creates what is missing and stores a REG_SZ without a NUL at its
+  // end, as the program itself does; Text leaves one out. The first throws
+  // std::invalid_argument for a path that does not begin with a hive.
   void SetText(const std::string& sPath, const std::string& sName, const std::string& sText);
   std::optional<std::string> Text(const std::string& sPath, const std::string& sName) const;
 

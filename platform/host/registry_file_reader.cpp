@@ -13,8 +13,9 @@
      "a type by its number"=hex(b):00,00,00,00,00,00,00,00
 
    A key's line holds the values below it up to the next one; its name ends at
-   the line's last bracket. A text stands for its bytes and a NUL. Texts in
-   hexadecimal form (types 1, 2 and 7) are UTF-16, low byte first. Spaces and
+   the line's last bracket. A text stands for its characters; one that ends
+   with a NUL, or holds a line break, has the hexadecimal form hex(1). Texts in
+   that form (types 1, 2 and 7) are UTF-16, low byte first. Spaces and
    tabs may surround what is shown here, and a comment may follow a value. A
    key may come more than once; of two values of one name the last one counts.
 */
@@ -151,7 +152,7 @@ class Reader {
 
   void ReadData(const std::string& sName) {
     if (sLine_.starts_with('"'))
-      key_->SetValue(sName, RegistryTypeText, ReadQuoted() + '\0');
+      key_->SetValue(sName, RegistryTypeText, ReadQuoted());
     else if (Skip("dword:"))
       key_->SetValue(sName, RegistryTypeDword, ReadDword());
     else if (Skip("hex:"))

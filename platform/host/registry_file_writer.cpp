@@ -64,37 +64,14 @@ std::uint32_t Dword(const std::string& sData) {
   return lNumber;
 }
 
-// A text that lacks its NUL has only its hexadecimal form; the comment above
-// keeps it readable.
-void AppendReadableComment(std::string& sOut, const RegistryValue& value) {
-  sOut += "; ";
+void AppendValue(std::string& sOut, const RegistryValue& value) {
   AppendName(sOut, value.sName);
-  AppendQuoted(sOut, value.sData);
-  sOut += ", stored without a NUL at its end\n";
-}
-
-void AppendText(std::string& sOut, const RegistryValue& value) {
-  const bool bEnded = value.sData.ends_with('\0');
-  const std::string_view sText(value.sData.data(), value.sData.size() - (bEnded ? 1 : 0));
-  const bool bPrintable = IsPrintable(sText);
-  if (!bEnded && bPrintable) AppendReadableComment(sOut, value);
-  AppendName(sOut, value.sName);
-  if (bEnded && bPrintable)
-    AppendQuoted(sOut, sText);
+  if (value.lType == RegistryTypeText && IsPrintable(value.sData))
+    AppendQuoted(sOut, value.sData);
+  else if (value.lType == RegistryTypeDword && value.sData.size() == sizeof(std::uint32_t))
+    sOut += "dword:" + HexNumber(Dword(value.sData), 8);
   else
     AppendHex(sOut, value);
-}
-
-void AppendValue(std::string& sOut, const RegistryValue& value) {
-  if (value.lType == RegistryTypeText) {
-    AppendText(sOut, value);
-  } else {
-    AppendName(sOut, value.sName);
-    if (value.lType == RegistryTypeDword && value.sData.size() == sizeof(std::uint32_t))
-      sOut += "dword:" + HexNumber(Dword(value.sData), 8);
-    else
-      AppendHex(sOut, value);
-  }
   sOut += '\n';
 }
 

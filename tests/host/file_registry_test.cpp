@@ -160,7 +160,7 @@ TEST_F(FileRegistryTest, ReplacesTheFileBehindALink) {
   chmod((folder_ / "data/real.reg").c_str(), 0640);
   std::filesystem::create_symlink("data/real.reg", sPath_);
   FileRegistry registry(sPath_);
-  EXPECT_EQ(RegistrySuccess, Set(registry, Open(registry), "A", std::string("1\0", 2)));
+  EXPECT_EQ(RegistrySuccess, Set(registry, Open(registry), "A", "1"));
   EXPECT_TRUE(std::filesystem::is_symlink(sPath_));
   EXPECT_EQ(LogFile("\"A\"=\"1\"\n"), Content());
   EXPECT_EQ(std::filesystem::perms{0640}, std::filesystem::status(sPath_).permissions());

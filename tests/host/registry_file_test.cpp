@@ -38,10 +38,10 @@ TEST(RegistryFile, ReadsEveryFormOfAValue) {
     std::string sData;
   };
   const std::vector<Case> cases = {
-      {Value + "\"2.1\"", 1, NulEnded("2.1")},
-      {Key + "\"V\"=\"C:\\\\a \\\"b\\\"\"\r\n", 1, NulEnded("C:\\a \"b\"")},
-      {Key + "  \"v\" =\t\"\" ; comment", 1, NulEnded("")},
-      {Value + "\"\xC3\xA4\xE2\x82\xAC\xC2\x81\"", 1, NulEnded("\xE4\x80\x81")},
+      {Value + "\"2.1\"", 1, "2.1"},
+      {Key + "\"V\"=\"C:\\\\a \\\"b\\\"\"\r\n", 1, "C:\\a \"b\""},
+      {Key + "  \"v\" =\t\"\" ; comment", 1, ""},
+      {Value + "\"\xC3\xA4\xE2\x82\xAC\xC2\x81\"", 1, "\xE4\x80\x81"},
       {Value + "dword:0000abCD", 4, std::string("\xCD\xAB\0\0", 4)},
       {Value + "dword:1", 4, std::string("\1\0\0\0", 4)},
       {Value + "hex:", 3, ""},
@@ -50,12 +50,12 @@ TEST(RegistryFile, ReadsEveryFormOfAValue) {
       {Value + "hex(1):61,00,ac,20", 1, "a\x80"},
       {Value + "hex(2):25,00,00,00", 2, NulEnded("%")},
       {Value + "hex(7):61,00,00,00,00,00", 7, std::string("a\0\0", 3)},
-      {Value + "\"first\"\n; [HKEY_USERS]\n\n\"v\"=\"last\"", 1, NulEnded("last")},
-      {Header + "[hkey_local_MACHINE\\k]\n\"v\"=\"\"", 1, NulEnded("")},
-      {"\xEF\xBB\xBF" + Value + "\"\"", 1, NulEnded("")},
-      {Utf16(Value + "\"x\"", false), 1, NulEnded("x")},
-      {Utf16(Value + "\"x\"", true), 1, NulEnded("x")},
-      {Utf16(Value + "\"", false) + "\xAC\x20\"" + NulEnded(""), 1, NulEnded("\x80")},
+      {Value + "\"first\"\n; [HKEY_USERS]\n\n\"v\"=\"last\"", 1, "last"},
+      {Header + "[hkey_local_MACHINE\\k]\n\"v\"=\"\"", 1, ""},
+      {"\xEF\xBB\xBF" + Value + "\"\"", 1, ""},
+      {Utf16(Value + "\"x\"", false), 1, "x"},
+      {Utf16(Value + "\"x\"", true), 1, "x"},
+      {Utf16(Value + "\"", false) + "\xAC\x20\"" + NulEnded(""), 1, "\x80"},
   };
   for (const Case& c : cases) {
     const RegistryValue value = ReadValue(c.sFile);
@@ -142,15 +142,16 @@ TEST(RegistryFile, WritesWhatPeopleCanRead) {
   registry.SetValue(hKey, "dword", 4, "\x1F\0\0\x80", 4);
   registry.SetValue(hKey, "line", 1, "\x80\"", 2);
   registry.SetValue(hKey, "break", 1, "\n", 2);
+  registry.SetValue(hKey, "ended", 1, "a", 2);
   registry.SetValue(hKey, "bytes", 3, "abcdefghijklmnopqrstuvwxyz", 26);
   registry.CreateKey(hKey, "Empty\\Deep", RegistryReadWrite, hKey);
   EXPECT_EQ(Header + R"(
 [HKEY_LOCAL_MACHINE\A]
 @=""
 "dword"=dword:8000001f
-; "line"="€\"", stored without a NUL at its end
-"line"=hex(1):ac,20,22,00
+"line"="€\""
 "break"=hex(1):0a,00,00,00
+"ended"=hex(1):61,00,00,00
 "bytes"=hex:61,62,63,64,65,66,67,68,69,6a,6b,6c,6d,6e,6f,70,71,72,73,74,75,76,77,78,\
   79,7a
 
