@@ -15,7 +15,9 @@
 // a time on the thread that shows the window: a timer's tick is dropped while
 // a handler is running, also while that handler has a message box open (only
 // paints go on then). An exception that leaves a handler ends the modal
-// window: it comes out of ShowModal.
+// window, an open message box included, and comes out of ShowModal. An event
+// that the program raises by a call (Unload, SetValue) runs within that call,
+// and its exception comes out of it.
 namespace trelin {
 
 using Twips = float;
@@ -108,13 +110,16 @@ class Form : public Control {
   void SetIcon(const Picture& picture);
   void Move(Twips left, Twips top);
 
-  // Raises OnLoad, shows the window and waits until it is unloaded. When a
-  // handler throws, the window is hidden, stays loaded, and the exception
-  // comes out of here.
+  // Raises OnLoad unless the window is loaded, shows it and waits until it is
+  // unloaded and the handler that did so has ended. When a handler throws, the
+  // window is hidden, stays loaded, and the exception comes out of here; after
+  // the first one no further event is raised. Nothing happens while the window
+  // is shown; a handler may show another one.
   void ShowModal();
 
-  // Raises OnUnload and closes the window; ShowModal returns. Nothing happens
-  // while the window is not loaded. The close box does the same.
+  // Raises OnUnload and closes the window, also when OnUnload throws; ShowModal
+  // returns. Nothing happens while the window is not loaded. The close box does
+  // the same.
   void Unload();
   bool Loaded() const;
 
@@ -125,8 +130,10 @@ class Form : public Control {
 enum class BoxBorder { None, Sunken };
 
 // A rectangle that the program paints, and a container of other controls.
-// Pointer positions are relative to the box; they may lie outside while the
-// pointer is captured.
+// Pointer positions are relative to the inside of its border; they may lie
+// outside while the pointer is captured or a button is held down. All buttons
+// are alike, and a double click is two. A press on a box with OnClick or a tab
+// index gives it the focus.
 class PictureBox : public Control {
  public:
   explicit PictureBox(Control& container);  // a Form or a PictureBox
@@ -146,7 +153,7 @@ class PictureBox : public Control {
   void ReleasePointer();
 
   std::function<void()> OnPaint;  // after the background was filled
-  std::function<void()> OnClick;  // pressed and released on the box
+  std::function<void()> OnClick;  // pressed and released on the box; after OnMouseUp
   std::function<void(Twips x, Twips y)> OnMouseDown;
   std::function<void(Twips x, Twips y)> OnMouseMove;
   std::function<void(Twips x, Twips y)> OnMouseUp;
@@ -159,7 +166,8 @@ struct LabelFont {
 };
 
 // A text that lets its container's background through; wraps at its width,
-// shows an ampersand as one, and can be read by an accessibility client.
+// shows an ampersand as one, and can be read by an accessibility client. With
+// an empty OnMouseDown the pointer goes through to the container.
 class Label : public Control {
  public:
   explicit Label(Control& container);
@@ -259,7 +267,8 @@ class ImageList {
 
   // Draws the picture under sKey with its top left corner at the position in
   // the box. From OnPaint it is drawn at once; from elsewhere the box is
-  // repainted, and its OnPaint draws it.
+  // repainted, so that its OnPaint draws it, unless this is the picture that it
+  // drew there last. A key that the list does not contain draws nothing.
   void Draw(const std::string& sKey, PictureBox& box, Twips left, Twips top) const;
 
  private:

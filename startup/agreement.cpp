@@ -28,6 +28,7 @@ constexpr const char* AgreementText =
     "Choose No if you do not accept it. Setup then ends and nothing is installed. Without the "
     "Microsoft products the measurement solution will not operate. You can start Trelin again "
     "at any time.\r\n"
+    "\r\n"
     "Do you accept the agreements of the Microsoft products?";
 
 }  // namespace
@@ -37,6 +38,7 @@ frmMicrosoft::frmMicrosoft()
       txtAgreement(*this),
       cmdYes(*this),
       cmdNo(*this) {
+  SetIcon(Picture::ProgramIcon());
   SetCaption("Microsoft Product Integration Agreement");
   txtAgreement.SetBounds(150, 120, 5985, 4815);
   txtAgreement.SetText(AgreementText);

@@ -121,7 +121,9 @@ void FreeResourceLibraries() {
 
 const std::vector<ResourceLibrary>& LoadedLibraries() { return Libraries; }
 
-std::int16_t LastLibraryIndex() { return static_cast<std::int16_t>(Libraries.size()) - 1; }
+std::int16_t LastLibraryIndex() {
+  return ToInt16(static_cast<std::int64_t>(Libraries.size()) - 1, "The index of a string library");
+}
 
 std::string LoadResourceString(std::int32_t lId) {
   if (!bEnabled) return "";

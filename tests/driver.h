@@ -48,8 +48,10 @@ using Script = std::function<void()>;
 // test and is closed.
 void ShowModal(Form& form, const Script& script);
 
-// The same for the next window that the program shows by itself.
+// The same for the next window that the program shows by itself; for one that
+// did not come, the script waits on until it is forgotten.
 void WhenWindowOpens(const Script& script);
+void ForgetScripts();
 
 // Runs the script when the next message box is up; closes the box if the
 // script has not. To be called before the action that opens it.

@@ -133,6 +133,27 @@ TEST_F(ToolkitWindow, PaintsGoOnWhileAMessageBoxIsOpen) {
   EXPECT_EQ(Taken(), Events({"paint"}));
 }
 
+TEST_F(ToolkitWindow, OnlyTheBoxThatAskedIsPainted) {
+  PictureBox child(static_cast<Control&>(box));
+  child.SetBounds(150, 150, 750, 750);
+  child.OnPaint = Note("child");
+  box.OnPaint = Note("box");
+  Driver::ShowModal(form, [&] {
+    Driver::Wait(50);
+    Taken();
+    const std::pair<Driver::Script, Events> cases[] = {
+        {[&] { box.SetBackColor(Color::Cyan); }, {"box"}},
+        {[&] { child.Refresh(); }, {"child"}},
+        {[&] { yes.SetEnabled(false); }, {}},
+    };
+    for (const auto& [act, expected] : cases) {
+      act();
+      Driver::Wait(50);
+      EXPECT_EQ(Taken(), expected);
+    }
+  });
+}
+
 TEST_F(ToolkitWindow, AnExceptionComesOutOfShowModal) {
   const auto fail = [] { throw std::runtime_error("fault"); };
   const auto failAt = [fail](Twips, Twips) { fail(); };

@@ -31,15 +31,37 @@ BoxArea::BoxArea(PictureBox& box, QWidget* pFrame) : QWidget(pFrame), box_(box) 
 
 void BoxArea::SetBackColor(Color color) {
   backColor_ = color;
+  Refresh();
+}
+
+void BoxArea::Refresh() {
+  bPainted_ = false;
   update();
 }
 
 void BoxArea::paintEvent(QPaintEvent* /*pEvent*/) {
-  QPainter painter(this);
-  painter.fillRect(rect(), ToQColor(backColor_));
+  if (!bPainted_ || painted_.size() != size()) Paint();
+  QPainter(this).drawPixmap(0, 0, painted_);
+}
+
+void BoxArea::Paint() {
+  painted_ = QPixmap(size());
+  painted_.fill(ToQColor(backColor_));
+  drawn_.reset();
+  bPainted_ = true;  // unless the handler calls Refresh
+  QPainter painter(&painted_);
   pPainter_ = &painter;
-  DispatchPaint(box_.OnPaint);
+  if (!DispatchPaint(box_.OnPaint)) bPainted_ = false;
   pPainter_ = nullptr;
+}
+
+void BoxArea::Draw(const Image& image, const QImage& pixels) {
+  if (pPainter_ != nullptr) {
+    pPainter_->drawImage(image.place, pixels);
+    drawn_ = image;
+  } else if (drawn_ != image) {
+    Refresh();
+  }
 }
 
 void BoxArea::TakeFocus() {
@@ -119,7 +141,7 @@ void PictureBox::Line(Twips x1, Twips y1, Twips x2, Twips y2, Color color) {
   pPainter->fillRect(line, ToQColor(color));
 }
 
-void PictureBox::Refresh() { AreaOf(*this).update(); }
+void PictureBox::Refresh() { AreaOf(*this).Refresh(); }
 
 void PictureBox::CapturePointer() { AreaOf(*this).grabMouse(); }
 

@@ -4,22 +4,39 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QPointer>
+#include <QPixmap>
 #include <QWheelEvent>
 #include <QWidget>
 #include <functional>
+#include <optional>
+#include <string>
 
 #include "platform/toolkit.h"
 
 namespace trelin {
 
 // The inside of a picture box: what the program paints and the pointer meets.
+// It keeps what was painted, so that a repaint of the container, which Qt
+// extends to all that lies in it, raises no paint event of the box.
 class BoxArea : public QWidget {
  public:
+  // A picture of an image list that the box shows.
+  struct Image {
+    const ImageList* list;
+    std::string sKey;
+    QPoint place;
+    bool operator==(const Image&) const = default;
+  };
+
   BoxArea(PictureBox& box, QWidget* pFrame);
 
   void SetBackColor(Color color);
   Color BackColor() const { return backColor_; }
+  void Refresh();
+
+  // Draws it while the box is being painted, else has the box painted anew
+  // unless this is what was drawn last.
+  void Draw(const Image& image, const QImage& pixels);
 
   // Null unless the box is being painted.
   QPainter* CurrentPainter() const { return pPainter_; }
@@ -35,9 +52,13 @@ class BoxArea : public QWidget {
   void wheelEvent(QWheelEvent* pEvent) override;
 
  private:
+  void Paint();
   void TakeFocus();
 
   PictureBox& box_;
+  QPixmap painted_;
+  bool bPainted_ = false;
+  std::optional<Image> drawn_;  // last in painted_
   Color backColor_ = Color::ButtonFace;
   QPainter* pPainter_ = nullptr;
   bool bPressed_ = false;

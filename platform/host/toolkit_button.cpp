@@ -1,5 +1,6 @@
 #include <QPushButton>
 #include <QStyleOptionButton>
+#include <QStylePainter>
 #include <memory>
 
 #include "platform/host/toolkit_form.h"
@@ -10,16 +11,21 @@ namespace trelin {
 
 namespace {
 
-// Drawn as the default button while it is the one that answers Enter.
+// Within a dark frame while it is the one that answers Enter.
 class ButtonWidget : public QPushButton {
  public:
   using QPushButton::QPushButton;
 
  protected:
-  void initStyleOption(QStyleOptionButton* pOption) const override {
-    QPushButton::initStyleOption(pOption);
-    const auto& form = static_cast<const FormWidget&>(*window());
-    pOption->features.setFlag(QStyleOptionButton::DefaultButton, form.AnswersEnter(*this));
+  void paintEvent(QPaintEvent* /*pEvent*/) override {
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    if (FormOf(*this).AnswersEnter(*this)) {
+      painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+      option.rect.adjust(1, 1, -1, -1);
+    }
+    painter.drawControl(QStyle::CE_PushButton, option);
   }
 };
 

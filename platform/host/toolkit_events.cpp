@@ -74,10 +74,11 @@ void DispatchInput(const std::function<void()>& handler) {
   Deliver(*pLoop, handler);
 }
 
-void DispatchPaint(const std::function<void()>& handler) {
+bool DispatchPaint(const std::function<void()>& handler) {
   ModalLoop* const pLoop = ModalLoop::Innermost();
-  if (pLoop == nullptr || pLoop->Failed()) return;
+  if (pLoop == nullptr || pLoop->Failed()) return false;
   Deliver(*pLoop, handler);
+  return !pLoop->Failed();
 }
 
 }  // namespace trelin

@@ -53,7 +53,7 @@ void Raise(std::function<void()> handler);
 void DispatchInput(const std::function<void()>& handler);
 
 // Delivers a paint, which goes on while a handler is running, but not after
-// one has failed. Lets no exception out.
-void DispatchPaint(const std::function<void()>& handler);
+// one has failed. Lets no exception out. Returns whether it was delivered.
+bool DispatchPaint(const std::function<void()>& handler);
 
 }  // namespace trelin

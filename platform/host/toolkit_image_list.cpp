@@ -1,5 +1,5 @@
 #include <QImage>
-#include <QPainter>
+#include <algorithm>
 #include <map>
 #include <memory>
 
@@ -56,14 +56,9 @@ void ImageList::Add(const std::string& sKey, const Picture& picture) {
 bool ImageList::Contains(const std::string& sKey) const { return native_->images.contains(sKey); }
 
 void ImageList::Draw(const std::string& sKey, PictureBox& box, Twips left, Twips top) const {
-  QPainter* const pPainter = AreaOf(box).CurrentPainter();
-  if (pPainter == nullptr) {
-    box.Refresh();
-    return;
-  }
   const auto image = native_->images.find(sKey);
-  if (image != native_->images.end())
-    pPainter->drawImage(PixelsX(left), PixelsY(top), image->second);
+  if (image == native_->images.end()) return;
+  AreaOf(box).Draw({this, sKey, QPoint(PixelsX(left), PixelsY(top))}, image->second);
 }
 
 }  // namespace trelin

@@ -219,6 +219,11 @@ void Driver::WhenWindowOpens(const Script& script) {
   });
 }
 
+void Driver::ForgetScripts() {
+  for (QTimer* pTimer : qApp->findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly))
+    delete pTimer;
+}
+
 void Driver::WhenMessageOpens(const std::function<void(OpenMessage&)>& script) {
   QWidget* const pWindow = UsedWindow();  // which the script does not outlive
   Poll(pWindow != nullptr ? static_cast<QObject*>(pWindow) : qApp, [script] {
