@@ -113,6 +113,25 @@ class HostSearch : public FileSearch {
   std::string sPattern_;
 };
 
+// Finds its one name once.
+class OneFileSearch : public FileSearch {
+ public:
+  explicit OneFileSearch(std::optional<std::string> sName) : sName_(std::move(sName)) {}
+  std::optional<std::string> Next() override { return std::exchange(sName_, std::nullopt); }
+
+ private:
+  std::optional<std::string> sName_;
+};
+
+// The file's name when it is one that a search finds; no folder is read.
+std::optional<std::string> FindNormalFile(const std::string& sHostPath) {
+  const std::string sName = sHostPath.substr(sHostPath.rfind('/') + 1);
+  struct stat status = {};
+  const bool bFile = stat(sHostPath.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+  if (!bFile || sName.starts_with('.')) return std::nullopt;
+  return FromUtf8(sName);
+}
+
 // No folder when there is none of that name.
 Folder OpenFolder(const std::string& sHostPath) {
   Folder folder(opendir(sHostPath.c_str()));
@@ -145,6 +164,9 @@ std::unique_ptr<FileSearch> SearchHostFiles(const std::string& sPath) {
   RefuseNul("search for the file", sPath);
   const std::size_t nName = sPath.find_last_of("\\/") + 1;  // 0 without a separator
   const std::string sPattern = sPath.substr(nName);
+  const bool bOneName = sPattern.find_first_of("*?") == std::string::npos;
+  if (bOneName && !sPattern.ends_with('.'))
+    return std::make_unique<OneFileSearch>(FindNormalFile(HostPath(sPath)));
   const std::string sFolder = nName == 0 ? "." : HostPath(sPath.substr(0, nName));
   Folder folder = sPattern.empty() ? nullptr : OpenFolder(sFolder);
   return std::make_unique<HostSearch>(std::move(folder), sFolder, sPattern);

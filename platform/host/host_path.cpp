@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "platform/code_page.h"
+#include "platform/host/folder_index.h"
 
 namespace trelin {
 
@@ -14,28 +15,6 @@ namespace {
 bool Exists(const std::string& sHostPath) {
   std::error_code error;
   return std::filesystem::exists(std::filesystem::symlink_status(sHostPath, error));
-}
-
-// sEntry is UTF-8, sUpperName upper case in the code page.
-bool IsNamed(const std::string& sEntry, const std::string& sUpperName) {
-  const std::string sName = FromUtf8(sEntry);
-  // The second test keeps a name with a foreign character, which became a
-  // question mark, from matching a real question mark.
-  return UpperCase1252(sName) == sUpperName && ToUtf8(sName) == sEntry;
-}
-
-// The entry that is sName in some letter case; empty when there is none.
-std::string FindEntry(const std::string& sFolder, const std::string& sName) {
-  const std::string sUpperName = UpperCase1252(FromUtf8(sName));
-  std::string sFound;
-  std::error_code error;
-  std::filesystem::directory_iterator entry(sFolder.empty() ? "." : sFolder, error);
-  for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-    const std::string sEntry = entry->path().filename().string();
-    const bool bFirst = sFound.empty() || sEntry < sFound;
-    if (bFirst && IsNamed(sEntry, sUpperName)) sFound = sEntry;
-  }
-  return sFound;
 }
 
 }  // namespace
@@ -50,7 +29,7 @@ std::string HostPath(const std::string& sPath) {
     const std::size_t nEnd = std::min(sWritten.find('/', nStart), sWritten.size());
     std::string sName = sWritten.substr(nStart, nEnd - nStart);
     if (!sName.empty() && !Exists(sFound + sName)) {
-      sName = FindEntry(sFound, sName);
+      sName = FindFolderEntry(sFound, sName);
       if (sName.empty()) return sFound + sWritten.substr(nStart);
     }
     sFound += sName;

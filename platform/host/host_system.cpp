@@ -18,7 +18,9 @@ HostSystem::HostSystem(int argc, const char* const* argv) {
   }
 }
 
-std::string HostSystem::ProgramFolder() {
+namespace {
+
+std::string FindProgramFolder() {
   const char* const pOperation = "find the program's own folder";
   std::error_code error;
   const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
@@ -30,6 +32,13 @@ std::string HostSystem::ProgramFolder() {
                         "its name holds characters that the program cannot use");
   }
   return sPath;
+}
+
+}  // namespace
+
+std::string HostSystem::ProgramFolder() {
+  if (sProgramFolder_.empty()) sProgramFolder_ = FindProgramFolder();
+  return sProgramFolder_;
 }
 
 std::string HostSystem::CommandLineText() { return sCommandLineText_; }

@@ -23,6 +23,7 @@ class HostSystem : public System {
 
  private:
   std::string sCommandLineText_;
+  std::string sProgramFolder_;
 };
 
 }  // namespace trelin

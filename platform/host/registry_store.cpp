@@ -7,7 +7,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <ctime>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
@@ -20,20 +19,6 @@ namespace trelin {
 namespace {
 
 constexpr const char* ReadOperation = "read the registry file";
-constexpr std::int64_t LongestTick = 20'000'000;  // of the clock that dates files, nanoseconds
-
-std::int64_t Nanoseconds(const timespec& time) {
-  return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
-}
-
-FileStamp StampOf(const struct stat& status) {
-  return {0,
-          status.st_dev,
-          status.st_ino,
-          status.st_size,
-          Nanoseconds(status.st_mtim),
-          Nanoseconds(status.st_ctim)};
-}
 
 std::int32_t WriteResult(int nReason) {
   switch (nReason) {
@@ -118,22 +103,8 @@ std::string ReadAll(int hFile, std::int64_t nSize, const std::string& sPath) {
 
 }  // namespace
 
-bool FileStamp::Settled() const {
-  timespec now{};
-  clock_gettime(CLOCK_REALTIME, &now);
-  return Nanoseconds(now) - nChanged > LongestTick;
-}
-
 RegistryStore::RegistryStore(const std::string& sPath)
     : sPath_(std::filesystem::absolute(sPath).string()) {}
-
-FileStamp RegistryStore::Stamp() const {
-  struct stat status {};
-  if (stat(sPath_.c_str(), &status) == 0) return StampOf(status);
-  FileStamp none;
-  none.nReason = errno;
-  return none;
-}
 
 RegistryStore::Content RegistryStore::Read() const {
   Content content;
@@ -149,7 +120,7 @@ RegistryStore::Content RegistryStore::Read() const {
   if (S_ISDIR(status.st_mode)) throw HostError(ReadOperation, sPath_, EISDIR);
   if (!S_ISREG(status.st_mode))
     throw PlatformError(ReadOperation, ShownPath(sPath_), "it is a device or a pipe");
-  content.stamp = StampOf(status);
+  content.stamp = FileStamp::Of(status);
   content.bWritable = access(sPath_.c_str(), W_OK) == 0;
   content.sBytes = ReadAll(file.Get(), status.st_size, sPath_);
   return content;
@@ -176,7 +147,7 @@ std::int32_t RegistryStore::Replace(const std::string& sBytes, FileStamp& stamp)
     return WriteResult(errno);
   struct stat status {};  // only now: renaming a file changes its stamp
   if (fstat(file.Get(), &status) != 0) return RegistryWriteFault;
-  stamp = StampOf(status);
+  stamp = FileStamp::Of(status);
   return RegistrySuccess;
 }
 

@@ -3,28 +3,13 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/host/file_stamp.h"
 #include "platform/host/host_files.h"
 
 namespace trelin {
 
 constexpr std::int32_t RegistryWriteFault = 29;  // ERROR_WRITE_FAULT
 constexpr std::int32_t RegistryDiskFull = 112;   // ERROR_DISK_FULL
-
-// Tells one state of a file from another. Times are nanoseconds since 1970.
-struct FileStamp {
-  int nReason = 0;  // why there is no file, an errno value
-  std::uint64_t nDevice = 0;
-  std::uint64_t nInode = 0;
-  std::int64_t nSize = 0;
-  std::int64_t nModified = 0;
-  std::int64_t nChanged = 0;
-
-  bool operator==(const FileStamp&) const = default;
-
-  // Whether a later change is sure to give another stamp: the clock that
-  // dates files has moved on since the last one.
-  bool Settled() const;
-};
 
 // The file that keeps a registry, at a path of this system.
 class RegistryStore {
@@ -39,7 +24,7 @@ class RegistryStore {
 
   const std::string& Path() const { return sPath_; }
 
-  FileStamp Stamp() const;
+  FileStamp Stamp() const { return FileStamp::Of(sPath_); }
 
   // The whole file and the stamp it had when reading began; a file that does
   // not exist is empty and writable. Throws PlatformError when it cannot be

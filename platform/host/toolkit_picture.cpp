@@ -3,7 +3,6 @@
 #include <QBuffer>
 #include <QByteArray>
 #include <QFile>
-#include <QFileInfo>
 #include <QImageReader>
 #include <algorithm>
 #include <array>
@@ -13,9 +12,11 @@
 #include <string>
 #include <string_view>
 
+#include "platform/host/host_files.h"
 #include "platform/host/host_path.h"
 #include "platform/host/toolkit_icon.h"
 #include "platform/host/toolkit_measure.h"
+#include "platform/platform_error.h"
 
 // A static library's resources are lost unless they are asked for by name.
 static void InitResources() { Q_INIT_RESOURCE(trelin); }
@@ -88,27 +89,28 @@ QImage Decode(const QByteArray& bytes) {
   return pFormat == "ico"sv ? WithIconMask(image, bytes, nIndex) : image;
 }
 
-QByteArray ReadFile(const QString& path) {
-  if (QFileInfo(path).isDir()) throw std::runtime_error("it is a folder");
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error(FromQString(file.errorString()));
-  if (!QFileInfo(path).isFile()) throw std::runtime_error("it is no file");
-  if (file.size() == 0) throw std::runtime_error("the file is empty");
-  if (file.size() > MaxFileBytes) throw std::runtime_error("the file is too large for a picture");
-  return file.readAll();
+QByteArray ReadFile(InputFile& file) {
+  std::array<char, 4096> buffer;
+  QByteArray bytes;
+  while (const std::size_t nRead = file.Read(buffer.data(), buffer.size())) {
+    bytes.append(buffer.data(), static_cast<qsizetype>(nRead));
+    if (bytes.size() > MaxFileBytes)
+      throw std::runtime_error("the file is too large for a picture");
+  }
+  if (bytes.isEmpty()) throw std::runtime_error("the file is empty");
+  return bytes;
 }
 
 }  // namespace
 
 Picture Picture::LoadFromFile(const std::string& sPath) {
-  constexpr const char* Operation = "load the picture";
-  RefuseNul(Operation, sPath);
-  const std::string sHostPath = HostPath(sPath);
+  const std::unique_ptr<InputFile> file = OpenHostFile(sPath);
   try {
-    const QByteArray bytes = ReadFile(QString::fromStdString(sHostPath));
-    return Picture(std::make_shared<const Native>(Native{Decode(bytes)}));
+    return Picture(std::make_shared<const Native>(Native{Decode(ReadFile(*file))}));
+  } catch (const PlatformError&) {
+    throw;
   } catch (const std::runtime_error& reason) {
-    throw PlatformError(Operation, ShownPath(sHostPath), reason.what());
+    throw PlatformError("load the picture", ShownPath(HostPath(sPath)), reason.what());
   }
 }
 

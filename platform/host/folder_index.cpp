@@ -1,0 +1,52 @@
+#include "platform/host/folder_index.h"
+
+#include <filesystem>
+#include <system_error>
+#include <unordered_map>
+
+#include "platform/code_page.h"
+#include "platform/host/file_stamp.h"
+
+namespace trelin {
+
+namespace {
+
+struct FolderIndex {
+  std::string sFolder;
+  FileStamp stamp;
+  bool bSettled = false;                                 // an equal stamp means an unchanged folder
+  std::unordered_map<std::string, std::string> entries;  // by their names in upper case
+};
+
+FolderIndex ReadFolder(const std::string& sFolder) {
+  FolderIndex index{sFolder, FileStamp::Of(sFolder), false, {}};
+  index.bSettled = index.stamp.Settled();
+  std::error_code error;
+  std::filesystem::directory_iterator entry(sFolder, error);
+  for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+    const std::string sEntry = entry->path().filename().string();
+    const std::string sName = FromUtf8(sEntry);
+    if (ToUtf8(sName) != sEntry) continue;  // has a character that the code page lacks
+    const auto [place, bNew] = index.entries.try_emplace(UpperCase1252(sName), sEntry);
+    if (!bNew && sEntry < place->second) place->second = sEntry;
+  }
+  return index;
+}
+
+const FolderIndex& IndexOf(const std::string& sFolder) {
+  static FolderIndex last;
+  const bool bKnown =
+      last.bSettled && last.sFolder == sFolder && last.stamp == FileStamp::Of(sFolder);
+  if (!bKnown) last = ReadFolder(sFolder);
+  return last;
+}
+
+}  // namespace
+
+std::string FindFolderEntry(const std::string& sFolder, const std::string& sName) {
+  const auto& entries = IndexOf(sFolder.empty() ? "." : sFolder).entries;
+  const auto entry = entries.find(UpperCase1252(FromUtf8(sName)));
+  return entry == entries.end() ? "" : entry->second;
+}
+
+}  // namespace trelin
