@@ -56,6 +56,7 @@ class frmMainMenu : public Form {
 
   // main_menu_drawing.cpp
   void LoadIcons();
+  void LoadIcon(const std::string& sKey, const std::string& sImageFile);
   void ShowItems(std::int16_t& nFirst, std::int16_t nLast);
   void RefreshRows();
   void ShowItem(std::int16_t nItem, std::int16_t nRow);

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <map>
 
 #include "menu/main_menu.h"
 #include "startup/numbers.h"
@@ -67,14 +68,25 @@ std::string ImageKey(std::int32_t lItem) { return "n" + std::to_string(lItem); }
 }  // namespace
 
 void frmMainMenu::LoadIcons() {
+  std::map<std::string, std::string> keys;  // by file name: each file is read once
   const std::int32_t lCount = objSetupList->MenuItems().Count();
   for (std::int32_t i = 1; i <= lCount; ++i) {
-    try {
-      const std::string sFile = ProgramFile(objSetupList->MenuItems().Item(i)->ImageFile());
-      imlIcons.Add(ImageKey(i), Picture::LoadFromFile(sFile));
-    } catch (...) {
-      continue;  // the product keeps the default image
-    }
+    const std::string sImageFile = objSetupList->MenuItems().Item(i)->ImageFile();
+    const auto [key, bNew] = keys.try_emplace(sImageFile, ImageKey(i));
+    if (bNew)
+      LoadIcon(key->second, sImageFile);
+    else
+      imlIcons.AddAgain(ImageKey(i), key->second);
+  }
+}
+
+// A file that is missing or no picture adds nothing: the product keeps the
+// default image.
+void frmMainMenu::LoadIcon(const std::string& sKey, const std::string& sImageFile) {
+  try {
+    imlIcons.Add(sKey, Picture::LoadFromFile(ProgramFile(sImageFile)));
+  } catch (...) {
+    return;
   }
 }
 

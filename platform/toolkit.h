@@ -263,6 +263,10 @@ class ImageList {
   std::int16_t ImageHeight() const;  // pixels
 
   void Add(const std::string& sKey, const Picture& picture);
+
+  // Puts the picture under sOtherKey, if there is one, under sKey as well; it
+  // is kept once.
+  void AddAgain(const std::string& sKey, const std::string& sOtherKey);
   bool Contains(const std::string& sKey) const;
 
   // Draws the picture under sKey with its top left corner at the position in

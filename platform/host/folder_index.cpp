@@ -18,9 +18,8 @@ struct FolderIndex {
   std::unordered_map<std::string, std::string> entries;  // by their names in upper case
 };
 
-FolderIndex ReadFolder(const std::string& sFolder) {
-  FolderIndex index{sFolder, FileStamp::Of(sFolder), false, {}};
-  index.bSettled = index.stamp.Settled();
+FolderIndex ReadFolder(const std::string& sFolder, const FileStamp& stamp) {
+  FolderIndex index{sFolder, stamp, stamp.Settled(), {}};
   std::error_code error;
   std::filesystem::directory_iterator entry(sFolder, error);
   for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
@@ -33,20 +32,23 @@ FolderIndex ReadFolder(const std::string& sFolder) {
   return index;
 }
 
-const FolderIndex& IndexOf(const std::string& sFolder) {
+// Null when there is no such folder.
+const FolderIndex* IndexOf(const std::string& sFolder) {
   static FolderIndex last;
-  const bool bKnown =
-      last.bSettled && last.sFolder == sFolder && last.stamp == FileStamp::Of(sFolder);
-  if (!bKnown) last = ReadFolder(sFolder);
-  return last;
+  const FileStamp stamp = FileStamp::Of(sFolder);
+  if (stamp.nReason != 0) return nullptr;
+  if (!last.bSettled || last.sFolder != sFolder || last.stamp != stamp)
+    last = ReadFolder(sFolder, stamp);
+  return &last;
 }
 
 }  // namespace
 
-std::string FindFolderEntry(const std::string& sFolder, const std::string& sName) {
-  const auto& entries = IndexOf(sFolder.empty() ? "." : sFolder).entries;
-  const auto entry = entries.find(UpperCase1252(FromUtf8(sName)));
-  return entry == entries.end() ? "" : entry->second;
+std::optional<std::string> FindFolderEntry(const std::string& sFolder, const std::string& sName) {
+  const FolderIndex* index = IndexOf(sFolder.empty() ? "." : sFolder);
+  if (index == nullptr) return std::nullopt;
+  const auto entry = index->entries.find(UpperCase1252(FromUtf8(sName)));
+  return entry == index->entries.end() ? sName : entry->second;
 }
 
 }  // namespace trelin

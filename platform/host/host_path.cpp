@@ -1,8 +1,10 @@
 #include "platform/host/host_path.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstring>
 #include <filesystem>
+#include <optional>
 #include <system_error>
 
 #include "platform/code_page.h"
@@ -17,26 +19,29 @@ bool Exists(const std::string& sHostPath) {
   return std::filesystem::exists(std::filesystem::symlink_status(sHostPath, error));
 }
 
+// sWritten has slashes. Goes up only as far as the folders are not there as
+// they are written.
+std::string FindPath(const std::string& sWritten) {
+  const std::size_t nEnd = sWritten.find_last_not_of('/') + 1;  // before trailing slashes
+  if (nEnd == 0 || Exists(sWritten)) return sWritten;
+  const std::size_t nName = sWritten.rfind('/', nEnd - 1) + 1;
+  const std::string sName = sWritten.substr(nName, nEnd - nName);
+  std::string sFolder = sWritten.substr(0, nName);
+  std::optional<std::string> sEntry = FindFolderEntry(sFolder, sName);
+  if (!sEntry) {
+    sFolder = FindPath(sFolder);
+    sEntry = Exists(sFolder + sName) ? sName : FindFolderEntry(sFolder, sName);
+  }
+  return sFolder + sEntry.value_or(sName) + sWritten.substr(nEnd);
+}
+
 }  // namespace
 
 std::string HostPath(const std::string& sPath) {
   std::string sWritten = ToUtf8(sPath);
   std::replace(sWritten.begin(), sWritten.end(), '\\', '/');
-  if (sWritten.find('\0') != std::string::npos || Exists(sWritten)) return sWritten;
-
-  std::string sFound;
-  for (std::size_t nStart = 0; nStart < sWritten.size();) {
-    const std::size_t nEnd = std::min(sWritten.find('/', nStart), sWritten.size());
-    std::string sName = sWritten.substr(nStart, nEnd - nStart);
-    if (!sName.empty() && !Exists(sFound + sName)) {
-      sName = FindFolderEntry(sFound, sName);
-      if (sName.empty()) return sFound + sWritten.substr(nStart);
-    }
-    sFound += sName;
-    sFound.append(sWritten, nEnd, 1);  // the slash, if there is one
-    nStart = nEnd + 1;
-  }
-  return sFound;
+  const bool bNameable = sWritten.size() < PATH_MAX && sWritten.find('\0') == std::string::npos;
+  return bNameable ? FindPath(sWritten) : sWritten;
 }
 
 std::string ProgramPath(const std::string& sHostPath) {

@@ -8,13 +8,13 @@
 #include "platform/host/toolkit_measure.h"
 #include "platform/host/toolkit_native.h"
 #include "platform/host/toolkit_picture.h"
+#include "platform/host/toolkit_taskbar.h"
 
 namespace trelin {
 
 namespace {
 
 Qt::WindowFlags Flags(bool bShowInTaskbar) {
-  // Task bars leave out dialogs.
   return (bShowInTaskbar ? Qt::Window : Qt::Dialog) | Qt::CustomizeWindowHint |
          Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 }
@@ -38,7 +38,7 @@ class AtExit {
 FormWidget& FormOf(QWidget& widget) { return static_cast<FormWidget&>(*widget.window()); }
 
 FormWidget::FormWidget(Form& form, FormBorder border, bool bShowInTaskbar, QSize client)
-    : QWidget(nullptr, Flags(bShowInTaskbar)), form_(form) {
+    : QWidget(nullptr, Flags(bShowInTaskbar)), form_(form), bShowInTaskbar_(bShowInTaskbar) {
   border == FormBorder::FixedSingle ? setFixedSize(client) : resize(client);
   connect(qApp, &QApplication::focusChanged, this, [this] {
     if (default_) default_->update();  // it is drawn as default while it answers Enter
@@ -63,6 +63,7 @@ void FormWidget::ShowModal() {
 
 void FormWidget::Open() {
   show();
+  if (!bShowInTaskbar_) LeaveTaskbar(*this);
   activateWindow();
   FocusFirst();
 }

@@ -50,6 +50,7 @@ class FormWidget : public QWidget {
   void FocusFirst();
 
   Form& form_;
+  bool bShowInTaskbar_;
   bool bLoaded_ = false;
   ModalLoop* loop_ = nullptr;  // while shown
   QPointer<QPushButton> default_;

@@ -26,6 +26,13 @@ QImage WithoutColor(const QImage& picture, QRgb color) {
   return image;
 }
 
+// The mask colour is taken out before scaling mixes it with its neighbours.
+QImage Prepare(const QImage& own, QRgb mask, QSize size) {
+  const QImage image = own.hasAlphaChannel() ? own : WithoutColor(own, mask);
+  return image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+      .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 }  // namespace
 
 ImageList::ImageList(std::int16_t nWidthPixels, std::int16_t nHeightPixels, Color mask)
@@ -44,13 +51,14 @@ std::int16_t ImageList::ImageHeight() const {
   return static_cast<std::int16_t>(native_->size.height());
 }
 
-// The mask colour is taken out before scaling mixes it with its neighbours.
 void ImageList::Add(const std::string& sKey, const Picture& picture) {
-  const QImage& own = picture.Get().image;
-  const QImage image = own.hasAlphaChannel() ? own : WithoutColor(own, native_->mask);
-  native_->images.insert_or_assign(
-      sKey, image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
-                .scaled(native_->size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+  native_->images.insert_or_assign(sKey,
+                                   Prepare(picture.Get().image, native_->mask, native_->size));
+}
+
+void ImageList::AddAgain(const std::string& sKey, const std::string& sOtherKey) {
+  const auto other = native_->images.find(sOtherKey);
+  if (other != native_->images.end()) native_->images.insert_or_assign(sKey, other->second);
 }
 
 bool ImageList::Contains(const std::string& sKey) const { return native_->images.contains(sKey); }

@@ -324,12 +324,11 @@ TEST_F(MainMenuWindow, APictureThatDoesNotLoadLeavesTheDefaultIcon) {
       58);
   write("red.bmp", sRed);
   write("cut.bmp", sRed.substr(0, 40));
-  write("empty.bmp", "");
   system.sProgramFolder = folder.string();
   const std::string sSuite = system.sProgramFolder + "\\";
   libraries.files[sSuite + "ENU35000.DLL"] = libraries.files["C:\\Suite\\ENU35000.DLL"];
   std::string sText = "BLOCK SETUPLIST\n";
-  for (const char* sImage : {"red.bmp", "cut.bmp", "empty.bmp", "missing.bmp"})
+  for (const char* sImage : {"red.bmp", "missing.bmp", "cut.bmp", "red.bmp"})
     sText += "BLOCK APPLICATION\nPRODUCT = Product 1\nIMAGE = " + std::string(sImage) + "\nEND\n";
   system.files[sSuite + "TRELIN.CFG"] = sText;
 
@@ -339,11 +338,12 @@ TEST_F(MainMenuWindow, APictureThatDoesNotLoadLeavesTheDefaultIcon) {
       const PixelRect bounds = Driver::Bounds(box);
       return PixelAt(box, bounds.nWidth / 2 + 5, bounds.nHeight / 2 + 5);
     };
-    const Rgb standard = middle(boxes[3]);
-    EXPECT_EQ(middle(boxes[0]), (Rgb{255, 0, 0})) << "scaled to 32 by 32";
-    EXPECT_NE(standard, (Rgb{255, 0, 0}));
-    EXPECT_EQ(middle(boxes[1]), standard) << "truncated";
-    EXPECT_EQ(middle(boxes[2]), standard) << "empty";
+    const Rgb red{255, 0, 0};
+    const Rgb standard = middle(boxes[1]);
+    EXPECT_EQ(middle(boxes[0]), red) << "scaled to 32 by 32";
+    EXPECT_NE(standard, red);
+    EXPECT_EQ(middle(boxes[2]), standard) << "truncated";
+    EXPECT_EQ(middle(boxes[3]), red) << "the same file again";
   });
   std::filesystem::remove_all(folder);
 }
