@@ -28,8 +28,8 @@ xcb_atom_t Atom(xcb_connection_t* pConnection, std::string_view sName) {
 }  // namespace
 
 void LeaveTaskbar(const QWidget& window) {
+  if (QGuiApplication::platformName() != "xcb") return;
   const auto* pX11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  if (pX11 == nullptr) return;
   xcb_connection_t* pConnection = pX11->connection();
   xcb_client_message_event_t event{};
   event.response_type = XCB_CLIENT_MESSAGE;
