@@ -1,6 +1,9 @@
 #include "menu/list_model.h"
 
 #include <algorithm>
+#include <limits>
+#include <stdexcept>
+#include <string>
 #include <utility>
 
 #include "startup/numbers.h"
@@ -14,7 +17,11 @@ std::int16_t ItemNumber(std::int32_t lNumber) { return ToInt16(lNumber, "The pro
 }  // namespace
 
 std::int16_t ListModel::ItemCount() const {
-  return ToInt16(objSetupList_.MenuItems().Count(), "The number of products in the setup list");
+  const std::int32_t lCount = objSetupList_.MenuItems().Count();
+  if (lCount > std::numeric_limits<std::int16_t>::max())
+    throw std::overflow_error("The setup list names " + std::to_string(lCount) +
+                              " products, but the menu can show 32767 at the most.");
+  return static_cast<std::int16_t>(lCount);
 }
 
 void ListModel::Load() {

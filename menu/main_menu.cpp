@@ -52,6 +52,9 @@ void frmMainMenu::LayOutList() {
 }
 
 void frmMainMenu::LayOutRow(std::int16_t Index) {
+  // No key acts on a row or an icon, so Tab would seem to get lost there.
+  picListItem[Index].SetTabStop(false);
+  picIcon[Index].SetTabStop(false);
   const Twips labelRise = Index == 0 ? 15.0F : 0.0F;
   picListItem[Index].SetVisible(false);
   picListItem[Index].SetBounds(0, 1440.0F * static_cast<Twips>(Index), 6645, 1440);

@@ -85,6 +85,7 @@ class Control {
   // The control's place in the order that Tab follows, from 0. A control
   // without one is passed over.
   void SetTabIndex(std::int16_t nIndex);
+  void SetTabStop(bool bStop);  // false: Tab passes over it all the same
   void SetFocus();
   bool HasFocus() const;
 
@@ -236,7 +237,7 @@ class Timer {
   Timer& operator=(const Timer&) = delete;
 
   void SetInterval(std::int32_t lMilliseconds);
-  void SetEnabled(bool bEnabled);
+  void SetEnabled(bool bEnabled);  // an enabled one goes on as it was
   bool Enabled() const;
 
   std::function<void()> OnTimer;

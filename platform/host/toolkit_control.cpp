@@ -40,6 +40,8 @@ void Control::SetTabIndex(std::int16_t nIndex) {
   native_->area->setProperty(TabIndexProperty, static_cast<int>(nIndex));
 }
 
+void Control::SetTabStop(bool bStop) { native_->area->setProperty(TabStopProperty, bStop); }
+
 void Control::SetFocus() { FormOf(*native_->area).GiveFocus(*native_->area); }
 
 bool Control::HasFocus() const { return FormOf(*native_->area).focusWidget() == native_->area; }

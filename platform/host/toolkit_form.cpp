@@ -21,6 +21,11 @@ Qt::WindowFlags Flags(bool bShowInTaskbar) {
 
 int TabIndex(const QWidget* pWidget) { return pWidget->property(TabIndexProperty).toInt(); }
 
+bool IsTabStop(const QWidget& widget) {
+  const QVariant stop = widget.property(TabStopProperty);
+  return widget.property(TabIndexProperty).isValid() && (!stop.isValid() || stop.toBool());
+}
+
 // Runs its action when the scope is left, also by an exception.
 class AtExit {
  public:
@@ -122,8 +127,7 @@ bool FormWidget::AnswersEnter(const QPushButton& button) const {
 std::vector<QWidget*> FormWidget::TabOrder() const {
   std::vector<QWidget*> order;
   for (QWidget* pWidget : findChildren<QWidget*>()) {
-    if (pWidget->property(TabIndexProperty).isValid() && pWidget->isEnabled() &&
-        pWidget->isVisibleTo(this))
+    if (IsTabStop(*pWidget) && pWidget->isEnabled() && pWidget->isVisibleTo(this))
       order.push_back(pWidget);
   }
   std::stable_sort(order.begin(), order.end(),

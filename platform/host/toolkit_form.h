@@ -15,6 +15,9 @@ namespace trelin {
 // A control's place in the tab order, an int; without it there is none.
 constexpr const char* TabIndexProperty = "tabIndex";
 
+// False where Tab passes over a control that has a place, a bool.
+constexpr const char* TabStopProperty = "tabStop";
+
 // The window of a Form. It filters the keys of all its controls, so that
 // Enter, Esc and Tab are answered in one place.
 class FormWidget : public QWidget {

@@ -24,7 +24,9 @@ Timer::~Timer() = default;
 
 void Timer::SetInterval(std::int32_t lMilliseconds) { native_->timer.setInterval(lMilliseconds); }
 
-void Timer::SetEnabled(bool bEnabled) { bEnabled ? native_->timer.start() : native_->timer.stop(); }
+void Timer::SetEnabled(bool bEnabled) {
+  if (bEnabled != Enabled()) bEnabled ? native_->timer.start() : native_->timer.stop();
+}
 
 bool Timer::Enabled() const { return native_->timer.isActive(); }
 

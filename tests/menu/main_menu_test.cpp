@@ -22,6 +22,10 @@ TEST_F(MainMenuWindow, OpensWithTheListInFocusAndNothingSelected) {
     EXPECT_TRUE(Driver::HasFocus(MainMenu().picList));
     Driver::Type(Key::Enter);
     EXPECT_TRUE(MainMenu().Loaded());
+    Driver::Type(Key::Tab);
+    EXPECT_TRUE(Driver::HasFocus(MainMenu().VScroll));
+    Driver::Type(Key::Tab);
+    EXPECT_TRUE(Driver::HasFocus(MainMenu().cmdExit)) << "past the rows and disabled buttons";
     EXPECT_EQ(MainMenu().VScroll.Max(), 4);
     EXPECT_EQ(MainMenu().VScroll.LargeChange(), 4);
   });

@@ -102,8 +102,7 @@ TEST_F(StartUpWindow, MoreProductsThanTheMenuCanNumberAreRefused) {
   Main();
   ASSERT_EQ(system.messages.size(), 1U);
   EXPECT_EQ(system.messages[0].sText,
-            "The number of products in the setup list is 32768; it must lie between -32768 and "
-            "32767.");
+            "The setup list names 32768 products, but the menu can show 32767 at the most.");
 }
 
 TEST_F(StartUpWindow, AFailedStartShowsItsErrorAndNoWindow) {
