@@ -25,18 +25,7 @@ struct PixelRect {
 };
 std::ostream& operator<<(std::ostream& out, const PixelRect& rect);
 
-enum class Key { Enter, KeypadEnter, Escape, Tab, BackTab, Space, Up, Down, PageUp, PageDown };
-
-// A message box that is open.
-class OpenMessage {
- public:
-  virtual ~OpenMessage() = default;
-  virtual std::string Text() const = 0;
-  virtual std::string Title() const = 0;
-  virtual void Press(MessageAnswer button) = 0;
-  virtual void PressEscape() = 0;
-  virtual void Close() = 0;  // by its close box
-};
+enum class Key { Enter, KeypadEnter, Escape, Tab, Space, Down, PageDown };
 
 namespace Driver {
 
@@ -48,18 +37,17 @@ using Script = std::function<void()>;
 // test and is closed.
 void ShowModal(Form& form, const Script& script);
 
-// The same for the next window that the program shows by itself; for one that
-// did not come, the script waits on until it is forgotten.
+// The same for the next window or message box that the program shows by
+// itself, also from within a handler; for one that did not come, the script
+// waits on until it is forgotten.
 void WhenWindowOpens(const Script& script);
 void ForgetScripts();
-
-// Runs the script when the next message box is up; closes the box if the
-// script has not. To be called before the action that opens it.
-void WhenMessageOpens(const std::function<void(OpenMessage&)>& script);
 
 // The platform's own message box.
 MessageAnswer ShowMessage(const std::string& sText, MessageButtons buttons,
                           const std::string& sTitle);
+std::string MessageText();          // of the message box that is in use
+void Answer(MessageAnswer button);  // clicks on it there
 
 void Wait(int nMilliseconds);  // events are delivered meanwhile
 
@@ -76,7 +64,7 @@ void TurnWheel(const Control& control, int nNotches);  // over its middle; below
 void Type(Key key);
 void TypeAccessKey(char c);  // with Alt
 
-std::string WindowTitle();  // of the window that is in use, no message box
+std::string WindowTitle();  // of the window that is in use
 void CloseWindow();         // by its close box
 
 // What an accessibility client is told.

@@ -119,6 +119,4 @@ void ProgramTest::Record(const std::string& sName, const std::string& sText) {
   objReg.SetString(sName, sText);
 }
 
-void ProgramTest::RemoveRecord(const std::string& sName) { Record(sName, ""); }
-
 }  // namespace trelin

@@ -71,9 +71,8 @@ class ProgramTest : public ::testing::Test {
  protected:
   ProgramTest();
 
-  // The value of the installation log, as an installer would write it.
+  // Writes a value of the installation log; an empty text removes it.
   void Record(const std::string& sName, const std::string& sText);
-  void RemoveRecord(const std::string& sName);
 
   MemoryRegistry registry;
   FakeLibraries libraries;

@@ -2,11 +2,14 @@
 
 #include <QFont>
 #include <QFontDatabase>
+#include <QIcon>
 #include <QPalette>
+#include <QPixmap>
 #include <QStringList>
 #include <QStyleFactory>
 
 #include "platform/host/toolkit_measure.h"
+#include "platform/host/toolkit_picture.h"
 
 namespace trelin {
 
@@ -55,6 +58,8 @@ void ToolkitAfterApplication(QApplication& application) {
   QApplication::setStyle(QStyleFactory::create("Windows"));
   QApplication::setPalette(ClassicPalette());
   QApplication::setFont(ProgramFont());
+  // Of message boxes that no window owns.
+  QApplication::setWindowIcon(QIcon(QPixmap::fromImage(Picture::ProgramIcon().Get().image)));
 }
 
 }  // namespace trelin

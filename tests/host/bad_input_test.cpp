@@ -100,21 +100,9 @@ TEST_F(BadInputWindow, GetsAClearAnswer) {
       {"nothing is broken", [] {}, sMenu, ""},
       {"no setup list", [&] { remove("TRELIN.CFG"); }, sAgreement + "Trelin: Could not open",
        "TRELIN.CFG\": No such file"},
-      {"a folder for a setup list",
-       [&] {
-         remove("TRELIN.CFG");
-         std::filesystem::create_directory(folder / "TRELIN.CFG");
-       },
-       sAgreement + "Trelin: Could not open", "TRELIN.CFG\": "},
       {"a setup list of zeros", [&] { folder.Write("TRELIN.CFG", std::string(5000, '\0')); },
        sAgreement + "BlockParse.GetToken: Line 1 of the setup list", ""},
       {"no string library", [&] { remove("ENU35000.DLL"); }, sNoLibrary, ""},
-      {"no string library, nor where the settings say",
-       [&] {
-         remove("ENU35000.DLL");
-         folder.Write("registry.reg", sSettings);
-       },
-       sNoLibrary, ""},
       {"a string library in the installation",
        [&] {
          remove("ENU35000.DLL");
@@ -138,13 +126,6 @@ TEST_F(BadInputWindow, GetsAClearAnswer) {
     folder.Write("TRELIN.CFG", "BLOCK SETUPLIST");
     folder.Write("ENU35000.DLL", sLibrary);
   }
-}
-
-TEST_F(BadInputWindow, ADamagedRegistryFileIsLeftAsItIs) {
-  folder.Write("registry.reg", "Windows Registry Editor Version 5.00\n\n[HKEY_LOCAL_MACHINE\\A\n");
-  Run();
-  EXPECT_EQ(ReadFile(folder / "registry.reg"),
-            "Windows Registry Editor Version 5.00\n\n[HKEY_LOCAL_MACHINE\\A\n");
 }
 
 }  // namespace

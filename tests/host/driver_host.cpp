@@ -37,6 +37,10 @@ constexpr auto LongestShown = 10s;
 constexpr int RepaintMilliseconds = 30;
 constexpr int WheelNotch = 120;
 
+// In the order of Key.
+constexpr Qt::Key QtKeys[] = {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape,  Qt::Key_Tab,
+                              Qt::Key_Space,  Qt::Key_Down,  Qt::Key_PageDown};
+
 QWidget& Area(const Control& control) { return *control.Get().area; }
 
 QWindow& WindowOf(const Control& control) { return *Area(control).window()->windowHandle(); }
@@ -112,78 +116,16 @@ void WatchFor(QWidget* pWindow) {
   pTimer->start();
 }
 
-class HostMessage : public OpenMessage {
- public:
-  explicit HostMessage(QMessageBox& box) : box_(&box) {}
-
-  std::string Text() const override { return FromQString(box_->text()); }
-  std::string Title() const override { return FromQString(box_->windowTitle()); }
-  void Press(MessageAnswer button) override {
-    QTest::mouseClick(box_->windowHandle(), Qt::LeftButton, {}, MiddleOf(button));
-  }
-  void PressEscape() override { QTest::keyClick(box_->windowHandle(), Qt::Key_Escape); }
-  void Close() override { box_->close(); }
-
-  bool IsOpen() const { return box_ && box_->isVisible(); }
-
- private:
-  QPoint MiddleOf(MessageAnswer button) const {
-    const auto standard = button == MessageAnswer::Yes  ? QMessageBox::Yes
-                          : button == MessageAnswer::No ? QMessageBox::No
-                                                        : QMessageBox::Ok;
-    const QAbstractButton* pButton = box_->button(standard);
-    if (pButton == nullptr) {
-      ADD_FAILURE() << "the message box has no such button";
-      return {};
-    }
-    return pButton->mapTo(box_.data(), pButton->rect().center());
-  }
-
-  QPointer<QMessageBox> box_;
-};
-
-void RunMessageScript(QMessageBox& box, const std::function<void(OpenMessage&)>& script) {
-  HostMessage message(box);
-  RunScript([&] { script(message); });
-  if (message.IsOpen()) message.Close();
-}
-
 // Closes the window as a user does, unless it is closed.
 void RunWindowScript(const QPointer<QWidget>& window, const Driver::Script& script) {
   RunScript(script);
   if (window && window->isVisible()) window->close();
 }
 
-void SendKey(int key, Qt::KeyboardModifiers modifiers = {}) {
+void SendKey(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
   QWidget* const pWindow = UsedWindow();
   ASSERT_NE(pWindow, nullptr) << "no window takes a key";
-  QTest::keyClick(pWindow->windowHandle(), static_cast<Qt::Key>(key), modifiers);
-}
-
-int ToQtKey(Key key) {
-  switch (key) {
-    case Key::Enter:
-      return Qt::Key_Return;
-    case Key::KeypadEnter:
-      return Qt::Key_Enter;
-    case Key::Escape:
-      return Qt::Key_Escape;
-    case Key::Tab:
-      return Qt::Key_Tab;
-    case Key::BackTab:
-      return Qt::Key_Backtab;
-    case Key::Space:
-      return Qt::Key_Space;
-    case Key::Up:
-      return Qt::Key_Up;
-    case Key::Down:
-      return Qt::Key_Down;
-    case Key::PageUp:
-      return Qt::Key_PageUp;
-    case Key::PageDown:
-      return Qt::Key_PageDown;
-  }
-  return Qt::Key_unknown;
+  QTest::keyClick(pWindow->windowHandle(), key, modifiers);
 }
 
 // What the window has put on the screen, once it has painted what it was asked to.
@@ -224,19 +166,25 @@ void Driver::ForgetScripts() {
     delete pTimer;
 }
 
-void Driver::WhenMessageOpens(const std::function<void(OpenMessage&)>& script) {
-  QWidget* const pWindow = UsedWindow();  // which the script does not outlive
-  Poll(pWindow != nullptr ? static_cast<QObject*>(pWindow) : qApp, [script] {
-    auto* pBox = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (pBox == nullptr || !IsUp(pBox)) return false;
-    RunMessageScript(*pBox, script);
-    return true;
-  });
-}
-
 MessageAnswer Driver::ShowMessage(const std::string& sText, MessageButtons buttons,
                                   const std::string& sTitle) {
   return ShowMessageBox(sText, MessageIcon::Information, buttons, sTitle);
+}
+
+std::string Driver::MessageText() {
+  const auto* pBox = qobject_cast<QMessageBox*>(UsedWindow());
+  return pBox != nullptr ? FromQString(pBox->text()) : "";
+}
+
+void Driver::Answer(MessageAnswer button) {
+  const auto* pBox = qobject_cast<QMessageBox*>(UsedWindow());
+  ASSERT_NE(pBox, nullptr) << "no message box is in use";
+  const QAbstractButton* pButton = pBox->button(button == MessageAnswer::Yes  ? QMessageBox::Yes
+                                                : button == MessageAnswer::No ? QMessageBox::No
+                                                                              : QMessageBox::Ok);
+  ASSERT_NE(pButton, nullptr) << "the message box has no such button";
+  QTest::mouseClick(pBox->windowHandle(), Qt::LeftButton, {},
+                    pButton->mapTo(pBox, pButton->rect().center()));
 }
 
 void Driver::Wait(int nMilliseconds) { QTest::qWait(nMilliseconds); }
@@ -272,12 +220,13 @@ void Driver::TurnWheel(const Control& control, int nNotches) {
 }
 
 void Driver::Type(Key key) {
-  SendKey(ToQtKey(key), key == Key::KeypadEnter ? Qt::KeypadModifier : Qt::NoModifier);
+  SendKey(QtKeys[static_cast<int>(key)],
+          key == Key::KeypadEnter ? Qt::KeypadModifier : Qt::NoModifier);
 }
 
 // Qt clicks a button a moment after its access key.
 void Driver::TypeAccessKey(char c) {
-  SendKey(Qt::Key_A + (c - 'A'), Qt::AltModifier);
+  SendKey(static_cast<Qt::Key>(Qt::Key_A + (c - 'A')), Qt::AltModifier);
   Wait(200);
 }
 

@@ -5,17 +5,20 @@
 
 #include <filesystem>
 #include <fstream>
-#include <stdexcept>
+#include <iterator>
 #include <string>
 
 namespace trelin {
 
+inline std::string FileBytes(const std::string& sPath) {
+  std::ifstream file(sPath, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
 // A new folder; removed with all that is in it. Paths are UTF-8.
 class TemporaryFolder {
  public:
-  TemporaryFolder() : sPath_(testing::TempDir() + "trelin-XXXXXX") {
-    if (mkdtemp(sPath_.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  }
+  TemporaryFolder() { EXPECT_NE(mkdtemp(sPath_.data()), nullptr); }
   ~TemporaryFolder() { std::filesystem::remove_all(sPath_); }
   TemporaryFolder(const TemporaryFolder&) = delete;
 
@@ -27,7 +30,7 @@ class TemporaryFolder {
   }
 
  private:
-  std::string sPath_;
+  std::string sPath_ = testing::TempDir() + "trelin-XXXXXX";
 };
 
 }  // namespace trelin

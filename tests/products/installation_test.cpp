@@ -16,10 +16,6 @@ class Installation : public ProgramTest {
     item.Initialize();
     item.LoadFromFile(parser);
   }
-
-  void RecordIfGiven(const std::string& sName, const char* sText) {
-    if (sText != nullptr) Record(sName, sText);
-  }
 };
 
 TEST_F(Installation, TheRecordDecidesStatusAndPrerequisite) {
@@ -33,16 +29,12 @@ TEST_F(Installation, TheRecordDecidesStatusAndPrerequisite) {
       {nullptr, nullptr, "35015", false, "35039(Runtime)"},
       {nullptr, "C:\\present", "35015", false, "35036(Runtime)"},
       {nullptr, "C:\\missing", "35032", false, "35038(Runtime)"},
-      {"  ", "C:\\present", "35015", false, "35036(Runtime)"},
       {" 2.9 ", nullptr, "35016", false, "35039(Runtime)"},
       {" 2.9 ", "C:\\present", "35016", false, nullptr},
       {"2.9", "C:\\missing", "35032", false, "35038(Runtime)"},
-      {"2.8", nullptr, "35017", false, "35039(Runtime)"},
       {"2.8", "C:\\present", "35017", false, "35037(2.9|Runtime|2.8)"},
       {"2.8", "C:\\missing", "35032", false, "35038(Runtime)"},
       {"2.10", "C:\\present", "35017", false, "35037(2.9|Runtime|2.10)"},
-      {"2.", "C:\\present", "35017", false, "35037(2.9|Runtime|2.)"},
-      {"10.0", "C:\\present", "35017", false, "35037(2.9|Runtime|10.0)"},
       {"2.9.1", "C:\\present", "35018", true, nullptr},
       {"2.9.1", nullptr, "35018", true, "35039(Runtime)"},
       {"2.9a", "C:\\missing", "35032", true, "35038(Runtime)"},
@@ -50,8 +42,8 @@ TEST_F(Installation, TheRecordDecidesStatusAndPrerequisite) {
   };
   for (const auto& c : cases) {
     Record("other", "x");  // the log itself is there
-    RecordIfGiven("RUNTIME", c.sInstalled);
-    RecordIfGiven("RUNTIMECheckFile", c.sCheckFile);
+    Record("RUNTIME", c.sInstalled ? c.sInstalled : "");
+    Record("RUNTIMECheckFile", c.sCheckFile ? c.sCheckFile : "");
     const std::string sCase = std::string(c.sInstalled ? c.sInstalled : "none") + ", check file " +
                               (c.sCheckFile ? c.sCheckFile : "none");
     MenuItem item;
@@ -64,8 +56,6 @@ TEST_F(Installation, TheRecordDecidesStatusAndPrerequisite) {
     Read(dependency, "PRODUCTCODE = RUNTIME\nREVISION = 2.9\nTITLE = Runtime\n");
     EXPECT_EQ(dependency.CheckDependency(), c.sReason == nullptr) << sCase;
     EXPECT_EQ(dependency.LastError(), c.sReason ? c.sReason : "") << sCase;
-    RemoveRecord("RUNTIME");
-    RemoveRecord("RUNTIMECheckFile");
   }
   EXPECT_EQ(registry.OpenHandles(), 0U);
 }
@@ -130,7 +120,7 @@ TEST_F(Installation, TheFirstUnmetPrerequisiteStopsTheCheckAndOldTextsStay) {
   }
   EXPECT_FALSE(item.CheckDependencies());
   EXPECT_EQ(item.LastError(), "35039(C)");
-  RemoveRecord("BCheckFile");
+  Record("BCheckFile", "");
   EXPECT_FALSE(item.CheckDependencies());
   EXPECT_EQ(item.LastError(), "35039(C)") << "C was not checked again and keeps its text";
   item.ClearError();

@@ -23,16 +23,6 @@ class SetupListTest : public ProgramTest {
   SetupList list;
 };
 
-TEST_F(SetupListTest, StartsEmptyAndStoresItsNumbersAsTheyAre) {
-  EXPECT_EQ(list.MenuItems().Count(), 0);
-  EXPECT_EQ(list.TopIndex(), 0);
-  EXPECT_EQ(list.CurrentIndex(), 0);
-  EXPECT_EQ(list.DisplayItems(), 4);
-  EXPECT_TRUE(list.CheckDependencies());
-  list.SetTopIndex(-5);
-  EXPECT_EQ(list.TopIndex(), -5);
-}
-
 TEST_F(SetupListTest, ReadsAWholeFile) {
   Load(
       "; Setup list of the suite\r\n"
@@ -70,9 +60,7 @@ TEST_F(SetupListTest, AFaultIsReportedWithItsLine) {
   } cases[] = {
       {"", 5001, "35009", "35011(0)", 0},
       {";\n;\n", 5001, "35009", "35011(2)", 0},
-      {"\nTITLE = x\n", 5001, "35009", "35011(2)", 0},
       {"BLOCK APPLICATION\n", 5001, "35009", "35010(BLOCK|1|SETUPLIST|APPLICATION)", 0},
-      {"BLOCK\n", 5001, "35009", "35010(BLOCK|1|SETUPLIST|)", 0},
       {"BLOCK SETUPLIST\nBLOCK DEPENDENCY\n", 5001, "35009",
        "35010(BLOCK|2|APPLICATION|DEPENDENCY)", 0},
       {"BLOCK SETUPLIST\nBLOCK APPLICATION\nEND\nBLOCK APPLICATION\nBLOCK prerequisite x\n", 5001,
@@ -80,7 +68,6 @@ TEST_F(SetupListTest, AFaultIsReportedWithItsLine) {
       {"BLOCK SETUPLIST\nBLOCK APPLICATION\nBLOCK DEPENDENCY\nBLOCK DEPENDENCY\n", 5001, "35009",
        "35005(4|DEPENDENCY)", 0},
       {"BLOCK SETUPLIST\nEND\n; fine\nBLOCK SETUPLIST\n", 5001, "35009", "35012(4)", 0},
-      {"BLOCK SETUPLIST\nEND\nEND\n", 5001, "35009", "35012(3)", 0},
       {"BLOCK SETUPLIST\nBLOCK APPLICATION\nSetup\n", 5000, "BlockParse.GetToken", "35008(3)", 0},
       {"BLOCK SETUPLIST\nEND\nSetup\n", 5000, "BlockParse.GetToken", "35008(3)", 0},
   };

@@ -17,10 +17,8 @@ TEST_F(StartUpWindow, TheAgreementIsAcceptedByYesAlone) {
     bool bAccepted;
   } cases[] = {
       {"Enter at once", [] { Driver::Type(Key::Enter); }, true},
-      {"Alt+Y", [] { Driver::TypeAccessKey('Y'); }, true},
       {"Yes", [] { Driver::Click(Agreement().cmdYes); }, true},
       {"Esc", [] { Driver::Type(Key::Escape); }, false},
-      {"Alt+N", [] { Driver::TypeAccessKey('N'); }, false},
       {"Enter on No",
        [] {
          Driver::Type(Key::Tab);
@@ -55,32 +53,13 @@ TEST_F(StartUpWindow, AWindowOpensInTheMiddleOfTheScreen) {
   });
 }
 
-TEST_F(StartUpWindow, AFaultThatReachesMainIsShownWithItsSource) {
-  const struct {
-    const char *sCase, *sText;
-    ShownMessage message;
-  } cases[] = {
-      {"format fault",
-       "BLOCK X",
-       {"35010(BLOCK|1|SETUPLIST|X)", MessageIcon::Critical, MessageButtons::Ok, "35009"}},
-      {"bad line",
-       "x",
-       {"35008(1)", MessageIcon::Critical, MessageButtons::Ok, "BlockParse.GetToken"}},
-      {"missing list",
-       nullptr,
-       {"Could not open the file \"C:\\Suite\\TRELIN.CFG\": there is no "
-        "such file.",
-        MessageIcon::Critical, MessageButtons::Ok, "Trelin"}},
-  };
-  for (const auto& c : cases) {
-    system.files.clear();
-    if (c.sText != nullptr) system.files[sList] = c.sText;
-    system.messages.clear();
-    Driver::WhenWindowOpens([] { Driver::Type(Key::Enter); });
-    Main();
-    EXPECT_EQ(system.messages, std::vector{c.message}) << c.sCase;
-    EXPECT_EQ(system.nOpenFiles, 0) << c.sCase;
-  }
+TEST_F(StartUpWindow, AFaultInTheSetupListIsShownWithItsSource) {
+  system.files[sList] = "BLOCK X";
+  Driver::WhenWindowOpens([] { Driver::Type(Key::Enter); });
+  Main();
+  const ShownMessage expected{"35010(BLOCK|1|SETUPLIST|X)", MessageIcon::Critical,
+                              MessageButtons::Ok, "35009"};
+  EXPECT_EQ(system.messages, std::vector{expected});
 }
 
 TEST_F(StartUpWindow, AnErrorOutOfAHandlerEndsTheProgramWithAMessage) {
@@ -94,30 +73,12 @@ TEST_F(StartUpWindow, AnErrorOutOfAHandlerEndsTheProgramWithAMessage) {
   EXPECT_EQ(system.messages, std::vector{expected});
 }
 
-TEST_F(StartUpWindow, MoreProductsThanTheMenuCanNumberAreRefused) {
-  std::string sText = "BLOCK SETUPLIST\n";
-  for (int i = 0; i < 32768; ++i) sText += "BLOCK APPLICATION\nEND\n";
-  system.files[sList] = sText;
-  Driver::WhenWindowOpens([] { Driver::Type(Key::Enter); });
-  Main();
-  ASSERT_EQ(system.messages.size(), 1U);
-  EXPECT_EQ(system.messages[0].sText,
-            "The setup list names 32768 products, but the menu can show 32767 at the most.");
-}
-
 TEST_F(StartUpWindow, AFailedStartShowsItsErrorAndNoWindow) {
   registry.RefuseAccess("HKEY_LOCAL_MACHINE\\SOFTWARE");
   const ShownMessage refused{"35002(SOFTWARE)", MessageIcon::Information, MessageButtons::Ok,
                              "Error at RegEntry.CreateInternal"};
   Main();
   EXPECT_EQ(system.messages, std::vector{refused});
-
-  system.messages.clear();
-  libraries.files.clear();
-  Main();
-  ASSERT_EQ(system.messages.size(), 1U);
-  EXPECT_EQ(system.messages[0].sTitle, "Error at Trelin");
-  EXPECT_EQ(system.messages[0].icon, MessageIcon::Information);
 }
 
 }  // namespace

@@ -37,12 +37,6 @@ TEST_F(StringResources, ANumberNamesItsLibrary) {
   }
 }
 
-TEST_F(StringResources, LocalesHaveLanguageCodes) {
-  const std::pair<std::int32_t, const char*> cases[] = {{-1, "PIG"},   {1033, "ENU"}, {1028, "CHT"},
-                                                        {6153, "ENI"}, {1045, "ENU"}, {0, "ENU"}};
-  for (const auto& [lId, sCode] : cases) EXPECT_EQ(LanguageCodeFromLocale(lId), sCode) << lId;
-}
-
 TEST_F(StringResources, ALibraryInTheProgramsFolderIsLoadedOnceWithoutTheRegistry) {
   EXPECT_EQ(LoadResourceString(35015), "35015");
   EXPECT_EQ(LoadResourceString(35016), "35016");
