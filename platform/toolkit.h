@@ -166,9 +166,10 @@ struct LabelFont {
   bool bUnderline = false;
 };
 
-// A text that lets its container's background through; wraps at its width,
-// shows an ampersand as one, and can be read by an accessibility client. With
-// an empty OnMouseDown the pointer goes through to the container.
+// A text that lets its container's background through, shows an ampersand as
+// one, and can be read by an accessibility client. It wraps at its width; lines
+// that do not fit whole are not shown. With an empty OnMouseDown the pointer
+// goes through to the container.
 class Label : public Control {
  public:
   explicit Label(Control& container);

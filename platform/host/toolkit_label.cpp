@@ -2,6 +2,8 @@
 #include <QFont>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
 #include <memory>
 
 #include "platform/host/toolkit_events.h"
@@ -17,12 +19,17 @@ class LabelWidget : public QLabel {
  public:
   LabelWidget(Label& label, QWidget* pContainer) : QLabel(pContainer), label_(label) {
     setTextFormat(Qt::PlainText);
-    setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    setWordWrap(true);
     setMouseTracking(true);
   }
 
  protected:
+  void paintEvent(QPaintEvent* /*pEvent*/) override {
+    const int nLineHeight = fontMetrics().lineSpacing();
+    const int nLines = std::max(1, height() / nLineHeight);
+    QPainter painter(this);
+    painter.setClipRect(0, 0, width(), nLines * nLineHeight);
+    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, text());
+  }
   void mousePressEvent(QMouseEvent* pEvent) override {
     KeepFromContainer(*pEvent);
     DispatchInput(label_.OnMouseDown);
