@@ -1,0 +1,8 @@
+set(CMAKE_C_COMPILER ${TRELIN_MINGW}-gcc-posix)  # GoogleTest asks for one
+set(CMAKE_CXX_COMPILER ${TRELIN_MINGW}-g++-posix)
+set(CMAKE_RC_COMPILER ${TRELIN_MINGW}-windres)
+# Tools are this machine's; headers and libraries are not.
+set(CMAKE_FIND_ROOT_PATH /usr/${TRELIN_MINGW})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
