@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "platform/code_page.h"
-#include "platform/host/command_line.h"
+#include "platform/command_line.h"
 #include "platform/host/host_files.h"
 #include "platform/host/host_path.h"
 
@@ -188,13 +188,12 @@ void StartHostProgram(const std::string& sCommandLine) {
   RefuseNul(StartOperation, sCommandLine);
   const CommandLine command = ResolveCommandLine(sCommandLine, IsFile);
   const std::string sHostPath = HostPath(command.sProgram);
-  const int lReason = StartDetached(sHostPath, command.arguments);
+  const int lReason = StartDetached(sHostPath, SplitArguments(command.sArguments));
   if (lReason == 0) return;
   // Where nothing that is there was named, the program may be any leading
   // part of the command line: the message then shows all of it.
   const bool bUnknown = lReason == ENOENT && !IsFile(command.sProgram);
-  const bool bQuoted = sCommandLine.find('"') == sCommandLine.find_first_not_of(' ');
-  const std::string sShown = bUnknown && !bQuoted ? HostPath(sCommandLine) : sHostPath;
+  const std::string sShown = bUnknown && !command.bQuoted ? HostPath(sCommandLine) : sHostPath;
   throw PlatformError(StartOperation, ShownPath(sShown), StartReason(sHostPath, lReason));
 }
 

@@ -1,4 +1,4 @@
-#include "platform/host/command_line.h"
+#include "platform/command_line.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -8,6 +8,8 @@ namespace trelin {
 namespace {
 
 const char* const Blanks = " \t";
+
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 
 // The end of the longest leading part of sText that is a file. A part neither
 // ends with a space nor, as sText does not, begins with one.
@@ -52,7 +54,6 @@ class ArgumentReader {
   }
 
  private:
-  static bool IsBlank(char c) { return c == ' ' || c == '\t'; }
   bool IsQuote(std::size_t nAt) const { return nAt < sText_.size() && sText_[nAt] == '"'; }
 
   // Leaves a quote that the backslashes do not take as an ordinary character.
@@ -69,13 +70,6 @@ class ArgumentReader {
   std::size_t nNext_ = 0;
 };
 
-std::vector<std::string> SplitArguments(const std::string& sText) {
-  std::vector<std::string> arguments;
-  ArgumentReader reader(sText);
-  while (reader.SkipBlanks()) arguments.push_back(reader.Next());
-  return arguments;
-}
-
 }  // namespace
 
 CommandLine ResolveCommandLine(const std::string& sCommandLine,
@@ -84,11 +78,27 @@ CommandLine ResolveCommandLine(const std::string& sCommandLine,
   const std::string sText = sCommandLine.substr(nStart);
   if (!sText.starts_with('"')) {
     const std::size_t nEnd = UnquotedProgramEnd(sText, isFile);
-    return {sText.substr(0, nEnd), SplitArguments(sText.substr(nEnd))};
+    return {sText.substr(0, nEnd), false, sText.substr(nEnd)};
   }
   const std::size_t nClosing = std::min(sText.find('"', 1), sText.size());
   const std::size_t nRest = std::min(nClosing + 1, sText.size());
-  return {sText.substr(1, nClosing - 1), SplitArguments(sText.substr(nRest))};
+  return {sText.substr(1, nClosing - 1), true, sText.substr(nRest)};
+}
+
+std::string TextAfterProgram(const std::string& sCommandLine) {
+  bool bQuoted = false;
+  std::size_t nEnd = 0;
+  for (; nEnd < sCommandLine.size() && (bQuoted || !IsBlank(sCommandLine[nEnd])); ++nEnd)
+    if (sCommandLine[nEnd] == '"') bQuoted = !bQuoted;
+  return sCommandLine.substr(
+      std::min(sCommandLine.find_first_not_of(Blanks, nEnd), sCommandLine.size()));
+}
+
+std::vector<std::string> SplitArguments(const std::string& sText) {
+  std::vector<std::string> arguments;
+  ArgumentReader reader(sText);
+  while (reader.SkipBlanks()) arguments.push_back(reader.Next());
+  return arguments;
 }
 
 }  // namespace trelin

@@ -1,4 +1,4 @@
-#include "platform/host/command_line.h"
+#include "platform/command_line.h"
 
 #include <gtest/gtest.h>
 
@@ -23,8 +23,19 @@ TEST(CommandLineTest, TakesCommandLinesApart) {
   for (const auto& [sText, sProgram, arguments] : cases) {
     const CommandLine command = ResolveCommandLine(sText, isFile);
     EXPECT_EQ(command.sProgram, sProgram) << sText;
-    EXPECT_EQ(command.arguments, arguments) << sText;
+    EXPECT_EQ(SplitArguments(command.sArguments), arguments) << sText;
   }
+}
+
+TEST(CommandLineTest, LeavesTheTextBehindTheProgramAsItIs) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"", ""},
+      {"C:\\a.exe", ""},
+      {"C:\\a.exe \t D:\\My  Suite ", "D:\\My  Suite "},
+      {"\"C:\\My Suite\\a.exe\"  \"D:\\x y\"", "\"D:\\x y\""},
+      {"\"C:\\My Suite\\a\".exe x", "x"},
+  };
+  for (const auto& [sText, sRest] : cases) EXPECT_EQ(TextAfterProgram(sText), sRest) << sText;
 }
 
 }  // namespace
