@@ -1,1 +1,67 @@
+#include <objbase.h>
 #include <windows.h>
+
+#include <cstdlib>
+#include <exception>
+#include <string>
+
+#include "platform/entry.h"
+#include "platform/platform.h"
+#include "platform/windows/library_loading.h"
+#include "platform/windows/windows_registry.h"
+#include "platform/windows/windows_string_library.h"
+#include "platform/windows/windows_system.h"
+
+namespace trelin {
+
+namespace {
+
+// Pictures and the taskbar need COM. Where it does not come up, they fail by
+// themselves.
+class ComSetup {
+ public:
+  ComSetup() : lResult_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
+  ~ComSetup() {
+    if (SUCCEEDED(lResult_)) CoUninitialize();
+  }
+  ComSetup(const ComSetup&) = delete;
+  ComSetup& operator=(const ComSetup&) = delete;
+
+ private:
+  HRESULT lResult_;
+};
+
+}  // namespace
+
+int& ExitCode() {
+  static int nExitCode = 0;
+  return nExitCode;
+}
+
+std::string ProgramName() {
+  const std::string sPath = ProgramPath();
+  return sPath.substr(sPath.rfind('\\') + 1);
+}
+
+}  // namespace trelin
+
+// The library's own one names the exception: that takes 70 KB of the program.
+void __gnu_cxx::__verbose_terminate_handler() { std::abort(); }
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+  trelin::RestrictLibraryLoading();
+  try {
+    // A drive without a disk holds no files; the system is not to ask for one.
+    SetThreadErrorMode(SEM_FAILCRITICALERRORS, nullptr);
+    const trelin::ComSetup com;
+    trelin::WindowsRegistry registry;
+    trelin::WindowsStringLibraryLoader libraries;
+    trelin::WindowsSystem system;
+    trelin::UsePlatform({&registry, &libraries, &system});
+    trelin::Main();
+    return trelin::ExitCode();
+  } catch (const std::exception& error) {
+    MessageBoxA(nullptr, error.what(), trelin::ProgramName().c_str(), MB_ICONERROR);
+    return 1;
+  }
+}

@@ -7,9 +7,9 @@ namespace trelin {
 
 std::string SystemReason(DWORD lReason) {
   std::array<char, 512> buffer{};
-  const DWORD nLength = FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS |
-                                           FORMAT_MESSAGE_MAX_WIDTH_MASK,
-                                       nullptr, lReason, 0, buffer.data(), buffer.size(), nullptr);
+  const DWORD nLength = FormatMessageA(
+      FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK,
+      nullptr, lReason, 0, buffer.data(), buffer.size(), nullptr);
   const std::string sText(buffer.data(), nLength);
   const std::string sReason = sText.substr(0, sText.find_last_not_of(" .") + 1);
   return sReason.empty() ? "error " + std::to_string(lReason) : sReason;

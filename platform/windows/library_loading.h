@@ -1,0 +1,10 @@
+#pragma once
+
+namespace trelin {
+
+// From now on the system takes the libraries that it or the program asks for
+// by name from its own folder alone: one that somebody has put beside the
+// program or into the current folder does not run with the program's rights.
+void RestrictLibraryLoading();
+
+}  // namespace trelin

@@ -1,0 +1,71 @@
+#include "platform/windows/windows_process.h"
+
+#include <windows.h>
+
+#include "platform/command_line.h"
+#include "platform/windows/handle.h"
+#include "platform/windows/windows_error.h"
+#include "platform/windows/windows_files.h"
+
+namespace trelin {
+
+namespace {
+
+const char* const StartOperation = "start the program";
+
+bool HasExtension(const std::string& sPath) {
+  return sPath.find('.', sPath.find_last_of("\\/:") + 1) != std::string::npos;
+}
+
+// The file that the program's name on a command line stands for.
+std::string ProgramFile(const std::string& sProgram) {
+  const std::string sWithExtension = sProgram + ".exe";
+  const bool bLacksIt = !IsFile(sProgram) && !HasExtension(sProgram) && IsFile(sWithExtension);
+  return bLacksIt ? sWithExtension : sProgram;
+}
+
+bool IsProgram(const std::string& sProgram) { return IsFile(ProgramFile(sProgram)); }
+
+std::string PassedOn(const CommandLine& command, const std::string& sCommandLine) {
+  const bool bAsItIs = command.bQuoted || command.sProgram.find(' ') == std::string::npos;
+  return bAsItIs ? sCommandLine : '"' + command.sProgram + '"' + command.sArguments;
+}
+
+// Returns ERROR_SUCCESS or the reason of the failure. With the file given
+// apart from the command line, the system does not look for it anywhere else.
+DWORD Start(const std::string& sFile, std::string sCommandLine) {
+  STARTUPINFOA startup{};
+  startup.cb = sizeof startup;
+  startup.dwFlags = STARTF_USESHOWWINDOW;
+  startup.wShowWindow = SW_SHOWNORMAL;
+  PROCESS_INFORMATION started{};
+  if (!CreateProcessA(sFile.c_str(), sCommandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                      nullptr, &startup, &started))
+    return GetLastError();
+  const HandleOwner process(started.hProcess);
+  const HandleOwner thread(started.hThread);
+  return ERROR_SUCCESS;
+}
+
+std::string StartReason(const std::string& sFile, DWORD lReason) {
+  if (IsFolder(sFile)) return "it is a folder, not a program";
+  if (lReason == ERROR_BAD_EXE_FORMAT) return "it is not a program that this system can run";
+  return SystemReason(lReason);
+}
+
+}  // namespace
+
+void StartWindowsProgram(const std::string& sCommandLine) {
+  RefuseNul(StartOperation, sCommandLine);
+  const CommandLine command = ResolveCommandLine(sCommandLine, IsProgram);
+  const std::string sFile = ProgramFile(command.sProgram);
+  const DWORD lReason = Start(sFile, PassedOn(command, sCommandLine));
+  if (lReason == ERROR_SUCCESS) return;
+  // Where nothing that is there was named, the program may be any leading
+  // part of the command line: the message then shows all of it.
+  const bool bUnknown = !IsFile(sFile) && !IsFolder(sFile);
+  throw PlatformError(StartOperation, bUnknown && !command.bQuoted ? sCommandLine : sFile,
+                      StartReason(sFile, lReason));
+}
+
+}  // namespace trelin
