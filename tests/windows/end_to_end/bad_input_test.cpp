@@ -1,0 +1,72 @@
+// Suites that are broken in one way or another: each gets a clear answer and
+// an orderly end.
+
+#include <functional>
+
+#include "tests/windows/end_to_end/launcher_test.h"
+
+namespace end_to_end {
+namespace {
+
+class LauncherBadInput : public LauncherTest {
+ protected:
+  std::function<void()> Remove(const char* sName) {
+    return [this, sName] { std::filesystem::remove(suite / sName); };
+  }
+  std::function<void()> Write(const char* sName, const std::string& sText) {
+    return [this, sName, sText] { suite.Write(sName, sText); };
+  }
+};
+
+TEST_F(LauncherBadInput, GetsAClearAnswer) {
+  const std::string sLibrary = suite.Read("ENU35000.DLL");
+  const std::string sNoLibrary =
+      "The number of notice lines (string 35040) should be a whole number but reads \"Error: "
+      "Resource File Not Found\".\n\nThe string library ENU35000.DLL is missing";
+  enum class Then { Ends, ShowsMenu };
+  const struct {
+    const char* sCase;
+    std::function<void()> breakIt;
+    bool bAgreement;
+    std::string sTitle, sText;
+    Then then = Then::Ends;
+  } cases[] = {
+      {"an unknown entry", Write("TRELIN.CFG", "BLOCK SETUPLIST\r\nCOLOUR = 1\r\nEND"), true,
+       "Setup List", "Trelin Setup does not know the entry \"COLOUR\"", Then::ShowsMenu},
+      {"a line without sense", Write("TRELIN.CFG", "BLOCK SETUPLIST\r\n\r\nSetup\r\nEND"), true,
+       "BlockParse.GetToken", "Line 3 of the setup list TRELIN.CFG cannot be understood."},
+      {"a wrong block", Write("TRELIN.CFG", "BLOCK SETUPLIST\r\nBLOCK DEPENDENCY"), true,
+       "Setup List",
+       "Line 2 of the setup list TRELIN.CFG should read \"BLOCK APPLICATION\", but it reads "
+       "\"BLOCK DEPENDENCY\"."},
+      {"zeros", Write("TRELIN.CFG", std::string(5000, '\0')), true, "BlockParse.GetToken",
+       "Line 1 of the setup list TRELIN.CFG cannot be understood."},
+      {"no setup list", Remove("TRELIN.CFG"), true, "Trelin",
+       "Could not open the file \"" + (suite / "TRELIN.CFG").string() + "\": "},
+      {"half a library", Write("ENU35000.DLL", sLibrary.substr(0, sLibrary.size() / 2)), false,
+       "Error at Trelin", sNoLibrary},
+      {"a library of zeros", Write("ENU35000.DLL", std::string(5000, '\0')), false,
+       "Error at Trelin", sNoLibrary},
+      {"no library", Remove("ENU35000.DLL"), false, "Error at Trelin", sNoLibrary},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.sCase);
+    c.breakIt();
+    launcher.emplace(suite / "trelin.exe");
+    if (c.bAgreement) {
+      launcher->Window(FormClass, AgreementCaption);
+      Type({VK_RETURN});
+    }
+    const Message message = ReadMessage(launcher->MessageBox(c.sTitle));
+    EXPECT_EQ(message.sText.substr(0, c.sText.size()), c.sText);
+    Type({VK_RETURN});
+    if (c.then == Then::ShowsMenu) {
+      launcher->Window(FormClass, MenuCaption);
+      Type({VK_ESCAPE});
+    }
+    EXPECT_EQ(launcher->WaitForEnd(), 0U);
+  }
+}
+
+}  // namespace
+}  // namespace end_to_end

@@ -1,0 +1,135 @@
+#include "tests/windows/end_to_end/launcher.h"
+
+#include <stdexcept>
+
+#include "tests/windows/end_to_end/desktop.h"
+#include "tests/windows/end_to_end/wait.h"
+
+namespace end_to_end {
+
+namespace {
+
+JOBOBJECT_BASIC_ACCOUNTING_INFORMATION Accounting(HANDLE hJob) {
+  JOBOBJECT_BASIC_ACCOUNTING_INFORMATION accounting{};
+  QueryInformationJobObject(hJob, JobObjectBasicAccountingInformation, &accounting,
+                            sizeof accounting, nullptr);
+  return accounting;
+}
+
+// So that the programs do not outlive this one either.
+HANDLE CreateJob() {
+  const HANDLE hJob = CreateJobObjectA(nullptr, nullptr);
+  JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+  limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+  SetInformationJobObject(hJob, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+  return hJob;
+}
+
+bool IsInJob(HWND hWindow, HANDLE hJob) {
+  DWORD process = 0;
+  GetWindowThreadProcessId(hWindow, &process);
+  const HANDLE hProcess = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process);
+  BOOL bInJob = FALSE;
+  if (hProcess != nullptr) IsProcessInJob(hProcess, hJob, &bInJob);
+  CloseHandle(hProcess);
+  return bInJob != FALSE;
+}
+
+}  // namespace
+
+Launcher::Launcher(const std::filesystem::path& program, const std::wstring& sArguments)
+    : hJob_(CreateJob()) {
+  std::wstring sCommandLine = L"\"" + program.wstring() + L"\" " + sArguments;
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  if (!CreateProcessW(program.c_str(), sCommandLine.data(), nullptr, nullptr, FALSE,
+                      CREATE_SUSPENDED, nullptr, nullptr, &startup, &process_))
+    throw std::runtime_error(program.string() + " does not start: error " +
+                             std::to_string(GetLastError()));
+  AssignProcessToJobObject(hJob_, process_.hProcess);
+  ResumeThread(process_.hThread);
+}
+
+Launcher::~Launcher() {
+  TerminateJobObject(hJob_, 1);
+  Within(LongestWait, [this] { return Accounting(hJob_).ActiveProcesses == 0; });
+  for (HANDLE h : {process_.hThread, process_.hProcess, hJob_}) CloseHandle(h);
+}
+
+HWND Launcher::Find(const std::string& sClass, const std::string& sCaption) const {
+  HWND hWindow = nullptr;
+  do {
+    hWindow = FindWindowExA(nullptr, hWindow, sClass.c_str(), sCaption.c_str());
+  } while (hWindow != nullptr && !(IsWindowVisible(hWindow) && IsInJob(hWindow, hJob_)));
+  return hWindow;
+}
+
+HWND Launcher::Window(const char* pClass, const std::string& sCaption) const {
+  HWND hWindow = nullptr;
+  if (!Within(LongestWait, [&] { return (hWindow = Find(pClass, sCaption)) != nullptr; }))
+    throw std::runtime_error("The window \"" + sCaption + "\" did not come.");
+  BringToFront(hWindow);
+  return hWindow;
+}
+
+bool Launcher::Shows(const std::string& sCaption) const {
+  return Find(FormClass, sCaption) != nullptr;
+}
+
+int Launcher::StartedPrograms() const {
+  return static_cast<int>(Accounting(hJob_).TotalProcesses) - 1;
+}
+
+DWORD Launcher::WaitForEnd() const {
+  if (WaitForSingleObject(process_.hProcess, 10000) != WAIT_OBJECT_0)
+    throw std::runtime_error("The launcher did not end.");
+  DWORD exitCode = 0;
+  GetExitCodeProcess(process_.hProcess, &exitCode);
+  return exitCode;
+}
+
+Menu::Menu(HWND hWindow) : hForm(hWindow) {
+  hList = ControlsIn(hForm, "TrelinPictureBox").at(0);
+  hScrollBar = ControlsIn(hList, "ScrollBar").at(0);
+  hSetup = ButtonIn(hForm, "&Setup");
+  hReadMe = ButtonIn(hForm, "&Read Me");
+  hExit = ButtonIn(hForm, "E&xit");
+  for (HWND hBox : ControlsIn(hList, "TrelinPictureBox")) {
+    const std::vector<HWND> labels = ControlsIn(hBox, "Static");
+    const HWND hIcon = ControlsIn(hBox, "TrelinPictureBox").at(0);
+    rows.push_back({hBox, hIcon, labels.at(0), labels.at(1), labels.at(2)});
+  }
+}
+
+std::string Menu::Titles() const {
+  std::string sTitles;
+  for (const Row& row : rows) sTitles += (sTitles.empty() ? "" : ", ") + TextOf(row.hTitle);
+  return sTitles;
+}
+
+bool Menu::IsCyan(int nRow) const {
+  const HWND hBox = rows.at(nRow).hBox;
+  return PixelOf(hBox, {InsideOf(hBox).cx - 3, 5}) == RGB(0, 255, 255);
+}
+
+// Its left edge is then the dark one.
+bool Menu::IsSunken(int nRow) const {
+  return PixelOf(rows.at(nRow).hIcon, {0, 40}) == GetSysColor(COLOR_3DDKSHADOW);
+}
+
+SCROLLINFO Menu::Scrolling() const {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_ALL;
+  GetScrollInfo(hScrollBar, SB_CTL, &info);
+  return info;
+}
+
+SCROLLBARINFO Menu::ScrollBarParts() const {
+  SCROLLBARINFO info{};
+  info.cbSize = sizeof info;
+  GetScrollBarInfo(hScrollBar, OBJID_CLIENT, &info);
+  return info;
+}
+
+}  // namespace end_to_end
