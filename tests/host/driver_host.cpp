@@ -20,14 +20,6 @@
 
 namespace trelin {
 
-std::ostream& operator<<(std::ostream& out, const Rgb& rgb) {
-  return out << "rgb " << rgb.nRed << ' ' << rgb.nGreen << ' ' << rgb.nBlue;
-}
-
-std::ostream& operator<<(std::ostream& out, const PixelRect& rect) {
-  return out << rect.nWidth << " by " << rect.nHeight << " at " << rect.nLeft << ", " << rect.nTop;
-}
-
 namespace {
 
 using namespace std::chrono_literals;

@@ -1,0 +1,103 @@
+#include <algorithm>
+#include <memory>
+
+#include "platform/windows/toolkit_box.h"
+#include "platform/windows/toolkit_form.h"
+#include "platform/windows/toolkit_measure.h"
+#include "platform/windows/toolkit_native.h"
+#include "platform/windows/toolkit_paint.h"
+#include "platform/windows/toolkit_text.h"
+
+namespace trelin {
+
+namespace {
+
+// The system's static text, so that others can read it; it is drawn here.
+class LabelWindow : public ControlWindow {
+ public:
+  LabelWindow(Label& label, NativeWindow& container)
+      : ControlWindow("STATIC", SS_LEFT | SS_NOPREFIX | SS_NOTIFY, 0, container), label_(label) {}
+
+  void BackgroundChanged() override { InvalidateRect(Handle(), nullptr, FALSE); }
+
+ protected:
+  std::optional<LRESULT> Answer(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  Color BackColor() const;
+  void Paint() const;
+  LRESULT SetText(LPARAM lParam);
+
+  Label& label_;
+};
+
+// A press that the program does not want goes through to the container.
+std::optional<LRESULT> LabelWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_NCHITTEST:
+      return label_.OnMouseDown ? HTCLIENT : HTTRANSPARENT;
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONDBLCLK:
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONDBLCLK:
+      Form().Dispatch(label_.OnMouseDown);
+      return 0;
+    case WM_ERASEBKGND:
+      return 1;  // it paints its background itself
+    case WM_PAINT:
+      Paint();
+      return 0;
+    case WM_SETTEXT:
+      return SetText(lParam);
+    default:
+      return ControlWindow::Answer(message, wParam, lParam);
+  }
+}
+
+// Keeps the text; the static text's own procedure would draw it, too.
+LRESULT LabelWindow::SetText(LPARAM lParam) {
+  const LRESULT result = DefWindowProcA(Handle(), WM_SETTEXT, 0, lParam);
+  InvalidateRect(Handle(), nullptr, FALSE);
+  return result;
+}
+
+Color LabelWindow::BackColor() const {
+  const auto* pBox = dynamic_cast<BoxWindow*>(Of(GetAncestor(Handle(), GA_PARENT)));
+  return pBox != nullptr ? pBox->BackColor() : Color::ButtonFace;
+}
+
+void LabelWindow::Paint() const {
+  const PaintBuffer buffer(Handle());
+  const HDC hContext = buffer.Context();
+  Fill(hContext, buffer.Inside(), ToColorRef(BackColor()));
+  SelectObject(hContext, reinterpret_cast<HFONT>(SendMessageA(Handle(), WM_GETFONT, 0, 0)));
+  TEXTMETRICA metrics{};
+  GetTextMetricsA(hContext, &metrics);
+  RECT text = buffer.Inside();
+  text.bottom = std::max(1L, text.bottom / metrics.tmHeight) * metrics.tmHeight;
+  SetTextColor(hContext, ToColorRef(Color::ButtonText));
+  SetBkMode(hContext, TRANSPARENT);
+  DrawTextA(hContext, WindowCaption(Handle()).c_str(), -1, &text,
+            DT_LEFT | DT_TOP | DT_WORDBREAK | DT_NOPREFIX);
+}
+
+}  // namespace
+
+Label::Label(Control& container)
+    : Control(
+          std::make_unique<Native>(std::make_unique<LabelWindow>(*this, *container.Get().window))) {
+}
+
+void Label::SetFont(const LabelFont& font) {
+  static_cast<ControlWindow&>(*native_->window).SetFont(font);
+}
+
+void Label::SetCaption(const std::string& sCaption) {
+  if (sCaption != Caption()) SetWindowCaption(native_->Handle(), sCaption);
+}
+
+std::string Label::Caption() const { return WindowCaption(native_->Handle()); }
+
+}  // namespace trelin

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace trelin {
+
+void SetWindowCaption(HWND hWindow, const std::string& sText);
+std::string WindowCaption(HWND hWindow);
+
+}  // namespace trelin
