@@ -1,7 +1,7 @@
 #include "platform/windows/toolkit_picture.h"
 
-#include <wincodec.h>
 #include <windows.h>
+#include <wincodec.h>
 
 #include <memory>
 #include <stdexcept>

@@ -1,6 +1,6 @@
+#include <windows.h>
 #include <gtest/gtest.h>
 #include <objbase.h>
-#include <windows.h>
 
 // Windows open on the desktop and take the focus from each other: nobody should
 // use mouse or keyboard meanwhile.
