@@ -29,12 +29,25 @@ void Send(INPUT input) {
   if (SendInput(1, &input, sizeof input) != 1) throw std::runtime_error("no input can be sent");
 }
 
-void SendMouse(DWORD flags, int nData = 0) {
+// Place and button go in one event: a late move of the real pointer cannot come
+// between them.
+void SendMouse(POINT screen, DWORD flags, int nData = 0) {
+  const auto normalized = [](LONG n, int nMetric) {
+    const LONG size = GetSystemMetrics(nMetric);
+    return (n * 65536 + size - 1) / size;
+  };
   INPUT input{};
   input.type = INPUT_MOUSE;
-  input.mi.dwFlags = flags;
+  input.mi.dx = normalized(screen.x, SM_CXSCREEN);
+  input.mi.dy = normalized(screen.y, SM_CYSCREEN);
+  input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | flags;
   input.mi.mouseData = static_cast<DWORD>(nData);
   Send(input);
+}
+
+void SendMouse(HWND hWindow, POINT place, DWORD flags, int nData = 0) {
+  ClientToScreen(hWindow, &place);
+  SendMouse(place, flags, nData);
 }
 
 void SendKey(WORD key, DWORD flags) {
@@ -107,24 +120,15 @@ POINT MiddleOf(HWND hWindow) {
   return {inside.cx / 2, inside.cy / 2};
 }
 
-void MoveTo(HWND hWindow, POINT place) {
-  ClientToScreen(hWindow, &place);
-  SetCursorPos(place.x, place.y);
-}
+void MoveTo(HWND hWindow, POINT place) { SendMouse(hWindow, place, 0); }
 
-void PressAt(HWND hWindow, POINT place) {
-  MoveTo(hWindow, place);
-  SendMouse(MOUSEEVENTF_LEFTDOWN);
-}
+void PressAt(HWND hWindow, POINT place) { SendMouse(hWindow, place, MOUSEEVENTF_LEFTDOWN); }
 
-void ReleaseAt(HWND hWindow, POINT place) {
-  MoveTo(hWindow, place);
-  SendMouse(MOUSEEVENTF_LEFTUP);
-}
+void ReleaseAt(HWND hWindow, POINT place) { SendMouse(hWindow, place, MOUSEEVENTF_LEFTUP); }
 
 void Click(HWND hWindow) {
   PressAt(hWindow, MiddleOf(hWindow));
-  SendMouse(MOUSEEVENTF_LEFTUP);
+  ReleaseAt(hWindow, MiddleOf(hWindow));
 }
 
 // From the right end of the title bar, whose height is about that of its box.
@@ -133,14 +137,13 @@ void ClickCloseBox(HWND hWindow) {
   POINT box = {place.right - 1, place.top + GetSystemMetrics(SM_CYCAPTION) / 2 + 4};
   while (SendMessageA(hWindow, WM_NCHITTEST, 0, MAKELPARAM(box.x, box.y)) != HTCLOSE)
     if (--box.x < place.left) throw std::runtime_error("There is no close box.");
-  SetCursorPos(box.x - 4, box.y);
-  SendMouse(MOUSEEVENTF_LEFTDOWN);
-  SendMouse(MOUSEEVENTF_LEFTUP);
+  box.x -= 4;
+  SendMouse(box, MOUSEEVENTF_LEFTDOWN);
+  SendMouse(box, MOUSEEVENTF_LEFTUP);
 }
 
 void TurnWheel(HWND hWindow, int nNotches) {
-  MoveTo(hWindow, MiddleOf(hWindow));
-  SendMouse(MOUSEEVENTF_WHEEL, nNotches * WHEEL_DELTA);
+  SendMouse(hWindow, MiddleOf(hWindow), MOUSEEVENTF_WHEEL, nNotches * WHEEL_DELTA);
 }
 
 void Type(const std::vector<WORD>& keys) {

@@ -28,7 +28,7 @@ HANDLE CreateJob() {
 bool IsInJob(HWND hWindow, HANDLE hJob) {
   DWORD process = 0;
   GetWindowThreadProcessId(hWindow, &process);
-  const HANDLE hProcess = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process);
+  const HANDLE hProcess = OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, process);
   BOOL bInJob = FALSE;
   if (hProcess != nullptr) IsProcessInJob(hProcess, hJob, &bInJob);
   CloseHandle(hProcess);
@@ -122,13 +122,6 @@ SCROLLINFO Menu::Scrolling() const {
   info.cbSize = sizeof info;
   info.fMask = SIF_ALL;
   GetScrollInfo(hScrollBar, SB_CTL, &info);
-  return info;
-}
-
-SCROLLBARINFO Menu::ScrollBarParts() const {
-  SCROLLBARINFO info{};
-  info.cbSize = sizeof info;
-  GetScrollBarInfo(hScrollBar, OBJID_CLIENT, &info);
   return info;
 }
 

@@ -50,7 +50,6 @@ struct Menu {
   bool IsCyan(int nRow) const;    // away from its text and its frame
   bool IsSunken(int nRow) const;  // its icon
   SCROLLINFO Scrolling() const;
-  SCROLLBARINFO ScrollBarParts() const;
 
   HWND hForm;
   HWND hList;

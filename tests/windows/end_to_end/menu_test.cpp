@@ -139,7 +139,7 @@ TEST_F(LauncherMenu, SaysWhyAProductCannotBeInstalled) {
 
 TEST_F(LauncherMenu, StartsProgramsFromTheirFolders) {
   std::filesystem::create_directory(suite / "Disc 1");
-  std::filesystem::copy(suite / "TRELIN.CFG", suite / "Disc 1");
+  std::filesystem::copy(suite / "TRELIN.CFG", suite / "Disc 1\\TRELIN.CFG");
   std::filesystem::rename(suite / "base_setup.exe", suite / "Disc 1\\base_setup.exe");
   const Menu menu = OpenMenu((suite / "Disc 1").wstring());
   Select(menu, 0);
@@ -179,23 +179,23 @@ TEST_F(LauncherMenu, ScrollsWithWheelThumbAndKeys) {
   EXPECT_EQ(range.nMin, 1);
   EXPECT_EQ(range.nMax, 7) << "the last row";
   EXPECT_EQ(range.nPage, 4U);
-  TurnWheel(menu.rows[2].hDescription, -1);
-  ExpectTitles(menu, "Probe Head, Camera, Gears, Reports & Labels", "the wheel was turned");
 
-  const SCROLLBARINFO parts = menu.ScrollBarParts();
-  POINT thumb = {5, (parts.xyThumbTop + parts.xyThumbBottom) / 2};
+  const POINT thumb = {5, GetSystemMetrics(SM_CYVSCROLL) + 20};
+  const POINT below = {5, InsideOf(menu.hScrollBar).cy - 30};
   PressAt(menu.hScrollBar, thumb);
-  MoveTo(menu.hScrollBar, {5, InsideOf(menu.hScrollBar).cy - 30});
+  MoveTo(menu.hScrollBar, below);
   ExpectTitles(menu, LastRows, "while the thumb is dragged");
-  ReleaseAt(menu.hScrollBar, {5, 30});
-  ExpectTitles(menu, FirstRows, "the thumb was let go at the top");
-  EXPECT_EQ(menu.Scrolling().nPos, 1);
+  ReleaseAt(menu.hScrollBar, below);
+  ExpectSoon(
+      4, [&] { return menu.Scrolling().nPos; }, "the thumb was let go");
+  TurnWheel(menu.rows[2].hDescription, 1);
+  ExpectTitles(menu, "Camera, Gears, Reports & Labels, Handbook", "the wheel was turned");
 
   Type({VK_TAB});
   ExpectSoon(
       menu.hScrollBar, [&] { return FocusedControl(menu.hForm); }, "Tab from the list");
-  Type({VK_NEXT});
-  ExpectTitles(menu, LastRows, "Page Down");
+  Type({VK_PRIOR});
+  ExpectTitles(menu, FirstRows, "Page Up");
 }
 
 TEST_F(LauncherMenu, CanBeUsedByKeyboard) {

@@ -19,7 +19,9 @@ struct Answer {
 
 Answer RunReg(const std::string& sArguments) {
   std::FILE* const pPipe = _popen(("reg " + sArguments + " 2>&1").c_str(), "rt");
-  if (pPipe == nullptr) throw std::runtime_error("reg.exe does not start");
+  if (pPipe == nullptr)
+    throw std::runtime_error("reg.exe does not start: " + std::to_string(errno) + " " +
+                             std::to_string(_doserrno));
   Answer answer{};
   std::array<char, 512> buffer;
   while (std::fgets(buffer.data(), buffer.size(), pPipe)) answer.sOutput += buffer.data();

@@ -118,15 +118,15 @@ std::string RedPicture() {
 
 }  // namespace
 
-SuiteFolder::SuiteFolder()
-    : folder_(std::filesystem::temp_directory_path() /
-              ("Trelin suite " + std::to_string(GetCurrentProcessId()))) {
+SuiteFolder::SuiteFolder(const std::filesystem::path& folder) : folder_(folder) {
   std::filesystem::create_directory(folder_);
-  for (const char* sName : {"trelin.exe", "ENU35000.DLL", "readme.exe"})
-    std::filesystem::copy(BuildFolder() / sName, folder_ / sName);
-  for (const char* sProduct : {"base", "probe", "camera", "gears", "reports", "archive"})
-    std::filesystem::copy(BuildFolder() / "demo_installer.exe",
-                          folder_ / (sProduct + std::string("_setup.exe")));
+}
+
+// From here on the folder is removed also when something fails.
+SuiteFolder::SuiteFolder()
+    : SuiteFolder(std::filesystem::temp_directory_path() /
+                  ("Trelin suite " + std::to_string(GetCurrentProcessId()))) {
+  PutPrograms();
   Write("TRELIN.CFG", SetupList);
   Write("base.txt", "About the base system.");
   Write("base.bmp", RedPicture());
@@ -136,6 +136,14 @@ SuiteFolder::SuiteFolder()
 SuiteFolder::~SuiteFolder() {
   std::error_code ignored;  // a program that does not end keeps its file
   std::filesystem::remove_all(folder_, ignored);
+}
+
+void SuiteFolder::PutPrograms() const {
+  for (const char* sName : {"trelin.exe", "ENU35000.DLL", "readme.exe"})
+    std::filesystem::copy(BuildFolder() / sName, folder_ / sName);
+  for (const char* sProduct : {"base", "probe", "camera", "gears", "reports", "archive"})
+    std::filesystem::copy(BuildFolder() / "demo_installer.exe",
+                          folder_ / (sProduct + std::string("_setup.exe")));
 }
 
 void SuiteFolder::PutRecords() const {

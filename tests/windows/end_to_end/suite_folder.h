@@ -19,6 +19,8 @@ class SuiteFolder {
   std::string Read(const std::string& sName) const;
 
  private:
+  explicit SuiteFolder(const std::filesystem::path& folder);  // an empty one
+  void PutPrograms() const;
   void PutRecords() const;
 
   std::filesystem::path folder_;

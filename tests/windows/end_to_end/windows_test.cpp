@@ -38,7 +38,6 @@ void ExpectFrame(HWND hWindow, bool bSizable, const char* sWhat) {
       << "the title bar of " << sWhat;
   EXPECT_EQ((style & WS_THICKFRAME) != 0, bSizable) << "the border of " << sWhat;
   EXPECT_TRUE(IsCentered(hWindow)) << sWhat;
-  EXPECT_NE(SendMessageA(hWindow, WM_GETICON, ICON_BIG, 0), 0) << "the icon of " << sWhat;
 }
 
 // A window has a place there that has no owner, or asks for one.
