@@ -23,7 +23,6 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
 constexpr UINT PollMilliseconds = 10;
-constexpr int EchoMilliseconds = 15;
 constexpr auto LongestShown = 10s;
 
 // In the order of Key; the keypad's Enter is told by a flag.
@@ -144,30 +143,48 @@ POINT MiddleOf(HWND hWindow) {
   return OnScreen(hWindow, {inside.right / 2, inside.bottom / 2});
 }
 
-// Wine's display tells of a pointer that has been moved once more.
-void AwaitEcho(POINT point) {
+// Keeps the pointer's own messages away: the display tells once more, and late,
+// of a pointer that has been moved, and somebody may touch the mouse.
+LRESULT CALLBACK DropPointerInput(int nCode, WPARAM wParam, LPARAM lParam) {
+  return nCode >= 0 ? 1 : CallNextHookEx(nullptr, nCode, wParam, lParam);
+}
+
+LPARAM ToParameter(POINT point) {
+  return MAKELPARAM(static_cast<WORD>(point.x), static_cast<WORD>(point.y));
+}
+
+// What the system posts when the pointer is used at a point of the screen.
+void PostPointer(POINT point, UINT message, WPARAM wParam = 0) {
+  static const HHOOK hook =
+      SetWindowsHookExA(WH_MOUSE, DropPointerInput, nullptr, GetCurrentThreadId());
+  (void)hook;
+  const HWND hCaptor = GetCapture();
+  const HWND hWindow = hCaptor != nullptr ? hCaptor : WindowFromPoint(point);
+  POINT place = point;
+  if (message != WM_MOUSEWHEEL) ScreenToClient(hWindow, &place);
+  PostMessageA(hWindow, message, wParam, ToParameter(place));
+  PumpMessages();
+}
+
+void MovePointer(POINT point) {
   static POINT last = {-1, -1};
-  if (point.x != last.x || point.y != last.y) PumpMessagesFor(EchoMilliseconds);
+  if (point.x != last.x || point.y != last.y) PostPointer(point, WM_MOUSEMOVE);
   last = point;
 }
 
-// The system counts places in 65536ths of the screen.
-void SendPointer(POINT point, DWORD flags, DWORD data = 0) {
-  INPUT input{};
-  input.type = INPUT_MOUSE;
-  input.mi.dx = (point.x * 65536 + 32768) / GetSystemMetrics(SM_CXSCREEN);
-  input.mi.dy = (point.y * 65536 + 32768) / GetSystemMetrics(SM_CYSCREEN);
-  input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | flags;
-  input.mi.mouseData = data;
-  SendInput(1, &input, sizeof input);
-  PumpMessages();
-  AwaitEcho(point);
+void PressAt(POINT point) {
+  MovePointer(point);
+  PostPointer(point, WM_LBUTTONDOWN, MK_LBUTTON);
+}
+
+void ReleaseAt(POINT point) {
+  MovePointer(point);
+  PostPointer(point, WM_LBUTTONUP);
 }
 
 void ClickAt(POINT point) {
-  SendPointer(point, 0);
-  SendPointer(point, MOUSEEVENTF_LEFTDOWN);
-  SendPointer(point, MOUSEEVENTF_LEFTUP);
+  PressAt(point);
+  ReleaseAt(point);
 }
 
 void SendKey(WORD key, DWORD flags) {
@@ -269,20 +286,14 @@ void Driver::Answer(MessageAnswer button) {
 
 void Driver::Wait(int nMilliseconds) { PumpMessagesFor(nMilliseconds); }
 
-void Driver::Press(const Control& control, Twips x, Twips y) {
-  const POINT point = PointIn(control, x, y);
-  SendPointer(point, 0);
-  SendPointer(point, MOUSEEVENTF_LEFTDOWN);
-}
+void Driver::Press(const Control& control, Twips x, Twips y) { PressAt(PointIn(control, x, y)); }
 
 void Driver::MoveTo(const Control& control, Twips x, Twips y) {
-  SendPointer(PointIn(control, x, y), 0);
+  MovePointer(PointIn(control, x, y));
 }
 
 void Driver::Release(const Control& control, Twips x, Twips y) {
-  const POINT point = PointIn(control, x, y);
-  SendPointer(point, 0);
-  SendPointer(point, MOUSEEVENTF_LEFTUP);
+  ReleaseAt(PointIn(control, x, y));
 }
 
 void Driver::Click(const Control& control, Twips x, Twips y) { ClickAt(PointIn(control, x, y)); }
@@ -290,9 +301,8 @@ void Driver::Click(const Control& control, Twips x, Twips y) { ClickAt(PointIn(c
 void Driver::Click(const Control& control) { ClickAt(MiddleOf(HandleOf(control))); }
 
 void Driver::TurnWheel(const Control& control, int nNotches) {
-  SendPointer(MiddleOf(HandleOf(control)), 0);
-  SendPointer(MiddleOf(HandleOf(control)), MOUSEEVENTF_WHEEL,
-              static_cast<DWORD>(nNotches * WHEEL_DELTA));
+  const WORD delta = static_cast<WORD>(nNotches * WHEEL_DELTA);
+  PostPointer(MiddleOf(HandleOf(control)), WM_MOUSEWHEEL, MAKEWPARAM(0, delta));
 }
 
 void Driver::Type(Key key) {
