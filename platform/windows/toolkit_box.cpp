@@ -66,8 +66,7 @@ std::optional<LRESULT> BoxWindow::Answer(UINT message, WPARAM wParam, LPARAM lPa
       Release(PointOf(lParam));
       return 0;
     case WM_CAPTURECHANGED:
-      nPressed_ = 0;
-      bCaptured_ = false;
+      if (reinterpret_cast<HWND>(lParam) != Handle()) LoseCapture();
       return 0;
     default:
       return ControlWindow::Answer(message, wParam, lParam);
@@ -126,6 +125,11 @@ void BoxWindow::DispatchPointer(const PointerHandler& handler, POINT point) {
   const Twips x = ToTwips(point.x, dpi);
   const Twips y = ToTwips(point.y, dpi);
   Form().Dispatch([handler, x, y] { handler(x, y); });
+}
+
+void BoxWindow::LoseCapture() {
+  nPressed_ = 0;
+  bCaptured_ = false;
 }
 
 void BoxWindow::CapturePointer() {

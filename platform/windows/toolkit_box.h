@@ -50,6 +50,7 @@ class BoxWindow : public ControlWindow {
   void Press(POINT point);
   void Move(POINT point);
   void Release(POINT point);
+  void LoseCapture();
   void DispatchPointer(const PointerHandler& handler, POINT point);
 
   PictureBox& box_;

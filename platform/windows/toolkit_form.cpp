@@ -1,14 +1,10 @@
 #include "platform/windows/toolkit_form.h"
 
-#include <algorithm>
-#include <array>
 #include <utility>
 
-#include "platform/windows/toolkit_button.h"
 #include "platform/windows/toolkit_icon.h"
 #include "platform/windows/toolkit_measure.h"
 #include "platform/windows/toolkit_picture.h"
-#include "platform/windows/toolkit_scroll_bar.h"
 #include "platform/windows/toolkit_text.h"
 #include "platform/windows/toolkit_timer.h"
 
@@ -17,6 +13,8 @@ namespace trelin {
 namespace {
 
 constexpr DWORD FixedStyle = WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+
+constexpr RECT FirstPlace = {0, 0, 400, 400};  // until it is known how wide the frame is
 
 FormWindow* formInUse = nullptr;
 
@@ -37,12 +35,6 @@ class AtExit {
   Function function_;
 };
 
-BOOL CALLBACK CollectControl(HWND hWindow, LPARAM pControls) {
-  if (auto* pControl = dynamic_cast<ControlWindow*>(NativeWindow::Of(hWindow)))
-    reinterpret_cast<std::vector<ControlWindow*>*>(pControls)->push_back(pControl);
-  return TRUE;
-}
-
 }  // namespace
 
 FormWindow& FormOf(const Form& form) { return static_cast<FormWindow&>(*form.Get().window); }
@@ -58,7 +50,7 @@ FormWindow::FormWindow(Form& form, FormBorder border, bool bShowInTaskbar, Twips
   if (!bShowInTaskbar)
     owner_.reset(CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
                                  GetModuleHandleA(nullptr), nullptr));
-  Create(FormClass, StyleOf(border), 0, RECT{}, owner_.get());
+  Create(FormClass, StyleOf(border), 0, FirstPlace, owner_.get());
   dpi_ = WindowDpi(Handle());
   Resize();
 }
@@ -69,11 +61,15 @@ FormWindow::~FormWindow() {
 
 FormWindow* FormWindow::InUse() { return formInUse; }
 
-// So that the inside has its measures.
+// So that the inside has its measures, whatever frame the system gives it.
 void FormWindow::Resize() {
-  const RECT inside = {0, 0, Pixels(clientWidth_, dpi_), Pixels(clientHeight_, dpi_)};
-  const RECT outside = WithFrame(inside, StyleOf(border_), 0, dpi_);
-  SetWindowPos(Handle(), nullptr, 0, 0, outside.right - outside.left, outside.bottom - outside.top,
+  RECT inside{};
+  RECT outside{};
+  GetClientRect(Handle(), &inside);
+  GetWindowRect(Handle(), &outside);
+  const int nWidth = outside.right - outside.left + Pixels(clientWidth_, dpi_) - inside.right;
+  const int nHeight = outside.bottom - outside.top + Pixels(clientHeight_, dpi_) - inside.bottom;
+  SetWindowPos(Handle(), nullptr, 0, 0, nWidth, nHeight,
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -90,6 +86,7 @@ void FormWindow::ShowModal() {
   const AtExit close([this, pOuter] {
     if (pOuter != nullptr) EnableWindow(pOuter->Window(), TRUE);  // before it becomes active again
     Hide();
+    hFocus_ = nullptr;
     loop_ = nullptr;
   });
   Open(pOuter);
@@ -159,131 +156,6 @@ void FormWindow::ChangeDpi(UINT dpi, const RECT* pPlace) {
   if (border_ == FormBorder::FixedSingle) Resize();
   for (ControlWindow* pControl : Controls()) pControl->LayOut();
   RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-}
-
-// A key that is held down answers once: a window that has just opened must not
-// take the rest for an answer of its own. The characters of keys that have been
-// answered lead nowhere.
-bool FormWindow::AnswerKey(UINT message, WPARAM wParam, LPARAM lParam) {
-  const bool bRepeated = (HIWORD(lParam) & KF_REPEAT) != 0;
-  switch (message) {
-    case WM_KEYDOWN: {
-      const bool bAnswered = wParam == VK_RETURN || wParam == VK_ESCAPE || wParam == VK_TAB;
-      if (!bAnswered || GetKeyState(VK_CONTROL) < 0) return false;
-      return (bRepeated && wParam != VK_TAB) || AnswerKeyDown(wParam);
-    }
-    case WM_CHAR:
-      return wParam == '\r' || wParam == '\x1B' || wParam == '\t';
-    case WM_SYSCHAR:
-      return AnswerAccessKey(wParam);
-    default:
-      return false;
-  }
-}
-
-bool FormWindow::AnswerKeyDown(WPARAM key) {
-  if (key == VK_TAB)
-    MoveFocus(GetKeyState(VK_SHIFT) >= 0);
-  else if (ButtonWindow* pButton = key == VK_RETURN ? EnterButton() : cancel_)
-    pButton->Click();
-  return true;
-}
-
-bool FormWindow::AnswerAccessKey(WPARAM character) {
-  for (ControlWindow* pControl : Controls()) {
-    auto* const pButton = dynamic_cast<ButtonWindow*>(pControl);
-    if (pButton == nullptr || !pButton->HasAccessKey(static_cast<char>(character))) continue;
-    if (IsWindowEnabled(pButton->Handle())) GiveFocus(pButton->Handle());
-    pButton->Click();
-    return true;
-  }
-  return false;
-}
-
-// The container under the pointer turns; where the message gives no place on
-// this window, that of the control that got it.
-bool FormWindow::AnswerWheel(HWND hReceiver, WPARAM wParam, LPARAM lParam) {
-  const HWND hPointed =
-      WindowFromPoint({static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))});
-  const bool bHere = hPointed == Handle() || IsChild(Handle(), hPointed);
-  for (HWND hWindow = bHere ? hPointed : hReceiver; hWindow != nullptr && hWindow != Handle();
-       hWindow = GetAncestor(hWindow, GA_PARENT)) {
-    if (ScrollWindow* pBar = ScrollWindow::In(hWindow)) {
-      pBar->Turn(static_cast<short>(HIWORD(wParam)));
-      return true;
-    }
-  }
-  return false;
-}
-
-ButtonWindow* FormWindow::EnterButton() const {
-  auto* pFocused = dynamic_cast<ButtonWindow*>(hFocus_ != nullptr ? Of(hFocus_) : nullptr);
-  return pFocused != nullptr ? pFocused : default_;
-}
-
-void FormWindow::ShowDefaultButton() {
-  const ButtonWindow* const pEnter = EnterButton();
-  for (ControlWindow* pControl : Controls()) {
-    if (auto* pButton = dynamic_cast<ButtonWindow*>(pControl))
-      pButton->ShowAsDefault(pButton == pEnter && IsWindowEnabled(pButton->Handle()));
-  }
-}
-
-void FormWindow::Forget(const ButtonWindow& button) {
-  if (default_ == &button) default_ = nullptr;
-  if (cancel_ == &button) cancel_ = nullptr;
-}
-
-std::vector<ControlWindow*> FormWindow::Controls() const {
-  std::vector<ControlWindow*> controls;
-  EnumChildWindows(Handle(), CollectControl, reinterpret_cast<LPARAM>(&controls));
-  return controls;
-}
-
-std::vector<ControlWindow*> FormWindow::TabOrder() const {
-  std::vector<ControlWindow*> order = Controls();
-  std::erase_if(order, [](auto* pControl) { return !pControl->IsTabStop(); });
-  std::stable_sort(order.begin(), order.end(),
-                   [](auto* p1, auto* p2) { return p1->TabIndex() < p2->TabIndex(); });
-  return order;
-}
-
-// From a control without a place in the order, Tab goes to its beginning.
-void FormWindow::MoveFocus(bool bNext) {
-  std::vector<ControlWindow*> order = TabOrder();
-  if (order.empty()) return;
-  if (!bNext) std::reverse(order.begin(), order.end());
-  auto place =
-      std::find_if(order.begin(), order.end(), [this](auto* p) { return p->Handle() == hFocus_; });
-  if (place == order.end() || ++place == order.end()) place = order.begin();
-  GiveFocus((*place)->Handle());
-}
-
-void FormWindow::GiveFocus(HWND hControl) {
-  FocusMoved(hControl);
-  if (GetActiveWindow() == Handle()) ::SetFocus(hControl);
-}
-
-void FormWindow::FocusMoved(HWND hControl) {
-  if (std::exchange(hFocus_, hControl) != hControl) ShowDefaultButton();
-}
-
-void FormWindow::LeaveControl(HWND hControl) {
-  if (hFocus_ == hControl && loop_ != nullptr) MoveFocus(true);
-}
-
-// The system gives the focus to the window itself when it becomes active.
-void FormWindow::TakeFocus() {
-  if (hFocus_ != nullptr && IsWindowVisible(hFocus_) && IsWindowEnabled(hFocus_))
-    ::SetFocus(hFocus_);
-}
-
-void FormWindow::FocusFirst() {
-  const std::vector<ControlWindow*> order = TabOrder();
-  const bool bWanted = hFocus_ != nullptr && IsWindowVisible(hFocus_) && IsWindowEnabled(hFocus_);
-  if (!bWanted) hFocus_ = order.empty() ? nullptr : order.front()->Handle();
-  ShowDefaultButton();
-  TakeFocus();
 }
 
 void FormWindow::SetIcon(const Picture& picture) {

@@ -14,9 +14,6 @@ Twips ToTwips(int nPixels, UINT dpi);
 UINT SystemDpi();  // of the main screen when the program was started
 UINT WindowDpi(HWND hWindow);
 
-// The outer rectangle of a window with that inside.
-RECT WithFrame(const RECT& inside, DWORD style, DWORD extendedStyle, UINT dpi);
-
 COLORREF ToColorRef(Color color);
 
 }  // namespace trelin

@@ -10,13 +10,6 @@ namespace {
 constexpr float TwipsPerInch = 1440;
 constexpr std::uint32_t SystemColorBit = 0x80000000U;
 
-// A function of user32 that Windows has had since version 10 only, or null.
-template <class Function>
-Function FromUser32(const char* pName) {
-  const FARPROC address = GetProcAddress(GetModuleHandleA("user32"), pName);
-  return reinterpret_cast<Function>(reinterpret_cast<void*>(address));
-}
-
 UINT DeviceDpi() {
   const HDC hScreen = GetDC(nullptr);
   const int nDpi = GetDeviceCaps(hScreen, LOGPIXELSX);
@@ -55,20 +48,12 @@ UINT SystemDpi() {
   return dpi;
 }
 
+// Windows has had the function since version 10.
 UINT WindowDpi(HWND hWindow) {
-  static const auto get = FromUser32<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
+  using Function = UINT(WINAPI*)(HWND);
+  static const auto address = GetProcAddress(GetModuleHandleA("user32"), "GetDpiForWindow");
+  static const auto get = reinterpret_cast<Function>(reinterpret_cast<void*>(address));
   return get != nullptr ? get(hWindow) : SystemDpi();
-}
-
-RECT WithFrame(const RECT& inside, DWORD style, DWORD extendedStyle, UINT dpi) {
-  using Adjust = BOOL(WINAPI*)(RECT*, DWORD, BOOL, DWORD, UINT);
-  static const auto adjust = FromUser32<Adjust>("AdjustWindowRectExForDpi");
-  RECT outside = inside;
-  if (adjust != nullptr)
-    adjust(&outside, style, FALSE, extendedStyle, dpi);
-  else
-    AdjustWindowRectEx(&outside, style, FALSE, extendedStyle);
-  return outside;
 }
 
 COLORREF ToColorRef(Color color) {

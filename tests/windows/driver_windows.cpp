@@ -14,6 +14,7 @@
 #include "platform/windows/toolkit_text.h"
 #include "tests/driver.h"
 #include "tests/windows/message_pump.h"
+#include "tests/windows/user_input.h"
 
 namespace trelin {
 
@@ -143,64 +144,6 @@ POINT MiddleOf(HWND hWindow) {
   return OnScreen(hWindow, {inside.right / 2, inside.bottom / 2});
 }
 
-// Keeps the pointer's own messages away: the display tells once more, and late,
-// of a pointer that has been moved, and somebody may touch the mouse.
-LRESULT CALLBACK DropPointerInput(int nCode, WPARAM wParam, LPARAM lParam) {
-  return nCode >= 0 ? 1 : CallNextHookEx(nullptr, nCode, wParam, lParam);
-}
-
-LPARAM ToParameter(POINT point) {
-  return MAKELPARAM(static_cast<WORD>(point.x), static_cast<WORD>(point.y));
-}
-
-// What the system posts when the pointer is used at a point of the screen.
-void PostPointer(POINT point, UINT message, WPARAM wParam = 0) {
-  static const HHOOK hook =
-      SetWindowsHookExA(WH_MOUSE, DropPointerInput, nullptr, GetCurrentThreadId());
-  (void)hook;
-  const HWND hCaptor = GetCapture();
-  const HWND hWindow = hCaptor != nullptr ? hCaptor : WindowFromPoint(point);
-  POINT place = point;
-  if (message != WM_MOUSEWHEEL) ScreenToClient(hWindow, &place);
-  PostMessageA(hWindow, message, wParam, ToParameter(place));
-  PumpMessages();
-}
-
-void MovePointer(POINT point) {
-  static POINT last = {-1, -1};
-  if (point.x != last.x || point.y != last.y) PostPointer(point, WM_MOUSEMOVE);
-  last = point;
-}
-
-void PressAt(POINT point) {
-  MovePointer(point);
-  PostPointer(point, WM_LBUTTONDOWN, MK_LBUTTON);
-}
-
-void ReleaseAt(POINT point) {
-  MovePointer(point);
-  PostPointer(point, WM_LBUTTONUP);
-}
-
-void ClickAt(POINT point) {
-  PressAt(point);
-  ReleaseAt(point);
-}
-
-void SendKey(WORD key, DWORD flags) {
-  INPUT input{};
-  input.type = INPUT_KEYBOARD;
-  input.ki.wVk = key;
-  input.ki.dwFlags = flags;
-  SendInput(1, &input, sizeof input);
-}
-
-void TypeKey(WORD key, DWORD flags = 0) {
-  SendKey(key, flags);
-  SendKey(key, flags | KEYEVENTF_KEYUP);
-  PumpMessages();
-}
-
 BOOL CALLBACK FindText(HWND hChild, LPARAM pText) {
   std::string& sText = *reinterpret_cast<std::string*>(pText);
   if (ClassOf(hChild) == "Static" && sText.empty()) sText = WindowCaption(hChild);
@@ -301,8 +244,7 @@ void Driver::Click(const Control& control, Twips x, Twips y) { ClickAt(PointIn(c
 void Driver::Click(const Control& control) { ClickAt(MiddleOf(HandleOf(control))); }
 
 void Driver::TurnWheel(const Control& control, int nNotches) {
-  const WORD delta = static_cast<WORD>(nNotches * WHEEL_DELTA);
-  PostPointer(MiddleOf(HandleOf(control)), WM_MOUSEWHEEL, MAKEWPARAM(0, delta));
+  TurnWheelAt(MiddleOf(HandleOf(control)), nNotches);
 }
 
 void Driver::Type(Key key) {
@@ -312,12 +254,7 @@ void Driver::Type(Key key) {
               : 0U);
 }
 
-void Driver::TypeAccessKey(char c) {
-  SendKey(VK_MENU, 0);
-  TypeKey(static_cast<WORD>(c));
-  SendKey(VK_MENU, KEYEVENTF_KEYUP);
-  PumpMessages();
-}
+void Driver::TypeAccessKey(char c) { TypeWithAlt(static_cast<WORD>(c)); }
 
 std::string Driver::WindowTitle() {
   const HWND hWindow = UsedWindow();

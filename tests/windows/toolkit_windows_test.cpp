@@ -1,0 +1,118 @@
+#include <windows.h>
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "platform/windows/toolkit_native.h"
+#include "startup/agreement.h"
+#include "tests/driver.h"
+
+// What this system's windows alone can do.
+namespace trelin {
+namespace {
+
+HWND HandleOf(const Control& control) { return control.Get().Handle(); }
+
+bool Has(const Control& control, LONG_PTR style) {
+  return (GetWindowLongPtrA(HandleOf(control), GWL_STYLE) & style) != 0;
+}
+
+TEST(WindowsWindow, FramesAreAsAsked) {
+  const Form fixed(FormBorder::FixedSingle, true, 3000, 3000);
+  const Form sizable(FormBorder::Sizable, false, 3000, 3000);
+  for (const Form* pForm : {&fixed, &sizable}) {
+    EXPECT_TRUE(Has(*pForm, WS_CAPTION) && Has(*pForm, WS_SYSMENU));
+    EXPECT_FALSE(Has(*pForm, WS_MINIMIZEBOX) || Has(*pForm, WS_MAXIMIZEBOX));
+    EXPECT_EQ(Has(*pForm, WS_THICKFRAME), pForm == &sizable);
+    // The task bar shows windows without an owner.
+    EXPECT_EQ(GetWindow(HandleOf(*pForm), GW_OWNER) != nullptr, pForm == &sizable);
+  }
+}
+
+TEST(WindowsWindow, IsLaidOutAnewOnAScreenOfAnotherResolution) {
+  Form form(FormBorder::FixedSingle, true, 6000, 3000);
+  PictureBox box(form);
+  Label label(box);
+  box.SetBounds(720, 360, 2880, 1440);
+  label.SetBounds(0, 0, 2000, 240);
+  std::vector<Twips> painted;
+  box.OnPaint = [&] { painted = {Screen::TwipsPerPixelX(), box.Width(), box.Height()}; };
+  Driver::ShowModal(form, [&] {
+    for (const int nDpi : {144, 192, 96}) {
+      RECT place = {100, 100, 700, 400};
+      SendMessageA(HandleOf(form), WM_DPICHANGED, MAKEWPARAM(nDpi, nDpi),
+                   reinterpret_cast<LPARAM>(&place));
+      Driver::Wait(10);
+      EXPECT_EQ(Driver::Inside(form), (PixelRect{0, 0, 6000 * nDpi / 1440, 3000 * nDpi / 1440}));
+      EXPECT_EQ(Driver::Bounds(box), (PixelRect{nDpi / 2, nDpi / 4, 2 * nDpi, nDpi}));
+      EXPECT_EQ(painted, (std::vector<Twips>{1440.0F / static_cast<Twips>(nDpi), 2880, 1440}));
+      LOGFONTA font{};
+      GetObjectA(reinterpret_cast<HFONT>(SendMessageA(HandleOf(label), WM_GETFONT, 0, 0)),
+                 sizeof font, &font);
+      EXPECT_EQ(font.lfHeight, -(nDpi * 33 + 144) / 288) << nDpi;
+    }
+  });
+}
+
+// The system runs a loop of its own while the thumb is held down.
+TEST(WindowsWindow, AThumbThatIsDraggedKeepsNothingOpen) {
+  Form form(FormBorder::FixedSingle, true, 3000, 6000);
+  PictureBox box(form);
+  ScrollBar bar(box);
+  Timer timer(form);
+  box.SetBounds(0, 0, 3000, 6000);
+  bar.SetBounds(0, 0, 255, 6000);
+  timer.SetInterval(10);
+  const auto fail = [] { throw std::runtime_error("fault"); };
+  const auto drag = [&] {
+    Driver::Press(bar, 120, 300);
+    Driver::MoveTo(bar, 120, 3000);
+    timer.SetEnabled(true);
+    Driver::Wait(100);
+    Driver::Release(bar, 120, 3000);
+  };
+  bar.OnScroll = fail;
+  EXPECT_THROW(Driver::ShowModal(form, drag), std::runtime_error);
+  timer.SetEnabled(false);
+  bar.OnScroll = nullptr;
+  timer.OnTimer = [&] { form.Unload(); };
+  Driver::ShowModal(form, drag);
+  EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST(WindowsWindow, AWindowKeepsTheOneBelowFromAnswering) {
+  Form below(FormBorder::FixedSingle, true, 3000, 3000);
+  Form above(FormBorder::FixedSingle, true, 3000, 3000);
+  Button show(below);
+  show.SetBounds(0, 0, 1500, 600);
+  show.OnClick = [&] {
+    Driver::ShowModal(above, [&] {
+      EXPECT_FALSE(Driver::TakesInput(below));
+      PostMessageA(HandleOf(below), WM_CLOSE, 0, 0);
+      Driver::Wait(10);
+      EXPECT_TRUE(below.Loaded());
+    });
+    EXPECT_TRUE(Driver::TakesInput(below));
+  };
+  Driver::ShowModal(below, [&] { Driver::Click(show); });
+}
+
+// At the usual resolution, which the other ones' runs leave out.
+TEST(Agreement, FitsItsTextBoxWhole) {
+  frmMicrosoft form;
+  Driver::ShowModal(form, [&] {
+    const HWND hText = HandleOf(form.txtAgreement);
+    RECT inside{};
+    SendMessageA(hText, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&inside));
+    const LRESULT nLast = SendMessageA(hText, EM_GETLINECOUNT, 0, 0) - 1;
+    const LRESULT nFirstCharacter =
+        SendMessageA(hText, EM_LINEINDEX, static_cast<WPARAM>(nLast), 0);
+    const auto place = SendMessageA(hText, EM_POSFROMCHAR, static_cast<WPARAM>(nFirstCharacter), 0);
+    EXPECT_LE(static_cast<short>(HIWORD(place)) + 13, inside.bottom) << "lines are out of view";
+    EXPECT_GT(nLast, 20);
+    EXPECT_EQ(SendMessageA(hText, EM_GETSEL, 0, 0), 0) << "text is selected";
+  });
+}
+
+}  // namespace
+}  // namespace trelin
