@@ -125,7 +125,10 @@ std::int32_t MemoryRegistry::OpenKey(RegistryKey hParent, const std::string& sPa
                                      std::uint32_t lAccess, RegistryKey& hKey) {
   RegistryNode* node = nullptr;
   const std::int32_t lResult = Walk(hParent, sPath, node);
-  return lResult == RegistrySuccess ? NewHandle(*node, lAccess, hKey) : lResult;
+  if (lResult != RegistrySuccess) return lResult;
+  if (HiveName(hParent) == nullptr || !Name(sPath).empty()) return NewHandle(*node, lAccess, hKey);
+  hKey = hParent;
+  return RegistrySuccess;
 }
 
 std::int32_t MemoryRegistry::CreateLevel(RegistryNode*& node, std::string_view sName) const {
@@ -139,8 +142,10 @@ std::int32_t MemoryRegistry::CreateKey(RegistryKey hParent, const std::string& s
                                        std::uint32_t lAccess, RegistryKey& hKey) {
   std::int32_t lResult = OpenKey(hParent, sPath, lAccess, hKey);
   if (lResult != RegistryNotFound) return lResult;
-  RegistryNode* node = nullptr;
-  lResult = ResolveForWriting(hParent, node);
+  // Whether the handle was opened for writing does not count here.
+  Handle handle;
+  lResult = Resolve(hParent, handle);
+  RegistryNode* node = handle.node;
   std::string_view sRest = sPath.c_str();
   for (std::string_view sName; lResult == RegistrySuccess && NextLevel(sRest, sName);)
     lResult = CreateLevel(node, sName);

@@ -39,9 +39,10 @@ class Registry {
  public:
   virtual ~Registry() = default;
 
-  // Opens sPath below hParent; an empty path opens hParent itself again.
-  // Success puts a handle into hKey, which the caller closes with CloseKey.
-  // Fails when the key is missing or refuses lAccess.
+  // Opens sPath below hParent; an empty path opens hParent itself again, or
+  // gives the hive that hParent is. Success puts a handle into hKey, which the
+  // caller closes with CloseKey. Fails when the key is missing or refuses
+  // lAccess.
   virtual std::int32_t OpenKey(RegistryKey hParent, const std::string& sPath, std::uint32_t lAccess,
                                RegistryKey& hKey) = 0;
 
@@ -65,15 +66,15 @@ class Registry {
 
   virtual std::int32_t DeleteValue(RegistryKey hKey, const std::string& sName) = 0;
 
-  // Copies the NUL-terminated name of the subkey at lIndex (from 0) into a
-  // buffer of lSize bytes. Fails past the last subkey.
+  // Copies the NUL-terminated name of the subkey at lIndex (from 0, in no
+  // certain order) into a buffer of lSize bytes. Fails past the last subkey.
   virtual std::int32_t EnumKey(RegistryKey hKey, std::uint32_t lIndex, char* pName,
                                std::uint32_t lSize) = 0;
 
   // Copies the NUL-terminated name and the data of the value at lIndex (from
-  // 0). The two sizes hold the buffers' sizes on entry and the lengths, the
-  // name's without its NUL, on success. Fails past the last value and when a
-  // buffer is too small.
+  // 0, in no certain order). The two sizes hold the buffers' sizes on entry
+  // and the lengths, the name's without its NUL, on success. Fails past the
+  // last value and when a buffer is too small.
   virtual std::int32_t EnumValue(RegistryKey hKey, std::uint32_t lIndex, char* pName,
                                  std::uint32_t& lNameSize, char* pData,
                                  std::uint32_t& lDataSize) = 0;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "tests/platform/registry_contract.h"
 
 namespace trelin {
@@ -9,6 +11,9 @@ namespace trelin {
 namespace {
 
 using Texts = std::vector<std::string>;
+using Names = std::set<std::string>;
+
+constexpr std::uint32_t ReadOnly = 0x20019;  // KEY_READ
 
 INSTANTIATE_TEST_SUITE_P(Memory, RegistryContract,
                          testing::Values([] { return std::make_unique<MemoryRegistry>(); }));
@@ -21,10 +26,15 @@ TEST_P(RegistryContract, PathsFindKeysAndCreatingKeepsThem) {
   EXPECT_EQ("x", Get(registry_, hAgain, "kept"));
   registry_.CloseKey(hAgain);
   EXPECT_EQ("<6>", Get(registry_, hAgain, "kept")) << "a closed handle";
+  EXPECT_EQ(RegistryInvalidHandle, Set(registry_, hAgain, "kept", "y"));
+  EXPECT_EQ(RegistryInvalidHandle, registry_.CloseKey(hAgain));
   for (const char* sPath : {"Two", "One\\Two\\Three"})
     EXPECT_EQ(2, registry_.OpenKey(base_, sPath, RegistryReadWrite, hAgain)) << sPath;
   EXPECT_EQ(0, registry_.OpenKey(hKey, "", RegistryReadWrite, hAgain));
   registry_.CloseKey(hAgain);
+  EXPECT_EQ("x", Get(registry_, hKey, "kept")) << "an empty path gives a second handle";
+  EXPECT_EQ(0, registry_.OpenKey(RegistryKey::LocalMachine, "", RegistryReadWrite, hAgain));
+  EXPECT_EQ(RegistryKey::LocalMachine, hAgain);
   registry_.CloseKey(hKey);
 }
 
@@ -42,29 +52,40 @@ TEST_P(RegistryContract, ValuesKeepTheirBytes) {
   EXPECT_EQ("unnamed", Get(registry_, base_, ""));
 }
 
-TEST_P(RegistryContract, KeysEnumerateInOrderAndValuesAsCreated) {
+TEST_P(RegistryContract, ReadingDoesNotGiveTheRightToWriteValues) {
+  RegistryKey hKey = RegistryKey::None;
+  EXPECT_EQ(0, registry_.OpenKey(base_, "", ReadOnly, hKey));
+  EXPECT_EQ(RegistryAccessDenied, Set(registry_, hKey, "x", "y"));
+  EXPECT_EQ(RegistryAccessDenied, registry_.DeleteValue(hKey, "x"));
+  registry_.CloseKey(Create(hKey, "Subkey"));
+  EXPECT_EQ(0, registry_.DeleteKey(hKey, "Subkey"));
+  registry_.CloseKey(hKey);
+}
+
+TEST_P(RegistryContract, EnumeratesEachKeyAndValueOnce) {
   for (const char* sName : {"beta", "Alpha", "GAMMA", "alpha"})
     registry_.CloseKey(Create(base_, sName));
-  EXPECT_EQ((Texts{"Alpha", "beta", "GAMMA"}), Keys(base_));
+  const std::vector<std::string> keys = Keys(base_);
+  EXPECT_EQ((Names{"Alpha", "beta", "GAMMA"}), Names(keys.begin(), keys.end()));
   std::array<char, 8> name{};
   std::array<char, 8> data{};
-  EXPECT_EQ(234, registry_.EnumKey(base_, 0, name.data(), 5));
+  EXPECT_EQ(234, registry_.EnumKey(base_, 0, name.data(), 4));
   EXPECT_EQ(259, registry_.EnumKey(base_, 3, name.data(), 8));
 
-  for (const char* sName : {"b", "gone", "A", "B"}) Set(registry_, base_, sName, sName);
-  EXPECT_EQ(RegistrySuccess, registry_.DeleteValue(base_, "GONE"));
-  EXPECT_EQ(RegistryNotFound, registry_.DeleteValue(base_, "GONE"));
   const auto value = [&](std::uint32_t lIndex, std::uint32_t lName, std::uint32_t lData) {
     const std::int32_t lResult =
         registry_.EnumValue(base_, lIndex, name.data(), lName, data.data(), lData);
     return lResult == 0 ? name.data() + ("=" + std::string(data.data(), lData))
                         : std::to_string(lResult);
   };
-  EXPECT_EQ("b=B", value(0, 2, 1));
-  EXPECT_EQ("A=A", value(1, 8, 8));
-  EXPECT_EQ("259", value(2, 8, 8));
+  Set(registry_, base_, "b", "b");
+  EXPECT_EQ("b=b", value(0, 2, 1));
   EXPECT_EQ("234", value(0, 1, 8)) << "the name's buffer lacks the place for its NUL";
   EXPECT_EQ("234", value(0, 8, 0));
+  for (const char* sName : {"gone", "A", "B"}) Set(registry_, base_, sName, sName);
+  EXPECT_EQ(RegistrySuccess, registry_.DeleteValue(base_, "GONE"));
+  EXPECT_EQ(RegistryNotFound, registry_.DeleteValue(base_, "GONE"));
+  EXPECT_EQ((Names{"b=B", "A=A", "259"}), (Names{value(0, 8, 8), value(1, 8, 8), value(2, 8, 8)}));
 }
 
 TEST_P(RegistryContract, DeletedKeysLeaveTheirHandlesBehind) {

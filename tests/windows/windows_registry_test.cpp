@@ -1,0 +1,12 @@
+#include "platform/windows/windows_registry.h"
+
+#include "tests/platform/registry_contract.h"
+
+namespace trelin {
+namespace {
+
+INSTANTIATE_TEST_SUITE_P(Windows, RegistryContract,
+                         testing::Values([] { return std::make_unique<WindowsRegistry>(); }));
+
+}  // namespace
+}  // namespace trelin
