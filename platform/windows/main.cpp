@@ -39,7 +39,7 @@ int& ExitCode() {
 }
 
 std::string ProgramName() {
-  const std::string sPath = ProgramPath();
+  const std::string sPath = RunningProgram();
   return sPath.substr(sPath.rfind('\\') + 1);
 }
 

@@ -12,7 +12,7 @@ namespace trelin {
 
 namespace {
 
-std::wstring WideProgramPath() {
+std::wstring WideRunningProgram() {
   std::wstring sPath(MAX_PATH, L'\0');
   for (;;) {
     const auto nSize = static_cast<DWORD>(sPath.size());
@@ -47,7 +47,7 @@ std::wstring FolderOf(const std::wstring& sPath) {
 }
 
 std::string FindProgramFolder() {
-  const std::wstring sFolder = FolderOf(WideProgramPath());
+  const std::wstring sFolder = FolderOf(WideRunningProgram());
   const std::string sPath = ToAnsi(sFolder);
   if (FromAnsi(sPath) != sFolder) {
     throw PlatformError("find the program's own folder", sPath,
@@ -58,7 +58,7 @@ std::string FindProgramFolder() {
 
 }  // namespace
 
-std::string ProgramPath() { return ToAnsi(WideProgramPath()); }
+std::string RunningProgram() { return ToAnsi(WideRunningProgram()); }
 
 std::string WindowsSystem::ProgramFolder() {
   if (sProgramFolder_.empty()) sProgramFolder_ = FindProgramFolder();

@@ -6,7 +6,7 @@ namespace trelin {
 
 // The full path of the running program; a character that the ANSI code page
 // lacks is replaced.
-std::string ProgramPath();
+std::string RunningProgram();
 
 // The Windows system that the program runs on.
 class WindowsSystem : public System {

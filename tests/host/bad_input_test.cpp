@@ -16,7 +16,7 @@
 #include "platform/platform.h"
 #include "startup/start_up.h"
 #include "tests/driver.h"
-#include "tests/host/temporary_folder.h"
+#include "tests/temporary_folder.h"
 
 namespace trelin {
 namespace {

@@ -16,8 +16,8 @@
 #include <thread>
 #include <vector>
 
-#include "tests/host/temporary_folder.h"
 #include "tests/platform/registry_contract.h"
+#include "tests/temporary_folder.h"
 
 namespace trelin {
 

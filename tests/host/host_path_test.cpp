@@ -2,7 +2,7 @@
 
 #include <unistd.h>
 
-#include "tests/host/temporary_folder.h"
+#include "tests/temporary_folder.h"
 
 namespace trelin {
 namespace {

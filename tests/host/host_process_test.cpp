@@ -4,7 +4,7 @@
 #include <unistd.h>
 
 #include "platform/host/host_path.h"
-#include "tests/host/temporary_folder.h"
+#include "tests/temporary_folder.h"
 
 namespace trelin {
 namespace {
