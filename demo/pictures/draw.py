@@ -5,136 +5,14 @@
                                    and menu/trelin.ico
 
 The pictures are committed; the build does not run this. The output is the
-same bytes every time. A picture is a list of shapes, painted one over the
-other on 32 by 32 units with the light from the top left. Each pixel takes the
-colour that covers most of it, so edges stay hard, as a mask needs them, and a
-dark outline is laid around the whole.
+same bytes every time.
 """
 
-import math
-import struct
-from collections import Counter
 from pathlib import Path
 
-SIZE = 32
-SAMPLES = 6  # a pixel and direction
-MASK = (192, 192, 192)  # not drawn by the launcher in a picture without a mask
-OUTLINE = (24, 28, 44)
-
-WHITE = (255, 255, 255)
-INK = (24, 28, 44)
-STEEL = [(240, 244, 250), (206, 214, 226), (166, 176, 194), (120, 132, 154), (78, 90, 114)]
-BLUE = [(176, 214, 255), (104, 166, 244), (48, 116, 216), (24, 78, 168), (14, 48, 112)]
-AMBER = [(255, 240, 170), (255, 210, 84), (240, 168, 32), (196, 120, 12), (136, 76, 4)]
-RUBY = [(255, 196, 196), (255, 104, 104), (226, 32, 48), (164, 8, 32), (104, 0, 24)]
-GREEN = [(188, 240, 176), (104, 206, 96), (40, 160, 56), (16, 112, 40), (8, 72, 28)]
-
-
-# Shapes: functions that say whether a point lies inside.
-
-
-def rect(x0, y0, x1, y1):
-    return lambda x, y: x0 <= x < x1 and y0 <= y < y1
-
-
-def ellipse(cx, cy, rx, ry=None):
-    ry = ry or rx
-    return lambda x, y: ((x - cx) / rx) ** 2 + ((y - cy) / ry) ** 2 < 1
-
-
-def polygon(*points):
-    def inside(x, y):
-        odd = False
-        for (x0, y0), (x1, y1) in zip(points, points[1:] + points[:1]):
-            if (y0 > y) != (y1 > y) and x < x0 + (y - y0) * (x1 - x0) / (y1 - y0):
-                odd = not odd
-        return odd
-
-    return inside
-
-
-def stroke(width, *points):
-    def near(x, y):
-        for (x0, y0), (x1, y1) in zip(points, points[1:]):
-            dx, dy = x1 - x0, y1 - y0
-            t = max(0, min(1, ((x - x0) * dx + (y - y0) * dy) / (dx * dx + dy * dy)))
-            if math.hypot(x - x0 - t * dx, y - y0 - t * dy) < width / 2:
-                return True
-        return False
-
-    return near
-
-
-def gear(cx, cy, teeth, outer, root, turn=0.0):
-    def inside(x, y):
-        phase = (math.atan2(y - cy, x - cx) / (2 * math.pi) * teeth + turn) % 1
-        flank = min(1, max(0, (0.36 - abs(phase - 0.5)) / 0.12))
-        return math.hypot(x - cx, y - cy) < root + (outer - root) * flank
-
-    return inside
-
-
-def both(first, second):
-    return lambda x, y: first(x, y) and second(x, y)
-
-
-def without(first, second):
-    return lambda x, y: first(x, y) and not second(x, y)
-
-
-# Paints: functions that give the colour of a point.
-
-
-def bands(colors, x0, y0, x1, y1):
-    """The colours in equal bands from one point to the other."""
-    length = (x1 - x0) ** 2 + (y1 - y0) ** 2
-
-    def paint(x, y):
-        t = ((x - x0) * (x1 - x0) + (y - y0) * (y1 - y0)) / length
-        return colors[max(0, min(len(colors) - 1, int(t * len(colors))))]
-
-    return paint
-
-
-def ball(colors, cx, cy, radius):
-    """The shading of a ball, lit from the top left."""
-
-    def paint(x, y):
-        t = math.hypot(x - cx + radius * 0.4, y - cy + radius * 0.4) / (radius * 1.5)
-        return colors[min(len(colors) - 1, int(t * len(colors)))]
-
-    return paint
-
-
-def render(shapes, outline=OUTLINE):
-    """The pixels, row by row: a colour, or None where nothing is drawn."""
-    shapes = [(s, p if callable(p) else lambda x, y, p=p: p) for s, p in shapes]
-
-    def sample(x, y):
-        for shape, paint in reversed(shapes):
-            if shape(x, y):
-                return paint(x, y)
-        return None
-
-    def pixel(column, row):
-        steps = [(i + 0.5) / SAMPLES for i in range(SAMPLES)]
-        found = Counter(sample(column + dx, row + dy) for dy in steps for dx in steps)
-        empty = found.pop(None, 0)
-        return None if empty * 2 > SAMPLES**2 else found.most_common(1)[0][0]
-
-    pixels = [[pixel(c, r) for c in range(SIZE)] for r in range(SIZE)]
-
-    def beside(c, r):
-        around = [(c - 1, r), (c + 1, r), (c, r - 1), (c, r + 1)]
-        return any(0 <= x < SIZE and 0 <= y < SIZE and pixels[y][x] for x, y in around)
-
-    return [
-        [pixels[r][c] or (outline if beside(c, r) else None) for c in range(SIZE)]
-        for r in range(SIZE)
-    ]
-
-
-# The pictures.
+from drawing import *
+from formats import bmp, gif, ico, icon_image, png_image
+from program_icon import BLACK, VGA, icon_16, icon_32, icon_48, icon_256
 
 
 def runtime():
@@ -258,150 +136,21 @@ def reports():
     ]
 
 
-VGA = [
-    (0, 0, 0), (128, 0, 0), (0, 128, 0), (128, 128, 0),
-    (0, 0, 128), (128, 0, 128), (0, 128, 128), (192, 192, 192),
-    (128, 128, 128), (255, 0, 0), (0, 255, 0), (255, 255, 0),
-    (0, 0, 255), (255, 0, 255), (0, 255, 255), (255, 255, 255),
-]  # fmt: skip
-
-
-def program_icon():
-    """The launcher: a setup disc between the jaws of a caliper."""
-    black, white, silver, grey = VGA[0], VGA[15], VGA[7], VGA[8]
-    navy, blue, teal, cyan, yellow, olive = VGA[4], VGA[12], VGA[6], VGA[14], VGA[11], VGA[3]
-    disc = ellipse(16, 20.5, 9.8)
-
-    def wedges(*points):  # and their reflections in the centre of the disc
-        across = [(32 - x, 41 - y) for x, y in points]
-        one, other = (both(disc, polygon((16, 20.5), *ends)) for ends in (points, across))
-        return lambda x, y: one(x, y) or other(x, y)
-
-    return [
-        (disc, teal),
-        (wedges((0, 12), (8, 0), (17, 0)), cyan),
-        (wedges((5, 3), (13, 0)), white),
-        (ellipse(16, 20.5, 4.6), navy),
-        (ellipse(16, 20.5, 3.6), silver),
-        (ellipse(16, 20.5, 1.6), black),
-        (polygon((1, 8), (6, 8), (6, 25), (1, 17)), silver),
-        (rect(5, 8, 6, 25), grey),
-        (rect(1, 8, 2, 17), white),
-        (polygon((26, 8), (31, 8), (31, 17), (26, 25)), yellow),
-        (rect(30, 8, 31, 18), olive),
-        (rect(1, 2, 31, 9), silver),
-        (rect(1, 2, 31, 3), white),
-        (rect(1, 8, 31, 9), grey),
-        (rect(22, 1, 31, 10), yellow),
-        (rect(22, 9, 26, 10), olive),
-        (rect(30, 1, 31, 10), olive),
-        (rect(21, 1, 22, 10), black),
-        (rect(24, 4, 29, 7), blue),
-        (rect(24, 4, 29, 5), cyan),
-    ] + [(rect(x, 3, x + 1, 7 if x % 6 == 3 else 5), black) for x in range(3, 21, 3)]
-
-
-# The file formats.
-
-
-def indexed(pixels, palette, empty):
-    return [[empty if c is None else palette.index(c) for c in row] for row in pixels]
-
-
-def colors_of(pixels):
-    return sorted({c for row in pixels for c in row if c})
-
-
-def packed_rows(rows, bits):
-    """Rows from the bottom up, each padded to four bytes."""
-    data = b""
-    for row in reversed(rows):
-        number = 0
-        for value in row:
-            number = number << bits | value
-        line = number.to_bytes(len(row) * bits // 8, "big")
-        data += line + bytes(-len(line) % 4)
-    return data
-
-
-def bitmap_header(height, bits, data_size):
-    return struct.pack("<IiiHHIIiiII", 40, SIZE, height, 1, bits, 0, data_size, 0, 0, 0, 0)
-
-
-def color_table(palette, bits):
-    table = b"".join(bytes((b, g, r, 0)) for r, g, b in palette)
-    return table + bytes(4 * 2**bits - len(table))
-
-
-def bmp(pixels):
-    """8 bits a pixel; the background is the mask colour."""
-    palette = [MASK] + colors_of(pixels)
-    assert MASK not in palette[1:] and len(palette) <= 256
-    data = packed_rows(indexed(pixels, palette, 0), 8)
-    table = color_table(palette, 8)
-    offset = 14 + 40 + len(table)
-    header = struct.pack("<2sIHHI", b"BM", offset + len(data), 0, 0, offset)
-    return header + bitmap_header(SIZE, 8, len(data)) + table + data
-
-
-def ico(pixels, palette=None, bits=8):
-    """One image: the colours, black where nothing is drawn, then the mask."""
-    palette = palette or [(0, 0, 0)] + colors_of(pixels)
-    assert len(palette) <= 2**bits
-    data = packed_rows(indexed(pixels, palette, 0), bits)
-    data += packed_rows([[int(c is None) for c in row] for row in pixels], 1)
-    image = bitmap_header(2 * SIZE, bits, len(data)) + color_table(palette, bits) + data
-    entry = struct.pack("<BBBBHHII", SIZE, SIZE, 2**bits % 256, 0, 1, bits, len(image), 22)
-    return struct.pack("<HHH", 0, 1, 1) + entry + image
-
-
-def lzw(values, bits):
-    """The compressed codes of a GIF image, in sub-blocks."""
-    clear, end = 1 << bits, (1 << bits) + 1
-    table = {(i,): i for i in range(clear)}
-    width, codes, prefix = bits + 1, [(clear, bits + 1)], ()
-    for value in values:
-        if prefix + (value,) in table:
-            prefix += (value,)
-            continue
-        codes.append((table[prefix], width))
-        table[prefix + (value,)] = len(table) + 2  # the codes clear and end stand between
-        if len(table) + 1 == 1 << width:
-            width += 1
-        prefix = (value,)
-    codes += [(table[prefix], width)]
-    codes += [(end, width + (len(table) + 2 == 1 << width))]
-    number = shift = 0
-    for code, size in codes:
-        number |= code << shift
-        shift += size
-    data = number.to_bytes((shift + 7) // 8, "little")
-    blocks = [data[i : i + 255] for i in range(0, len(data), 255)]
-    return b"".join(bytes([len(block)]) + block for block in blocks) + b"\0"
-
-
-def gif(pixels):
-    """One image, whose colour 0 is transparent."""
-    palette = [MASK] + colors_of(pixels)
-    bits = max(2, (len(palette) - 1).bit_length())
-    palette += [(0, 0, 0)] * (2**bits - len(palette))
-    values = [value for row in indexed(pixels, palette, 0) for value in row]
-    screen = struct.pack("<6sHHBBB", b"GIF89a", SIZE, SIZE, 0xF0 | bits - 1, 0, 0)
-    control = struct.pack("<BBBBHBB", 0x21, 0xF9, 4, 1, 0, 0, 0)
-    image = struct.pack("<BHHHHBB", 0x2C, 0, 0, SIZE, SIZE, 0, bits)
-    return screen + bytes(sum(palette, ())) + control + image + lzw(values, bits) + b";"
-
-
 def main():
     here = Path(__file__).resolve().parent
     for name, picture in {
         "runtime.bmp": bmp(render(runtime())),
         "sensors.gif": gif(render(sensors())),
-        "inspect.ico": ico(render(inspect())),
+        "inspect.ico": ico(icon_image(render(inspect()))),
         "gear.bmp": bmp(render(gear_picture())),
-        "optics.ico": ico(render(optics())),
+        "optics.ico": ico(icon_image(render(optics()))),
         "reports.gif": gif(render(reports())),
-        "../../menu/trelin.ico": ico(render(program_icon(), VGA[0]), VGA, 4),
+        "../../menu/trelin.ico": ico(
+            icon_image(render(icon_32(), BLACK, 32), VGA, 4),
+            icon_image(render(icon_16(), BLACK, 16), VGA, 4),
+            icon_image(render(icon_48(), BLACK, 48), VGA, 4),
+            png_image(render_smooth(icon_256(), 256, 6)),
+        ),
     }.items():
         (here / name).write_bytes(picture)
 
