@@ -50,11 +50,13 @@ void SendMouse(HWND hWindow, POINT place, DWORD flags, int nData = 0) {
   SendMouse(place, flags, nData);
 }
 
+// The keys that move are not those of the number pad.
 void SendKey(WORD key, DWORD flags) {
+  const bool bMoves = key >= VK_PRIOR && key <= VK_DOWN;
   INPUT input{};
   input.type = INPUT_KEYBOARD;
   input.ki.wVk = key;
-  input.ki.dwFlags = flags;
+  input.ki.dwFlags = flags | (bMoves ? KEYEVENTF_EXTENDEDKEY : 0U);
   Send(input);
 }
 
