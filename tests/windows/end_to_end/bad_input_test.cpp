@@ -57,8 +57,8 @@ TEST_F(LauncherBadInput, GetsAClearAnswer) {
       launcher->Window(FormClass, AgreementCaption);
       Type({VK_RETURN});
     }
-    const Message message = ReadMessage(launcher->MessageBox(c.sTitle));
-    EXPECT_EQ(message.sText.substr(0, c.sText.size()), c.sText);
+    const HWND hMessage = launcher->MessageBox(c.sTitle);
+    EXPECT_EQ(TextIn(hMessage).substr(0, c.sText.size()), c.sText);
     Type({VK_RETURN});
     if (c.then == Then::ShowsMenu) {
       launcher->Window(FormClass, MenuCaption);

@@ -17,8 +17,6 @@ RECT PlaceOf(HWND hWindow) {
   return place;
 }
 
-SIZE SizeOf(const RECT& rect) { return {rect.right - rect.left, rect.bottom - rect.top}; }
-
 std::string ClassOf(HWND hWindow) {
   std::array<char, 64> text{};
   GetClassNameA(hWindow, text.data(), static_cast<int>(text.size()));
@@ -70,12 +68,17 @@ std::string TextOf(HWND hWindow) {
   return text.data();
 }
 
-SIZE SizeOf(HWND hWindow) { return SizeOf(PlaceOf(hWindow)); }
+// Its icon is a control without a text.
+std::string TextIn(HWND hMessageBox) {
+  std::string sText;
+  for (HWND hText : ControlsIn(hMessageBox, "Static")) sText += TextOf(hText);
+  return sText;
+}
 
 SIZE InsideOf(HWND hWindow) {
   RECT inside{};
   GetClientRect(hWindow, &inside);
-  return SizeOf(inside);
+  return {inside.right, inside.bottom};
 }
 
 // To the pixel that an odd rest leaves over.
@@ -159,13 +162,6 @@ void BringToFront(HWND hWindow) {
   });
   if (!bInFront)
     throw std::runtime_error("\"" + TextOf(hWindow) + "\" does not come to the front.");
-}
-
-Message ReadMessage(HWND hWindow) {
-  Message message{hWindow, TextOf(hWindow), "", {}};
-  for (HWND hText : ControlsIn(hWindow, "Static")) message.sText += TextOf(hText);
-  for (HWND hButton : ControlsIn(hWindow, "Button")) message.buttons.push_back(TextOf(hButton));
-  return message;
 }
 
 }  // namespace end_to_end

@@ -10,8 +10,8 @@
 namespace end_to_end {
 
 std::string TextOf(HWND hWindow);
-SIZE SizeOf(HWND hWindow);    // with its frame
-SIZE InsideOf(HWND hWindow);  // without it, in pixels
+std::string TextIn(HWND hMessageBox);
+SIZE InsideOf(HWND hWindow);  // without its frame, in pixels
 bool IsCentered(HWND hWindow);
 HWND FocusedControl(HWND hWindow);  // of the window's thread
 
@@ -35,14 +35,5 @@ void TurnWheel(HWND hWindow, int nNotches);
 void Type(const std::vector<WORD>& keys);
 
 void BringToFront(HWND hWindow);
-
-// A message box as its reader sees it.
-struct Message {
-  HWND hWindow;
-  std::string sTitle;
-  std::string sText;
-  std::vector<std::string> buttons;
-};
-Message ReadMessage(HWND hWindow);
 
 }  // namespace end_to_end

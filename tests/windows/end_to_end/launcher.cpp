@@ -72,10 +72,6 @@ HWND Launcher::Window(const char* pClass, const std::string& sCaption) const {
   return hWindow;
 }
 
-bool Launcher::Shows(const std::string& sCaption) const {
-  return Find(FormClass, sCaption) != nullptr;
-}
-
 int Launcher::StartedPrograms() const {
   return static_cast<int>(Accounting(hJob_).TotalProcesses) - 1;
 }

@@ -25,7 +25,6 @@ class Launcher {
   // Waits for a window of the job and brings it to the front.
   HWND Window(const char* pClass, const std::string& sCaption) const;
   HWND MessageBox(const std::string& sTitle) const { return Window(MessageClass, sTitle); }
-  bool Shows(const std::string& sCaption) const;
 
   int StartedPrograms() const;  // so far, by it and by those
   DWORD WaitForEnd() const;     // the exit code

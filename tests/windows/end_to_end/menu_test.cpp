@@ -102,14 +102,14 @@ TEST_F(LauncherMenu, AsksBeforeAnOlderRevisionIsInstalled) {
   Select(menu, 2);
   for (const int nAnswer : {IDNO, IDYES}) {
     Click(menu.hSetup);
-    const Message question = ReadMessage(launcher->MessageBox(MenuCaption));
-    EXPECT_EQ(question.sText.rfind("A newer revision of this product is installed", 0), 0U)
-        << question.sText;
-    EXPECT_EQ(question.buttons.size(), 2U);
-    EXPECT_EQ(GetWindow(question.hWindow, GW_OWNER), menu.hForm);
+    const HWND hQuestion = launcher->MessageBox(MenuCaption);
+    const std::string sText = TextIn(hQuestion);
+    EXPECT_EQ(sText.rfind("A newer revision of this product is installed", 0), 0U) << sText;
+    EXPECT_EQ(ControlsIn(hQuestion, "Button").size(), 2U);
+    EXPECT_EQ(GetWindow(hQuestion, GW_OWNER), menu.hForm);
     EXPECT_EQ(launcher->StartedPrograms(), 0);
-    Click(GetDlgItem(question.hWindow, nAnswer));
-    ExpectGone(question.hWindow);
+    Click(GetDlgItem(hQuestion, nAnswer));
+    ExpectGone(hQuestion);
   }
   ExpectInstaller("the answer was Yes");
   EXPECT_EQ(launcher->StartedPrograms(), 1);
@@ -135,10 +135,11 @@ TEST_F(LauncherMenu, SaysWhyAProductCannotBeInstalled) {
     SCOPED_TRACE("row " + NumberOf(nRow));
     Select(menu, nRow);
     Type({VK_RETURN});
-    const Message reason = ReadMessage(launcher->MessageBox(reasons[nRow].sTitle));
-    EXPECT_EQ(reason.sText.substr(0, std::string(reasons[nRow].sText).size()), reasons[nRow].sText);
-    EXPECT_EQ(reason.buttons.size(), 1U);
-    CloseWithEsc(reason.hWindow);
+    const HWND hReason = launcher->MessageBox(reasons[nRow].sTitle);
+    EXPECT_EQ(TextIn(hReason).substr(0, std::string(reasons[nRow].sText).size()),
+              reasons[nRow].sText);
+    EXPECT_EQ(ControlsIn(hReason, "Button").size(), 1U);
+    CloseWithEsc(hReason);
   }
   EXPECT_EQ(launcher->StartedPrograms(), 0);
 }

@@ -1,10 +1,12 @@
 #include "tests/windows/end_to_end/reg_program.h"
 
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <regex>
 #include <sstream>
 #include <stdexcept>
+#include <system_error>
 
 namespace end_to_end {
 
@@ -19,9 +21,7 @@ struct Answer {
 
 Answer RunReg(const std::string& sArguments) {
   std::FILE* const pPipe = _popen(("reg " + sArguments + " 2>&1").c_str(), "rt");
-  if (pPipe == nullptr)
-    throw std::runtime_error("reg.exe does not start: " + std::to_string(errno) + " " +
-                             std::to_string(_doserrno));
+  if (pPipe == nullptr) throw std::system_error(errno, std::generic_category(), "reg.exe");
   Answer answer{};
   std::array<char, 512> buffer;
   while (std::fgets(buffer.data(), buffer.size(), pPipe)) answer.sOutput += buffer.data();

@@ -13,80 +13,42 @@ namespace end_to_end {
 
 namespace {
 
-const char* const SetupList = R"(BLOCK SETUPLIST Suite
-  TITLE = Test Suite
-  BLOCK APPLICATION
-    PRODUCT = Base System
-    DESCRIPTION = The offered revision is installed.
-    IMAGE = base.bmp
-    PRODUCTCODE = BASE
-    REVISION = 2.0
-    INSTALLFILE = base_setup.exe
-    READMEFILE = readme.exe base.txt
-  END
-  BLOCK APPLICATION
-    PRODUCT = Probe Head
-    DESCRIPTION = An older revision is installed; what it needs is there.
-    PRODUCTCODE = PROBE
-    REVISION = 2.1
-    INSTALLFILE = probe_setup.exe
-    BLOCK DEPENDENCY
-      PRODUCTCODE = BASE
-      REVISION = 1.0
-      TITLE = Base System
-    END
-  END
-  BLOCK APPLICATION
-    PRODUCT = Camera
-    DESCRIPTION = A newer revision is installed.
-    PRODUCTCODE = CAMERA
-    REVISION = 1.0
-    INSTALLFILE = camera_setup.exe
-  END
-  BLOCK APPLICATION
-    PRODUCT = Gears
-    DESCRIPTION = The check file is missing; it needs a newer Probe Head.
-    PRODUCTCODE = GEARS
-    REVISION = 3.0
-    INSTALLFILE = gears_setup.exe
-    BLOCK DEPENDENCY
-      PRODUCTCODE = PROBE
-      REVISION = 2.1
-      TITLE = Probe Head
-    END
-  END
-  BLOCK APPLICATION
-    PRODUCT = Reports & Labels
-    DESCRIPTION = Not installed; it needs Gears, which is incomplete.
-    PRODUCTCODE = REPORTS
-    REVISION = 1.0
-    INSTALLFILE = reports_setup.exe
-    BLOCK DEPENDENCY
-      PRODUCTCODE = GEARS
-      REVISION = 3.0
-      TITLE = Gears
-    END
-  END
-  BLOCK APPLICATION
-    PRODUCT = Handbook
-    DESCRIPTION = Nothing to install.
-    READMEFILE = readme.exe handbook.txt
-  END
-  BLOCK APPLICATION
-    PRODUCT = Archive
-    DESCRIPTION = Not installed; it needs what is not installed either.
-    PRODUCTCODE = ARCHIVE
-    REVISION = 1.0
-    INSTALLFILE = archive_setup.exe
-    BLOCK DEPENDENCY
-      PRODUCTCODE = REPORTS
-      REVISION = 1.0
-      TITLE = Reports
-    END
-  END
-END
-)";
+struct Product {
+  const char *sTitle, *sCode, *sRevision, *sMore;
+};
 
+// In the order of the menu. Each but the Handbook has an installer.
+const Product Products[] = {
+    {"Base System", "BASE", "2.0", "IMAGE = base.bmp\nREADMEFILE = readme.exe base.txt\n"},
+    {"Probe Head", "PROBE", "2.1",
+     "BLOCK DEPENDENCY\nPRODUCTCODE = BASE\nREVISION = 1.0\nTITLE = Base System\nEND\n"},
+    {"Camera", "CAMERA", "1.0", ""},
+    {"Gears", "GEARS", "3.0",
+     "BLOCK DEPENDENCY\nPRODUCTCODE = PROBE\nREVISION = 2.1\nTITLE = Probe Head\nEND\n"},
+    {"Reports & Labels", "REPORTS", "1.0",
+     "BLOCK DEPENDENCY\nPRODUCTCODE = GEARS\nREVISION = 3.0\nTITLE = Gears\nEND\n"},
+    {"Handbook", "", "", ""},
+    {"Archive", "ARCHIVE", "1.0",
+     "BLOCK DEPENDENCY\nPRODUCTCODE = REPORTS\nREVISION = 1.0\nTITLE = Reports\nEND\n"},
+};
+
+std::string InstallerOf(const Product& product) {
+  return *product.sCode == '\0' ? "" : product.sCode + std::string("_setup.exe");
+}
+
+std::string SetupList() {
+  std::ostringstream list;
+  list << "BLOCK SETUPLIST\n";
+  for (const Product& product : Products)
+    list << "BLOCK APPLICATION\nPRODUCT = " << product.sTitle << "\nPRODUCTCODE = " << product.sCode
+         << "\nREVISION = " << product.sRevision << "\nINSTALLFILE = " << InstallerOf(product)
+         << "\n"
+         << product.sMore << "END\n";
+  list << "END\n";
+  return list.str();
+}
+
+// The same revision, an older one, a newer one, a missing check file.
 const char* const Records = R"(REGEDIT4
 
 [HKEY_LOCAL_MACHINE\SOFTWARE\Korvanta\InstallLog]
@@ -127,7 +89,7 @@ SuiteFolder::SuiteFolder()
     : SuiteFolder(std::filesystem::temp_directory_path() /
                   ("Trelin suite " + std::to_string(GetCurrentProcessId()))) {
   PutPrograms();
-  Write("TRELIN.CFG", SetupList);
+  Write("TRELIN.CFG", SetupList());
   Write("base.txt", "About the base system.");
   Write("base.bmp", RedPicture());
   PutRecords();
@@ -141,9 +103,9 @@ SuiteFolder::~SuiteFolder() {
 void SuiteFolder::PutPrograms() const {
   for (const char* sName : {"trelin.exe", "ENU35000.DLL", "readme.exe"})
     std::filesystem::copy(BuildFolder() / sName, folder_ / sName);
-  for (const char* sProduct : {"base", "probe", "camera", "gears", "reports", "archive"})
-    std::filesystem::copy(BuildFolder() / "demo_installer.exe",
-                          folder_ / (sProduct + std::string("_setup.exe")));
+  for (const Product& product : Products)
+    if (const std::string sInstaller = InstallerOf(product); !sInstaller.empty())
+      std::filesystem::copy(BuildFolder() / "demo_installer.exe", folder_ / sInstaller);
 }
 
 void SuiteFolder::PutRecords() const {
