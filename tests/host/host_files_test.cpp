@@ -25,7 +25,8 @@ TEST(HostFilesTest, FindsWhatThisSystemTakesForFiles) {
   EXPECT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
   std::filesystem::create_symlink("Setup.exe", folder / "Link");
   std::filesystem::create_symlink("loop", folder / "loop");
-  EXPECT_EQ(Found(folder / "*"), (Names{"Setup.exe", "Link"}));
+  EXPECT_EQ(Found(folder / "*.*"), (Names{"Setup.exe", "Link"}));
+  EXPECT_EQ(Found(folder / "*."), (Names{"Link"}));
   for (const char* sName : {".hidden", "pipe", "Link/*"})
     EXPECT_EQ(Found(folder / sName), Names{}) << sName;
   EXPECT_THROW(Found(folder / "loop/*"), PlatformError);
