@@ -1,0 +1,69 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/entry.h"
+#include "platform/platform.h"
+#include "real_platform.h"
+#include "startup/string_resources.h"
+#include "tests/driver.h"
+#include "tests/temporary_folder.h"
+
+namespace trelin {
+
+// Works in a folder of its own and keeps what it would have shown.
+class RecordingSystem : public RealSystem {
+ public:
+  explicit RecordingSystem(const std::string& sFolder) : sFolder_(ProgramPath(sFolder)) {}
+
+  std::string ProgramFolder() override { return sFolder_; }
+  std::string CommandLineText() override { return ""; }
+  MessageAnswer ShowMessage(const std::string& sText, MessageIcon, MessageButtons,
+                            const std::string& sTitle) override {
+    sMessages += sTitle + ": " + sText + "\n";
+    return MessageAnswer::Ok;
+  }
+
+  std::string sMessages;
+
+ private:
+  std::string sFolder_;
+};
+
+// The whole program with the platform's registry, string library reader and
+// files, in a folder with a string library and a setup list of one product.
+class RealProgramWindow : public ::testing::Test {
+ protected:
+  RealProgramWindow() {
+    UsePlatform({registry.get(), &libraries, &system});
+    folder.Write("ENU35000.DLL", FileBytes(TRELIN_BUILD_DIR "/ENU35000.DLL"));
+    folder.Write("TRELIN.CFG", "BLOCK SETUPLIST\r\nBLOCK APPLICATION\r\nPRODUCT = A\r\nEND\r\nEND");
+  }
+
+  // Runs the program, accepts the agreement if it comes, and closes the menu
+  // if it opens. Returns the titles of the windows and then the messages.
+  std::string Run() {
+    system.sMessages.clear();
+    std::string sWindows;
+    Driver::WhenWindowOpens([&] {
+      sWindows += Driver::WindowTitle() + "\n";
+      Driver::WhenWindowOpens([&] {
+        sWindows += Driver::WindowTitle() + "\n";
+        Driver::Type(Key::Escape);
+      });
+      Driver::Type(Key::Enter);
+    });
+    Main();
+    Driver::ForgetScripts();
+    FreeResourceLibraries();  // as the end of the process does
+    return sWindows + system.sMessages;
+  }
+
+  const TemporaryFolder folder;
+  const std::unique_ptr<Registry> registry = RealRegistry(folder / "");
+  RealLibraries libraries;
+  RecordingSystem system{folder / ""};
+};
+
+}  // namespace trelin
