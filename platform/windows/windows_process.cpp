@@ -49,7 +49,8 @@ DWORD Start(const std::string& sFile, std::string sCommandLine) {
 
 std::string StartReason(const std::string& sFile, DWORD lReason) {
   if (IsFolder(sFile)) return "it is a folder, not a program";
-  if (lReason == ERROR_BAD_EXE_FORMAT) return "it is not a program that this system can run";
+  if (lReason == ERROR_BAD_EXE_FORMAT || lReason == ERROR_EXE_MACHINE_TYPE_MISMATCH)
+    return "it is not a program that this system can run";
   return SystemReason(lReason);
 }
 
