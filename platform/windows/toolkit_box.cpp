@@ -43,27 +43,18 @@ void BoxWindow::SetBackColor(Color color) {
 void BoxWindow::Refresh() { InvalidateRect(Handle(), nullptr, FALSE); }
 
 std::optional<LRESULT> BoxWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (IsPress(message) || IsRelease(message)) {
+    IsPress(message) ? Press(PointOf(lParam)) : Release(PointOf(lParam));
+    return 0;
+  }
   switch (message) {
     case WM_ERASEBKGND:
       return 1;  // it paints its background itself
     case WM_PAINT:
       Paint();
       return 0;
-    case WM_LBUTTONDOWN:
-    case WM_LBUTTONDBLCLK:
-    case WM_RBUTTONDOWN:
-    case WM_RBUTTONDBLCLK:
-    case WM_MBUTTONDOWN:
-    case WM_MBUTTONDBLCLK:
-      Press(PointOf(lParam));
-      return 0;
     case WM_MOUSEMOVE:
       Move(PointOf(lParam));
-      return 0;
-    case WM_LBUTTONUP:
-    case WM_RBUTTONUP:
-    case WM_MBUTTONUP:
-      Release(PointOf(lParam));
       return 0;
     case WM_CAPTURECHANGED:
       if (reinterpret_cast<HWND>(lParam) != Handle()) LoseCapture();

@@ -38,6 +38,27 @@ UINT DpiOf(const Control& control) {
 
 }  // namespace
 
+bool IsPress(UINT message) {
+  switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONDBLCLK:
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONDBLCLK:
+    case WM_XBUTTONDOWN:
+    case WM_XBUTTONDBLCLK:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool IsRelease(UINT message) {
+  return message == WM_LBUTTONUP || message == WM_RBUTTONUP || message == WM_MBUTTONUP ||
+         message == WM_XBUTTONUP;
+}
+
 ControlWindow::ControlWindow(const char* pClass, DWORD style, DWORD extendedStyle,
                              NativeWindow& container)
     : form_(&FormAbove(container)) {

@@ -33,17 +33,13 @@ class LabelWindow : public ControlWindow {
 
 // A press that the program does not want goes through to the container.
 std::optional<LRESULT> LabelWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (IsPress(message)) {
+    Form().Dispatch(label_.OnMouseDown);
+    return 0;
+  }
   switch (message) {
     case WM_NCHITTEST:
       return label_.OnMouseDown ? HTCLIENT : HTTRANSPARENT;
-    case WM_LBUTTONDOWN:
-    case WM_LBUTTONDBLCLK:
-    case WM_RBUTTONDOWN:
-    case WM_RBUTTONDBLCLK:
-    case WM_MBUTTONDOWN:
-    case WM_MBUTTONDBLCLK:
-      Form().Dispatch(label_.OnMouseDown);
-      return 0;
     case WM_ERASEBKGND:
       return 1;  // it paints its background itself
     case WM_PAINT:

@@ -13,6 +13,11 @@ namespace trelin {
 
 class FormWindow;
 
+// Whether the message tells of a button of the pointer, whichever it is. A
+// double click is two presses.
+bool IsPress(UINT message);
+bool IsRelease(UINT message);
+
 // A control on a form. It keeps its measures in twips, to be laid out anew
 // when the form comes to a screen of another resolution.
 class ControlWindow : public NativeWindow {
