@@ -11,17 +11,24 @@ const char* const Blanks = " \t";
 
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 
-// The end of the longest leading part of sText that is a file. A part neither
-// ends with a space nor, as sText does not, begins with one.
-std::size_t UnquotedProgramEnd(const std::string& sText,
-                               const std::function<bool(const std::string&)>& isFile) {
-  for (std::size_t nLast = sText.find_last_not_of(' '); nLast != std::string::npos;) {
-    if (isFile(sText.substr(0, nLast + 1))) return nLast + 1;
-    const std::size_t nSpace = sText.rfind(' ', nLast);
+// The length of the longest leading part of sText that is a folder.
+std::size_t FolderEnd(const std::string& sText, const PathTests& path) {
+  std::size_t nEnd = sText.find_last_of("\\/");
+  while (nEnd != std::string::npos && nEnd > 0 && !path.isFolder(sText.substr(0, nEnd)))
+    nEnd = sText.find_last_of("\\/", nEnd - 1);
+  return nEnd == std::string::npos ? 0 : nEnd;
+}
+
+// sText neither begins nor ends with a space; nor does a part of it.
+std::size_t UnquotedProgramEnd(const std::string& sText, const PathTests& path) {
+  const std::size_t nFolder = FolderEnd(sText, path);
+  for (std::size_t nEnd = sText.size(); nEnd > nFolder;) {
+    if (path.isFile(sText.substr(0, nEnd))) return nEnd;
+    const std::size_t nSpace = sText.rfind(' ', nEnd - 1);
     if (nSpace == std::string::npos) break;
-    nLast = sText.find_last_not_of(' ', nSpace);
+    nEnd = sText.find_last_not_of(' ', nSpace) + 1;
   }
-  return std::min(sText.find(' '), sText.size());
+  return sText.size();
 }
 
 // Reads the arguments of a command line, one Next a call.
@@ -72,12 +79,12 @@ class ArgumentReader {
 
 }  // namespace
 
-CommandLine ResolveCommandLine(const std::string& sCommandLine,
-                               const std::function<bool(const std::string&)>& isFile) {
+CommandLine ResolveCommandLine(const std::string& sCommandLine, const PathTests& path) {
   const std::size_t nStart = std::min(sCommandLine.find_first_not_of(' '), sCommandLine.size());
   const std::string sText = sCommandLine.substr(nStart);
   if (!sText.starts_with('"')) {
-    const std::size_t nEnd = UnquotedProgramEnd(sText, isFile);
+    const std::string sTrimmed = sText.substr(0, sText.find_last_not_of(' ') + 1);
+    const std::size_t nEnd = UnquotedProgramEnd(sTrimmed, path);
     return {sText.substr(0, nEnd), false, sText.substr(nEnd)};
   }
   const std::size_t nClosing = std::min(sText.find('"', 1), sText.size());

@@ -13,19 +13,26 @@ struct CommandLine {
   std::string sArguments;  // what stands behind it, as it is
 };
 
-// With isFile true for C:\My Suite\setup.exe only:
+// What the system holds at a path.
+struct PathTests {
+  std::function<bool(const std::string&)> isFile;
+  std::function<bool(const std::string&)> isFolder;
+};
+
+// With a folder C:\My Suite that holds setup.exe, and a file C:\My:
 //
-//   command line                        program                 arguments
-//   "C:\My Suite\setup.exe" /q          C:\My Suite\setup.exe   /q
+//   command line                        program                    arguments
+//   "C:\My Suite\setup.exe" /q          C:\My Suite\setup.exe      /q
 //   "C:\My Suite\set up                 C:\My Suite\set up
-//   C:\My Suite\setup.exe /q            C:\My Suite\setup.exe   /q
-//   C:\My Suite\gone.exe /q             C:\My                   Suite\gone.exe /q
+//   C:\My Suite\setup.exe /q            C:\My Suite\setup.exe      /q
+//   C:\My Suite\gone.exe /q             C:\My Suite\gone.exe /q
+//   C:\My Suit\setup.exe                C:\My                      Suit\setup.exe
 //
 // A program in quotes ends at the closing quote. Without quotes it is the
-// longest leading part, ending at a space or at the end, that is a file; when
-// none is, the part up to the first space.
-CommandLine ResolveCommandLine(const std::string& sCommandLine,
-                               const std::function<bool(const std::string&)>& isFile);
+// longest leading part, ending at a space or at the end, that is a file and
+// does not end within the name of a folder that is there: a program that stands
+// higher in the tree is not meant. When there is none, it is all of the text.
+CommandLine ResolveCommandLine(const std::string& sCommandLine, const PathTests& path);
 
 // What stands on a process's own command line behind the name that the
 // program was started by and the blanks there. The name ends at the first

@@ -182,19 +182,20 @@ bool IsFile(const std::string& sPath) {
   return std::filesystem::is_regular_file(HostPath(sPath), error);
 }
 
+bool IsFolder(const std::string& sPath) {
+  std::error_code error;
+  return std::filesystem::is_directory(HostPath(sPath), error);
+}
+
 }  // namespace
 
 void StartHostProgram(const std::string& sCommandLine) {
   RefuseNul(StartOperation, sCommandLine);
-  const CommandLine command = ResolveCommandLine(sCommandLine, IsFile);
+  const CommandLine command = ResolveCommandLine(sCommandLine, {IsFile, IsFolder});
   const std::string sHostPath = HostPath(command.sProgram);
   const int lReason = StartDetached(sHostPath, SplitArguments(command.sArguments));
-  if (lReason == 0) return;
-  // Where nothing that is there was named, the program may be any leading
-  // part of the command line: the message then shows all of it.
-  const bool bUnknown = lReason == ENOENT && !IsFile(command.sProgram);
-  const std::string sShown = bUnknown && !command.bQuoted ? HostPath(sCommandLine) : sHostPath;
-  throw PlatformError(StartOperation, ShownPath(sShown), StartReason(sHostPath, lReason));
+  if (lReason != 0)
+    throw PlatformError(StartOperation, ShownPath(sHostPath), StartReason(sHostPath, lReason));
 }
 
 }  // namespace trelin

@@ -58,15 +58,11 @@ std::string StartReason(const std::string& sFile, DWORD lReason) {
 
 void StartWindowsProgram(const std::string& sCommandLine) {
   RefuseNul(StartOperation, sCommandLine);
-  const CommandLine command = ResolveCommandLine(sCommandLine, IsProgram);
+  const CommandLine command = ResolveCommandLine(sCommandLine, {IsProgram, IsFolder});
   const std::string sFile = ProgramFile(command.sProgram);
   const DWORD lReason = Start(sFile, PassedOn(command, sCommandLine));
   if (lReason == ERROR_SUCCESS) return;
-  // Where nothing that is there was named, the program may be any leading
-  // part of the command line: the message then shows all of it.
-  const bool bUnknown = !IsFile(sFile) && !IsFolder(sFile);
-  throw PlatformError(StartOperation, bUnknown && !command.bQuoted ? sCommandLine : sFile,
-                      StartReason(sFile, lReason));
+  throw PlatformError(StartOperation, sFile, StartReason(sFile, lReason));
 }
 
 }  // namespace trelin

@@ -8,20 +8,25 @@ namespace trelin {
 namespace {
 
 TEST(CommandLineTest, TakesCommandLinesApart) {
-  const auto isFile = [](const std::string& s) { return s == "C:\\My  Suite\\a" || s == "C:\\My"; };
+  const PathTests path = {
+      [](const std::string& s) { return s == "C:\\My  Suite\\a" || s == "C:\\My" || s == "p"; },
+      [](const std::string& s) { return s == "C:" || s == "C:\\My  Suite"; }};
   const std::tuple<const char*, const char*, std::vector<std::string>> cases[] = {
       {"", "", {}},
       {"  \"C:\\a b\"  c", "C:\\a b", {"c"}},
       {"\"C:\\a b", "C:\\a b", {}},
       {" C:\\My  Suite\\a  c", "C:\\My  Suite\\a", {"c"}},
-      {"C:\\My  Suite\\b ", "C:\\My", {"Suite\\b"}},
+      {"C:\\My  Suite\\b  c ", "C:\\My  Suite\\b  c", {}},
+      {"C:\\My  Suit\\b ", "C:\\My", {"Suit\\b"}},
+      {"C:\\My", "C:\\My", {}},
+      {"q a", "q a", {}},
       {"p \"a b\"c\td\"e f\" \"\" \"g", "p", {"a bc", "de f", "", "g"}},
       {"p a\\\\b \"c\\\\\" d\\", "p", {"a\\\\b", "c\\", "d\\"}},
       {"p \\\"a \\\\\"b c\" \\\\\\\"d", "p", {"\"a", "\\b c", "\\\"d"}},
       {"p \"a\"\"b c\" d", "p", {"a\"b c", "d"}},
   };
   for (const auto& [sText, sProgram, arguments] : cases) {
-    const CommandLine command = ResolveCommandLine(sText, isFile);
+    const CommandLine command = ResolveCommandLine(sText, path);
     EXPECT_EQ(command.sProgram, sProgram) << sText;
     EXPECT_EQ(SplitArguments(command.sArguments), arguments) << sText;
   }
