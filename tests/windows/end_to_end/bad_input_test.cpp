@@ -23,16 +23,15 @@ TEST_F(LauncherBadInput, GetsAClearAnswer) {
   const std::string sNoLibrary =
       "The number of notice lines (string 35040) should be a whole number but reads \"Error: "
       "Resource File Not Found\".\n\nThe string library ENU35000.DLL is missing";
-  enum class Then { Ends, ShowsMenu };
   const struct {
     const char* sCase;
     std::function<void()> breakIt;
     bool bAgreement;
     std::string sTitle, sText;
-    Then then = Then::Ends;
+    bool bMenu = false;
   } cases[] = {
       {"an unknown entry", Write("TRELIN.CFG", "BLOCK SETUPLIST\r\nCOLOUR = 1\r\nEND"), true,
-       "Setup List", "Trelin Setup does not know the entry \"COLOUR\"", Then::ShowsMenu},
+       "Setup List", "Trelin Setup does not know the entry \"COLOUR\"", true},
       {"a line without sense", Write("TRELIN.CFG", "BLOCK SETUPLIST\r\n\r\nSetup\r\nEND"), true,
        "BlockParse.GetToken", "Line 3 of the setup list TRELIN.CFG cannot be understood."},
       {"a wrong block", Write("TRELIN.CFG", "BLOCK SETUPLIST\r\nBLOCK DEPENDENCY"), true,
@@ -55,14 +54,14 @@ TEST_F(LauncherBadInput, GetsAClearAnswer) {
     launcher.emplace(suite / "trelin.exe");
     if (c.bAgreement) {
       launcher->Window(FormClass, AgreementCaption);
-      Type({VK_RETURN});
+      Type(VK_RETURN);
     }
     const HWND hMessage = launcher->MessageBox(c.sTitle);
     EXPECT_EQ(TextIn(hMessage).substr(0, c.sText.size()), c.sText);
-    Type({VK_RETURN});
-    if (c.then == Then::ShowsMenu) {
+    Type(VK_RETURN);
+    if (c.bMenu) {
       launcher->Window(FormClass, MenuCaption);
-      Type({VK_ESCAPE});
+      Type(VK_ESCAPE);
     }
     EXPECT_EQ(launcher->WaitForEnd(), 0U);
   }

@@ -151,9 +151,15 @@ void TurnWheel(HWND hWindow, int nNotches) {
   SendMouse(hWindow, MiddleOf(hWindow), MOUSEEVENTF_WHEEL, nNotches * WHEEL_DELTA);
 }
 
-void Type(const std::vector<WORD>& keys) {
-  for (WORD key : keys) SendKey(key, 0);
-  std::for_each(keys.rbegin(), keys.rend(), [](WORD key) { SendKey(key, KEYEVENTF_KEYUP); });
+void Type(WORD key) {
+  SendKey(key, 0);
+  SendKey(key, KEYEVENTF_KEYUP);
+}
+
+void TypeWithAlt(char c) {
+  SendKey(VK_MENU, 0);
+  Type(static_cast<WORD>(c));
+  SendKey(VK_MENU, KEYEVENTF_KEYUP);
 }
 
 void BringToFront(HWND hWindow) {

@@ -31,8 +31,9 @@ void Click(HWND hWindow);  // in its middle
 void ClickCloseBox(HWND hWindow);
 void TurnWheel(HWND hWindow, int nNotches);
 
-// Keys of the keyboard, to the window in use: down all, then up all.
-void Type(const std::vector<WORD>& keys);
+// The keyboard, to the window in use.
+void Type(WORD key);
+void TypeWithAlt(char c);
 
 void BringToFront(HWND hWindow);
 

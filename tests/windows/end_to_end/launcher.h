@@ -27,7 +27,7 @@ class Launcher {
   HWND MessageBox(const std::string& sTitle) const { return Window(MessageClass, sTitle); }
 
   int StartedPrograms() const;  // so far, by it and by those
-  DWORD WaitForEnd() const;     // the exit code
+  DWORD WaitForEnd() const;     // the exit code; STILL_ACTIVE if it does not end
   HANDLE Process() const { return process_.hProcess; }
 
  private:

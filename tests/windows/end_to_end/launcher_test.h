@@ -23,14 +23,13 @@ class LauncherTest : public ::testing::Test {
 
   Menu OpenMenu(const std::wstring& sArguments = L"") {
     OpenAgreement(sArguments);
-    Type({VK_RETURN});
+    Type(VK_RETURN);
     return Menu(launcher->Window(FormClass, MenuCaption));
   }
 
   static void Select(const Menu& menu, int nRow) {
     Click(menu.rows.at(nRow).hTitle);
-    ExpectSoon(
-        true, [&] { return menu.IsCyan(nRow); }, "the selection of row " + NumberOf(nRow));
+    ExpectSoon(true, "the selection of row " + NumberOf(nRow), [&] { return menu.IsCyan(nRow); });
   }
 
   static std::string NumberOf(int nRow) { return std::to_string(nRow + 1); }

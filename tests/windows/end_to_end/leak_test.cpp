@@ -103,7 +103,7 @@ TEST_F(LauncherLeaks, TenThousandActionsLeaveNothingBehind) {
   EXPECT_EQ(Count(menu), before);
   std::cout << "10000 actions in " << seconds.count() << " s leave " << before << ".\n";
 
-  Type({VK_ESCAPE});
+  Type(VK_ESCAPE);
   EXPECT_EQ(launcher->WaitForEnd(), 0U);
   EXPECT_EQ(launcher->StartedPrograms(), 0);
 }

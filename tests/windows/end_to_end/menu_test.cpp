@@ -15,33 +15,29 @@ constexpr const char* LastRows = "Gears, Reports & Labels, Handbook, Archive";
 class LauncherMenu : public LauncherTest {
  protected:
   static void ExpectTitles(const Menu& menu, const char* sTitles, const char* sWhen) {
-    ExpectSoon(
-        std::string(sTitles), [&] { return menu.Titles(); }, sWhen);
+    ExpectSoon(std::string(sTitles), sWhen, [&] { return menu.Titles(); });
   }
 
   static void ExpectStatus(const Menu& menu, int nRow, const char* sStatus) {
-    ExpectSoon(
-        std::string(sStatus), [&] { return TextOf(menu.rows.at(nRow).hStatus); },
-        "the status of row " + NumberOf(nRow));
+    ExpectSoon(std::string(sStatus), "the status of row " + NumberOf(nRow),
+               [&] { return TextOf(menu.rows.at(nRow).hStatus); });
   }
 
   static void ExpectSunken(const Menu& menu, bool bSunken, const char* sWhen) {
-    ExpectSoon(
-        bSunken, [&] { return menu.IsSunken(0); }, sWhen);
+    ExpectSoon(bSunken, sWhen, [&] { return menu.IsSunken(0); });
   }
 
   static void ExpectFocus(const Menu& menu, HWND hControl, const char* sAfter) {
-    ExpectSoon(
-        hControl, [&] { return FocusedControl(menu.hForm); }, std::string("after ") + sAfter);
+    ExpectSoon(hControl, std::string("after ") + sAfter,
+               [&] { return FocusedControl(menu.hForm); });
   }
 
   static void ExpectGone(HWND hWindow) {
-    ExpectSoon(
-        FALSE, [&] { return IsWindow(hWindow); }, "a window that was closed");
+    ExpectSoon(FALSE, "a window that was closed", [&] { return IsWindow(hWindow); });
   }
 
   static void CloseWithEsc(HWND hWindow) {
-    Type({VK_ESCAPE});
+    Type(VK_ESCAPE);
     ExpectGone(hWindow);
   }
 
@@ -58,7 +54,7 @@ TEST_F(LauncherMenu, SelectsTheProductThatIsPressed) {
   ExpectStatus(menu, 2, "A newer revision is installed");
   ExpectStatus(menu, 3, "Installation incomplete: a file is missing");
   EXPECT_FALSE(IsWindowEnabled(menu.hSetup) || IsWindowEnabled(menu.hReadMe)) << "at first";
-  Type({VK_RETURN});
+  Type(VK_RETURN);
 
   Select(menu, 0);
   EXPECT_TRUE(IsWindowEnabled(menu.hSetup)) << "a product is selected";
@@ -134,7 +130,7 @@ TEST_F(LauncherMenu, SaysWhyAProductCannotBeInstalled) {
   for (int nRow = 0; nRow < 4; ++nRow) {
     SCOPED_TRACE("row " + NumberOf(nRow));
     Select(menu, nRow);
-    Type({VK_RETURN});
+    Type(VK_RETURN);
     const HWND hReason = launcher->MessageBox(reasons[nRow].sTitle);
     EXPECT_EQ(TextIn(hReason).substr(0, std::string(reasons[nRow].sText).size()),
               reasons[nRow].sText);
@@ -187,11 +183,11 @@ TEST_F(LauncherMenu, ScrollsWithKeysThumbAndWheel) {
   EXPECT_EQ(range.nMax, 7) << "the last row";
   EXPECT_EQ(range.nPage, 4U);
 
-  Type({VK_TAB});
+  Type(VK_TAB);
   ExpectFocus(menu, menu.hScrollBar, "Tab from the list");
-  Type({VK_NEXT});
+  Type(VK_NEXT);
   ExpectTitles(menu, LastRows, "Page Down");
-  Type({VK_PRIOR});
+  Type(VK_PRIOR);
   ExpectTitles(menu, FirstRows, "Page Up");
 
   const POINT thumb = {5, GetSystemMetrics(SM_CYVSCROLL) + 20};
@@ -208,13 +204,13 @@ TEST_F(LauncherMenu, CanBeUsedByKeyboard) {
   const Menu menu = OpenMenu();
   Select(menu, 0);
   for (HWND hNext : {menu.hScrollBar, menu.hSetup, menu.hReadMe, menu.hExit, menu.hList}) {
-    Type({VK_TAB});
+    Type(VK_TAB);
     ExpectFocus(menu, hNext, "Tab");
   }
-  Type({VK_MENU, 'R'});
+  TypeWithAlt('R');
   CloseWithEsc(launcher->Window(FormClass, "Read Me - base.txt"));
   BringToFront(menu.hForm);
-  Type({VK_MENU, 'S'});
+  TypeWithAlt('S');
   ExpectInstaller("Alt+S");
 }
 

@@ -14,38 +14,37 @@ namespace end_to_end {
 namespace {
 
 struct Product {
-  const char *sTitle, *sCode, *sRevision, *sMore;
+  std::string sTitle, sCode, sRevision, sMore;
 };
+
+std::string Needs(const std::string& sCode, const std::string& sRevision,
+                  const std::string& sTitle) {
+  return "BLOCK DEPENDENCY\nPRODUCTCODE = " + sCode + "\nREVISION = " + sRevision +
+         "\nTITLE = " + sTitle + "\nEND\n";
+}
 
 // In the order of the menu. Each but the Handbook has an installer.
 const Product Products[] = {
     {"Base System", "BASE", "2.0", "IMAGE = base.bmp\nREADMEFILE = readme.exe base.txt\n"},
-    {"Probe Head", "PROBE", "2.1",
-     "BLOCK DEPENDENCY\nPRODUCTCODE = BASE\nREVISION = 1.0\nTITLE = Base System\nEND\n"},
+    {"Probe Head", "PROBE", "2.1", Needs("BASE", "1.0", "Base System")},
     {"Camera", "CAMERA", "1.0", ""},
-    {"Gears", "GEARS", "3.0",
-     "BLOCK DEPENDENCY\nPRODUCTCODE = PROBE\nREVISION = 2.1\nTITLE = Probe Head\nEND\n"},
-    {"Reports & Labels", "REPORTS", "1.0",
-     "BLOCK DEPENDENCY\nPRODUCTCODE = GEARS\nREVISION = 3.0\nTITLE = Gears\nEND\n"},
+    {"Gears", "GEARS", "3.0", Needs("PROBE", "2.1", "Probe Head")},
+    {"Reports & Labels", "REPORTS", "1.0", Needs("GEARS", "3.0", "Gears")},
     {"Handbook", "", "", ""},
-    {"Archive", "ARCHIVE", "1.0",
-     "BLOCK DEPENDENCY\nPRODUCTCODE = REPORTS\nREVISION = 1.0\nTITLE = Reports\nEND\n"},
+    {"Archive", "ARCHIVE", "1.0", Needs("REPORTS", "1.0", "Reports")},
 };
 
 std::string InstallerOf(const Product& product) {
-  return *product.sCode == '\0' ? "" : product.sCode + std::string("_setup.exe");
+  return product.sCode.empty() ? "" : product.sCode + "_setup.exe";
 }
 
 std::string SetupList() {
-  std::ostringstream list;
-  list << "BLOCK SETUPLIST\n";
+  std::string sList = "BLOCK SETUPLIST\n";
   for (const Product& product : Products)
-    list << "BLOCK APPLICATION\nPRODUCT = " << product.sTitle << "\nPRODUCTCODE = " << product.sCode
-         << "\nREVISION = " << product.sRevision << "\nINSTALLFILE = " << InstallerOf(product)
-         << "\n"
-         << product.sMore << "END\n";
-  list << "END\n";
-  return list.str();
+    sList += "BLOCK APPLICATION\nPRODUCT = " + product.sTitle + "\nPRODUCTCODE = " + product.sCode +
+             "\nREVISION = " + product.sRevision + "\nINSTALLFILE = " + InstallerOf(product) +
+             "\n" + product.sMore + "END\n";
+  return sList + "END\n";
 }
 
 // The same revision, an older one, a newer one, a missing check file.

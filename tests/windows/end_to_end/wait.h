@@ -25,7 +25,7 @@ bool Within(Clock::duration limit, Condition condition) {
 }
 
 template <class Value, class Read>
-void ExpectSoon(const Value& expected, Read read, const std::string& sWhat) {
+void ExpectSoon(const Value& expected, const std::string& sWhat, Read read) {
   Within(LongestWait, [&] { return read() == expected; });
   EXPECT_EQ(expected, read()) << sWhat;
 }

@@ -73,11 +73,8 @@ TEST_F(LauncherWindows, StandOnTheScreenAsDesigned) {
 TEST_F(LauncherWindows, TheAgreementEndsTheProgramUnlessAccepted) {
   const Way ways[] = {
       {"No", [](HWND hWindow) { Click(ButtonIn(hWindow, "&No")); }},
-      {"Esc", [](HWND) { Type({VK_ESCAPE}); }},
-      {"Alt+N",
-       [](HWND) {
-         Type({VK_MENU, 'N'});
-       }},
+      {"Esc", [](HWND) { Type(VK_ESCAPE); }},
+      {"Alt+N", [](HWND) { TypeWithAlt('N'); }},
       {"the close box", ClickCloseBox},
   };
   for (const Way& way : ways) {
@@ -91,11 +88,8 @@ TEST_F(LauncherWindows, TheAgreementEndsTheProgramUnlessAccepted) {
 TEST_F(LauncherWindows, TheMenuEndsTheProgramInEachWay) {
   const Way ways[] = {
       {"Exit", [](HWND hWindow) { Click(ButtonIn(hWindow, "E&xit")); }},
-      {"Esc", [](HWND) { Type({VK_ESCAPE}); }},
-      {"Alt+X",
-       [](HWND) {
-         Type({VK_MENU, 'X'});
-       }},
+      {"Esc", [](HWND) { Type(VK_ESCAPE); }},
+      {"Alt+X", [](HWND) { TypeWithAlt('X'); }},
       {"the close box", ClickCloseBox},
   };
   for (const Way& way : ways) {
