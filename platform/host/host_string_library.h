@@ -4,7 +4,7 @@
 #include <map>
 #include <string>
 
-#include "platform/host/pe_string_table.h"
+#include "platform/pe_string_table.h"
 #include "platform/string_library.h"
 
 namespace trelin {

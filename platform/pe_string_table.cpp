@@ -32,7 +32,7 @@
 // (2188 - 1) * 16 to 35007. Each is a u16 length and so many UTF-16 characters;
 // a string that does not exist has length 0.
 
-#include "platform/host/pe_string_table.h"
+#include "platform/pe_string_table.h"
 
 #include <utility>
 #include <vector>
@@ -178,14 +178,14 @@ class StringTableReader {
 
   void ReadBlocks(std::uint32_t lDirectory) {
     for (const Entry& block : Entries(lDirectory)) {
-      const std::optional<std::string_view> sBlock = ReadLanguages(Subdirectory(block));
-      if (sBlock) blocks_.try_emplace(block.lId, *sBlock);
+      blocks_.try_emplace(block.lId, ReadLanguages(Subdirectory(block)));
     }
   }
 
-  // Checks a block in all its languages and returns it in the best one.
-  std::optional<std::string_view> ReadLanguages(std::uint32_t lDirectory) {
-    std::optional<std::string_view> sBest;
+  // Checks a block in all its languages and returns it in the best one. There
+  // is one at least: the system would take one unasked.
+  std::string_view ReadLanguages(std::uint32_t lDirectory) {
+    std::string_view sBest;
     int nBestRank = 0;
     for (const Entry& language : Entries(lDirectory)) {
       const std::string_view sBlock = ReadData(language);
@@ -194,6 +194,7 @@ class StringTableReader {
       sBest = sBlock;
       nBestRank = nRank;
     }
+    if (nBestRank == 0) throw Damaged();
     return sBest;
   }
 

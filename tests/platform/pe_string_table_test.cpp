@@ -1,4 +1,4 @@
-#include "platform/host/pe_string_table.h"
+#include "platform/pe_string_table.h"
 
 #include <tuple>
 
