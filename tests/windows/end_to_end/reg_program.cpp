@@ -13,6 +13,7 @@ namespace end_to_end {
 namespace {
 
 const std::string Root = "HKLM\\SOFTWARE\\Korvanta";
+const std::string Kept = "\"HKLM\\SOFTWARE\\Korvanta before the tests\"";
 
 struct Answer {
   int nExitCode;
@@ -35,10 +36,11 @@ void RunRegOrThrow(const std::string& sArguments) {
     throw std::runtime_error("reg " + sArguments + " failed: " + answer.sOutput);
 }
 
-std::string Quoted(const std::filesystem::path& file) { return "\"" + file.string() + "\""; }
+bool Exists(const std::string& sKey) { return RunReg("query " + sKey).nExitCode == 0; }
 
-void DeleteRoot() {
-  if (RunReg("query " + Root).nExitCode == 0) RunRegOrThrow("delete " + Root + " /f");
+void Move(const std::string& sFrom, const std::string& sTo) {
+  RunRegOrThrow("copy " + sFrom + " " + sTo + " /s /f");
+  RunRegOrThrow("delete " + sFrom + " /f");
 }
 
 }  // namespace
@@ -57,21 +59,25 @@ std::map<std::string, std::string> ReadKey(const std::string& sKey) {
   return values;
 }
 
-void ImportRecords(const std::filesystem::path& file) { RunRegOrThrow("import " + Quoted(file)); }
+void ImportRecords(const std::filesystem::path& file) {
+  RunRegOrThrow("import \"" + file.string() + "\"");
+}
 
+// Copied within the registry: a file of the registry editor's format may lose
+// the end of a text without a NUL, as the launcher writes them. What a run that
+// was killed has kept is kept on.
 EmptyRecords::EmptyRecords() {
-  if (RunReg("query " + Root).nExitCode != 0) return;
-  before_ = std::filesystem::temp_directory_path() / "Records before the test of Trelin.reg";
-  RunRegOrThrow("export " + Root + " " + Quoted(before_) + " /y");
-  DeleteRoot();
+  if (!Exists(Root)) return;
+  if (Exists(Kept))
+    RunRegOrThrow("delete " + Root + " /f");
+  else
+    Move(Root, Kept);
 }
 
 EmptyRecords::~EmptyRecords() {
   try {
-    DeleteRoot();
-    if (before_.empty()) return;
-    ImportRecords(before_);
-    std::filesystem::remove(before_);
+    if (Exists(Root)) RunRegOrThrow("delete " + Root + " /f");
+    if (Exists(Kept)) Move(Kept, Root);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "The records are not what they were: %s\n", error.what());
   }

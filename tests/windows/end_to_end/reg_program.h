@@ -21,9 +21,6 @@ class EmptyRecords {
   ~EmptyRecords();
   EmptyRecords(const EmptyRecords&) = delete;
   EmptyRecords& operator=(const EmptyRecords&) = delete;
-
- private:
-  std::filesystem::path before_;
 };
 
 }  // namespace end_to_end
