@@ -125,7 +125,17 @@ POINT MiddleOf(HWND hWindow) {
   return {inside.cx / 2, inside.cy / 2};
 }
 
-void MoveTo(HWND hWindow, POINT place) { SendMouse(hWindow, place, 0); }
+// Late news of the place where the real pointer was before can undo a move.
+void MoveTo(HWND hWindow, POINT place) {
+  ClientToScreen(hWindow, &place);
+  Within(LongestWait, [place] {
+    SendMouse(place, 0);
+    Sleep(50);
+    POINT reached{};
+    GetCursorPos(&reached);
+    return reached.x == place.x && reached.y == place.y;
+  });
+}
 
 void PressAt(HWND hWindow, POINT place) { SendMouse(hWindow, place, MOUSEEVENTF_LEFTDOWN); }
 

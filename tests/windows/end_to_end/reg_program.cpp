@@ -1,12 +1,12 @@
 #include "tests/windows/end_to_end/reg_program.h"
 
+#include <windows.h>
+
 #include <array>
-#include <cerrno>
 #include <cstdio>
 #include <regex>
 #include <sstream>
 #include <stdexcept>
-#include <system_error>
 
 namespace end_to_end {
 
@@ -16,27 +16,54 @@ const std::string Root = "HKLM\\SOFTWARE\\Korvanta";
 const std::string Kept = "\"HKLM\\SOFTWARE\\Korvanta before the tests\"";
 
 struct Answer {
-  int nExitCode;
+  DWORD exitCode;
   std::string sOutput;
 };
 
-Answer RunReg(const std::string& sArguments) {
-  std::FILE* const pPipe = _popen(("reg " + sArguments + " 2>&1").c_str(), "rt");
-  if (pPipe == nullptr) throw std::system_error(errno, std::generic_category(), "reg.exe");
-  Answer answer{};
+// What it writes goes into the pipe.
+PROCESS_INFORMATION StartReg(const std::string& sArguments, HANDLE hPipe) {
+  STARTUPINFOA startup{};
+  startup.cb = sizeof startup;
+  startup.dwFlags = STARTF_USESTDHANDLES;
+  startup.hStdOutput = startup.hStdError = hPipe;
+  std::string sCommandLine = "reg " + sArguments;
+  PROCESS_INFORMATION process{};
+  if (!CreateProcessA(nullptr, sCommandLine.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW,
+                      nullptr, nullptr, &startup, &process))
+    throw std::runtime_error("reg.exe does not start: error " + std::to_string(GetLastError()));
+  return process;
+}
+
+std::string ReadAll(HANDLE hPipe) {
+  std::string sText;
   std::array<char, 512> buffer;
-  while (std::fgets(buffer.data(), buffer.size(), pPipe)) answer.sOutput += buffer.data();
-  answer.nExitCode = _pclose(pPipe);
+  DWORD nRead = 0;
+  while (ReadFile(hPipe, buffer.data(), static_cast<DWORD>(buffer.size()), &nRead, nullptr))
+    sText.append(buffer.data(), nRead);
+  return sText;
+}
+
+Answer RunReg(const std::string& sArguments) {
+  SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
+  HANDLE hRead = nullptr;
+  HANDLE hWrite = nullptr;
+  CreatePipe(&hRead, &hWrite, &inherited, 0);
+  const PROCESS_INFORMATION process = StartReg(sArguments, hWrite);
+  CloseHandle(hWrite);
+  Answer answer = {0, ReadAll(hRead)};
+  WaitForSingleObject(process.hProcess, INFINITE);
+  GetExitCodeProcess(process.hProcess, &answer.exitCode);
+  for (HANDLE h : {hRead, process.hThread, process.hProcess}) CloseHandle(h);
   return answer;
 }
 
 void RunRegOrThrow(const std::string& sArguments) {
   const Answer answer = RunReg(sArguments);
-  if (answer.nExitCode != 0)
+  if (answer.exitCode != 0)
     throw std::runtime_error("reg " + sArguments + " failed: " + answer.sOutput);
 }
 
-bool Exists(const std::string& sKey) { return RunReg("query " + sKey).nExitCode == 0; }
+bool Exists(const std::string& sKey) { return RunReg("query " + sKey).exitCode == 0; }
 
 void Move(const std::string& sFrom, const std::string& sTo) {
   RunRegOrThrow("copy " + sFrom + " " + sTo + " /s /f");
