@@ -42,10 +42,10 @@ Launcher::Launcher(const std::filesystem::path& program, const std::wstring& sAr
   std::wstring sCommandLine = L"\"" + program.wstring() + L"\" " + sArguments;
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
-  if (!CreateProcessW(program.c_str(), sCommandLine.data(), nullptr, nullptr, FALSE,
-                      CREATE_SUSPENDED, nullptr, nullptr, &startup, &process_))
-    throw std::runtime_error(program.string() + " does not start: error " +
-                             std::to_string(GetLastError()));
+  StartProgram(program.string(), [&] {
+    return CreateProcessW(program.c_str(), sCommandLine.data(), nullptr, nullptr, FALSE,
+                          CREATE_SUSPENDED, nullptr, nullptr, &startup, &process_);
+  });
   AssignProcessToJobObject(hJob_, process_.hProcess);
   ResumeThread(process_.hThread);
 }

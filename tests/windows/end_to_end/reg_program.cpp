@@ -8,6 +8,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "tests/windows/end_to_end/wait.h"
+
 namespace end_to_end {
 
 namespace {
@@ -28,9 +30,10 @@ PROCESS_INFORMATION StartReg(const std::string& sArguments, HANDLE hPipe) {
   startup.hStdOutput = startup.hStdError = hPipe;
   std::string sCommandLine = "reg " + sArguments;
   PROCESS_INFORMATION process{};
-  if (!CreateProcessA(nullptr, sCommandLine.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW,
-                      nullptr, nullptr, &startup, &process))
-    throw std::runtime_error("reg.exe does not start: error " + std::to_string(GetLastError()));
+  StartProgram("reg.exe", [&] {
+    return CreateProcessA(nullptr, sCommandLine.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW,
+                          nullptr, nullptr, &startup, &process);
+  });
   return process;
 }
 
