@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <array>
+#include <string>
+
 namespace trelin {
 
 namespace {
@@ -17,11 +20,29 @@ SetDefaultFolders FindSetDefaultFolders() {
   return reinterpret_cast<SetDefaultFolders>(pFunction);
 }
 
+// What Windows' own libraries ask for by name when they are first needed.
+constexpr std::array SystemLibraries = {"cryptbase", "dwmapi",  "msimg32",      "propsys",
+                                        "uxtheme",   "version", "windowscodecs"};
+
+// A name that is loaded already is not looked for again.
+void LoadFromSystemFolder() {
+  std::array<char, MAX_PATH> folder{};
+  GetSystemDirectoryA(folder.data(), folder.size());
+  for (const char* pName : SystemLibraries)
+    LoadLibraryExA((std::string(folder.data()) + "\\" + pName + ".dll").c_str(), nullptr,
+                   LOAD_WITH_ALTERED_SEARCH_PATH);
+}
+
 }  // namespace
 
+// Started programs inherit what the second function sets: it is for the systems
+// that need it.
 void RestrictLibraryLoading() {
-  SetDllDirectoryA("");  // not from the current folder, on every Windows
-  if (const SetDefaultFolders pSet = FindSetDefaultFolders()) pSet(LOAD_LIBRARY_SEARCH_SYSTEM32);
+  if (const SetDefaultFolders pSet = FindSetDefaultFolders())
+    pSet(LOAD_LIBRARY_SEARCH_SYSTEM32);
+  else
+    SetDllDirectoryA("");  // not from the current folder
+  LoadFromSystemFolder();
 }
 
 }  // namespace trelin
