@@ -2,7 +2,7 @@
 
 #include <QMessageBox>
 
-#include "platform/host/toolkit_events.h"
+#include "platform/host/toolkit_loop.h"
 #include "platform/host/toolkit_measure.h"
 
 namespace trelin {
@@ -42,7 +42,7 @@ void EndCapture() {
 
 MessageAnswer ShowMessageBox(const std::string& sText, MessageIcon icon, MessageButtons buttons,
                              const std::string& sTitle) {
-  const ModalLoop* const pLoop = ModalLoop::Innermost();
+  const WindowLoop* const pLoop = WindowLoop::Innermost();
   const bool bAsks = buttons == MessageButtons::YesNo;
   const MessageAnswer closed = bAsks ? MessageAnswer::No : MessageAnswer::Ok;
   if (pLoop != nullptr && pLoop->Failed()) return closed;

@@ -56,7 +56,7 @@ void FormWidget::ShowModal() {
   if (!bLoaded_) return;
 
   if (ModalLoop::Innermost() != nullptr) setWindowModality(Qt::ApplicationModal);
-  ModalLoop loop(*this);
+  WindowLoop loop(*this);
   loop_ = &loop;
   const AtExit close([this] {
     hide();

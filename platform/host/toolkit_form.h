@@ -7,7 +7,7 @@
 #include <QWidget>
 #include <vector>
 
-#include "platform/host/toolkit_events.h"
+#include "platform/host/toolkit_loop.h"
 #include "platform/toolkit.h"
 
 namespace trelin {
@@ -55,7 +55,7 @@ class FormWidget : public QWidget {
   Form& form_;
   bool bShowInTaskbar_;
   bool bLoaded_ = false;
-  ModalLoop* loop_ = nullptr;  // while shown
+  WindowLoop* loop_ = nullptr;  // while shown
   QPointer<QPushButton> default_;
   QPointer<QPushButton> cancel_;
   QPointer<QWidget> wanted_;  // takes the focus when the window is shown

@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <memory>
 
-#include "platform/host/toolkit_events.h"
 #include "platform/host/toolkit_measure.h"
 #include "platform/host/toolkit_native.h"
+#include "platform/modal_loop.h"
 
 namespace trelin {
 

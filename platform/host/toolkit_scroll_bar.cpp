@@ -5,8 +5,8 @@
 #include <memory>
 
 #include "platform/host/toolkit_box.h"
-#include "platform/host/toolkit_events.h"
 #include "platform/host/toolkit_native.h"
+#include "platform/modal_loop.h"
 
 namespace trelin {
 

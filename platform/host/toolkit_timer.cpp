@@ -2,9 +2,9 @@
 #include <QTimer>
 #include <memory>
 
-#include "platform/host/toolkit_events.h"
 #include "platform/host/toolkit_form.h"
 #include "platform/host/toolkit_native.h"
+#include "platform/modal_loop.h"
 
 namespace trelin {
 

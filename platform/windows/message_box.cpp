@@ -2,13 +2,13 @@
 
 #include <windows.h>
 
-#include "platform/windows/toolkit_events.h"
+#include "platform/windows/toolkit_loop.h"
 
 namespace trelin {
 
 MessageAnswer ShowMessageBox(const std::string& sText, MessageIcon icon, MessageButtons buttons,
                              const std::string& sTitle) {
-  const ModalLoop* const pLoop = ModalLoop::Innermost();
+  const WindowLoop* const pLoop = WindowLoop::Innermost();
   const bool bAsks = buttons == MessageButtons::YesNo;
   const MessageAnswer closed = bAsks ? MessageAnswer::No : MessageAnswer::Ok;
   if (pLoop != nullptr && pLoop->Failed()) return closed;

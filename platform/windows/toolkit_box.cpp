@@ -4,7 +4,7 @@
 #include <memory>
 #include <utility>
 
-#include "platform/windows/toolkit_events.h"
+#include "platform/modal_loop.h"
 #include "platform/windows/toolkit_form.h"
 #include "platform/windows/toolkit_measure.h"
 #include "platform/windows/toolkit_paint.h"

@@ -80,8 +80,8 @@ void FormWindow::ShowModal() {
   if (!std::exchange(bLoaded_, true)) Raise(form_.OnLoad);
   if (!bLoaded_) return;
 
-  const ModalLoop* const pOuter = ModalLoop::Innermost();
-  ModalLoop loop(Handle());
+  const WindowLoop* const pOuter = WindowLoop::Innermost();
+  WindowLoop loop(Handle());
   loop_ = &loop;
   const AtExit close([this, pOuter] {
     if (pOuter != nullptr) EnableWindow(pOuter->Window(), TRUE);  // before it becomes active again
@@ -93,7 +93,7 @@ void FormWindow::ShowModal() {
   loop.Run();
 }
 
-void FormWindow::Open(const ModalLoop* pOuter) {
+void FormWindow::Open(const WindowLoop* pOuter) {
   if (pOuter != nullptr) {
     SetWindowLongPtrA(Handle(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(pOuter->Window()));
     EnableWindow(pOuter->Window(), FALSE);

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/toolkit.h"
-#include "platform/windows/toolkit_events.h"
+#include "platform/windows/toolkit_loop.h"
 #include "platform/windows/toolkit_native.h"
 
 namespace trelin {
@@ -57,7 +57,7 @@ class FormWindow : public NativeWindow {
   std::optional<LRESULT> Answer(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
-  void Open(const ModalLoop* pOuter);
+  void Open(const WindowLoop* pOuter);
   void Hide();
   void FocusFirst();
   void TakeFocus();
@@ -78,7 +78,7 @@ class FormWindow : public NativeWindow {
   IconOwner bigIcon_, smallIcon_;
   UINT dpi_;
   bool bLoaded_ = false;
-  ModalLoop* loop_ = nullptr;  // while shown
+  WindowLoop* loop_ = nullptr;  // while shown
   ButtonWindow* default_ = nullptr;
   ButtonWindow* cancel_ = nullptr;
   HWND hFocus_ = nullptr;  // the control that has the focus while the window is active

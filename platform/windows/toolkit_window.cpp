@@ -2,8 +2,8 @@
 
 #include <exception>
 
+#include "platform/modal_loop.h"
 #include "platform/windows/resources.h"
-#include "platform/windows/toolkit_events.h"
 #include "platform/windows/windows_error.h"
 
 namespace trelin {

@@ -1,23 +1,23 @@
 #pragma once
 
-#include <windows.h>
-
 #include <exception>
 #include <functional>
 
-// How events reach the program: toolkit.h says what it relies on.
+// How events reach the program on every platform: toolkit.h says what it
+// relies on. The platform's toolkit calls the three functions below wherever
+// the system calls it.
 namespace trelin {
 
 // The running of one modal window. Loops are nested when a handler shows
 // another window; only the innermost one receives events.
 class ModalLoop {
  public:
-  explicit ModalLoop(HWND hWindow);
-  ~ModalLoop();
+  ModalLoop();
+  virtual ~ModalLoop();
   ModalLoop(const ModalLoop&) = delete;
   ModalLoop& operator=(const ModalLoop&) = delete;
 
-  // Delivers messages until End or Fail; throws what Fail was given.
+  // Delivers events until End or Fail; throws what Fail was given.
   void Run();
   void End();
 
@@ -25,18 +25,22 @@ class ModalLoop {
   // a message box that the handler below has open.
   void Fail(std::exception_ptr exception);
 
-  bool Failed() const { return exception_ != nullptr; }
   bool Ended() const { return bEnded_; }
-  HWND Window() const { return hWindow_; }
+  bool Failed() const { return exception_ != nullptr; }
 
   // The loop that runs, or null while no window is shown.
   static ModalLoop* Innermost();
+
+ protected:
+  // The system's part: its loop, which returns after StopDelivering.
+  virtual void DeliverEvents() = 0;
+  virtual void StopDelivering() = 0;
+  virtual void CloseMessageBoxes() = 0;
 
  private:
   friend void Raise(std::function<void()> handler);
   friend void DispatchInput(const std::function<void()>& handler);
 
-  HWND hWindow_;
   ModalLoop* outer_;
   int nRunning_ = 0;  // handlers on the stack
   bool bEnded_ = false;
@@ -47,12 +51,12 @@ class ModalLoop {
 // what the handler throws comes out of it. An empty handler is no event.
 void Raise(std::function<void()> handler);
 
-// Delivers input or a tick from within a window procedure. Dropped while a
+// Delivers input or a tick from within the system's frames. Dropped while a
 // handler is running and once the loop has ended. Lets no exception out.
 void DispatchInput(const std::function<void()>& handler);
 
 // Delivers a paint, which goes on while a handler is running, but not after
-// one has failed. Lets no exception out.
-void DispatchPaint(const std::function<void()>& handler);
+// one has failed. Lets no exception out. Returns whether it was delivered.
+bool DispatchPaint(const std::function<void()>& handler);
 
 }  // namespace trelin

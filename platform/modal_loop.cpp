@@ -1,14 +1,10 @@
-#include "platform/windows/toolkit_events.h"
+#include "platform/modal_loop.h"
 
-#include <array>
-#include <string_view>
 #include <utility>
 
 namespace trelin {
 
 namespace {
-
-using namespace std::literals;
 
 ModalLoop* innermost = nullptr;
 
@@ -24,27 +20,6 @@ class Running {
   int& nRunning_;
 };
 
-// A question has no close box: it takes its No instead.
-BOOL CALLBACK CloseMessageBox(HWND hWindow, LPARAM /*lParam*/) {
-  std::array<char, 16> name{};
-  GetClassNameA(hWindow, name.data(), name.size());
-  if (name.data() != "#32770"sv) return TRUE;
-  if (GetDlgItem(hWindow, IDNO) != nullptr)
-    PostMessageA(hWindow, WM_COMMAND, IDNO, 0);
-  else
-    PostMessageA(hWindow, WM_CLOSE, 0, 0);
-  return TRUE;
-}
-
-void CloseMessageBoxes() { EnumThreadWindows(GetCurrentThreadId(), CloseMessageBox, 0); }
-
-// The system runs loops of its own while a thumb is dragged, a window moved or
-// its menu open.
-void LeaveSystemLoops() {
-  if (const HWND hCaptor = GetCapture()) SendMessageA(hCaptor, WM_CANCELMODE, 0, 0);
-  EndMenu();
-}
-
 // No exception may cross the frames of the system that lie between here and Run.
 void Deliver(ModalLoop& loop, const std::function<void()>& handler) {
   try {
@@ -56,28 +31,20 @@ void Deliver(ModalLoop& loop, const std::function<void()>& handler) {
 
 }  // namespace
 
-ModalLoop::ModalLoop(HWND hWindow) : hWindow_(hWindow), outer_(std::exchange(innermost, this)) {}
+ModalLoop::ModalLoop() : outer_(std::exchange(innermost, this)) {}
 
 ModalLoop::~ModalLoop() { innermost = outer_; }
 
 ModalLoop* ModalLoop::Innermost() { return innermost; }
 
 void ModalLoop::Run() {
-  MSG message{};
-  while (!bEnded_ && GetMessageA(&message, nullptr, 0, 0) > 0) {
-    TranslateMessage(&message);
-    DispatchMessageA(&message);
-  }
-  if (!bEnded_) PostQuitMessage(static_cast<int>(message.wParam));  // for the outer loops as well
+  if (!bEnded_) DeliverEvents();
   if (exception_) std::rethrow_exception(exception_);
 }
 
-// GetMessage does not return for a message that another process has sent: the
-// posted one makes it.
 void ModalLoop::End() {
   bEnded_ = true;
-  LeaveSystemLoops();
-  PostMessageA(hWindow_, WM_NULL, 0, 0);
+  StopDelivering();
 }
 
 void ModalLoop::Fail(std::exception_ptr exception) {
@@ -99,9 +66,11 @@ void DispatchInput(const std::function<void()>& handler) {
   Deliver(*pLoop, handler);
 }
 
-void DispatchPaint(const std::function<void()>& handler) {
+bool DispatchPaint(const std::function<void()>& handler) {
   ModalLoop* const pLoop = ModalLoop::Innermost();
-  if (pLoop != nullptr && !pLoop->Failed()) Deliver(*pLoop, handler);
+  if (pLoop == nullptr || pLoop->Failed()) return false;
+  Deliver(*pLoop, handler);
+  return !pLoop->Failed();
 }
 
 }  // namespace trelin
