@@ -27,25 +27,42 @@ void Send(INPUT input) {
   if (SendInput(1, &input, sizeof input) != 1) throw std::runtime_error("no input can be sent");
 }
 
-// Place and button go in one event: a late move of the real pointer cannot come
-// between them.
-void SendMouse(POINT screen, DWORD flags, int nData = 0) {
-  const auto normalized = [](LONG n, int nMetric) {
-    const LONG size = GetSystemMetrics(nMetric);
-    return (n * 65536 + size - 1) / size;
-  };
+void SendMouse(DWORD flags, POINT place = {}, int nData = 0) {
   INPUT input{};
   input.type = INPUT_MOUSE;
-  input.mi.dx = normalized(screen.x, SM_CXSCREEN);
-  input.mi.dy = normalized(screen.y, SM_CYSCREEN);
-  input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | flags;
+  input.mi.dx = place.x;
+  input.mi.dy = place.y;
+  input.mi.dwFlags = flags;
   input.mi.mouseData = static_cast<DWORD>(nData);
   Send(input);
 }
 
-void SendMouse(HWND hWindow, POINT place, DWORD flags, int nData = 0) {
-  ClientToScreen(hWindow, &place);
-  SendMouse(place, flags, nData);
+// The system counts places in 65536ths of the screen.
+void SendMove(POINT screen) {
+  const auto normalized = [](LONG n, int nMetric) {
+    const LONG size = GetSystemMetrics(nMetric);
+    return (n * 65536 + size - 1) / size;
+  };
+  SendMouse(MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE,
+            {normalized(screen.x, SM_CXSCREEN), normalized(screen.y, SM_CYSCREEN)});
+}
+
+bool Stays(POINT screen) {
+  for (int i = 0; i < 6; ++i) {
+    Sleep(15);
+    POINT reached{};
+    GetCursorPos(&reached);
+    if (reached.x != screen.x || reached.y != screen.y) return false;
+  }
+  return true;
+}
+
+// Late news of the place where the real pointer was before can undo a move.
+void MoveTo(POINT screen) {
+  Within(LongestWait, [screen] {
+    SendMove(screen);
+    return Stays(screen);
+  });
 }
 
 // The keys that move are not those of the number pad.
@@ -125,25 +142,24 @@ POINT MiddleOf(HWND hWindow) {
   return {inside.cx / 2, inside.cy / 2};
 }
 
-// Late news of the place where the real pointer was before can undo a move.
 void MoveTo(HWND hWindow, POINT place) {
   ClientToScreen(hWindow, &place);
-  Within(LongestWait, [place] {
-    SendMouse(place, 0);
-    Sleep(50);
-    POINT reached{};
-    GetCursorPos(&reached);
-    return reached.x == place.x && reached.y == place.y;
-  });
+  MoveTo(place);
 }
 
-void PressAt(HWND hWindow, POINT place) { SendMouse(hWindow, place, MOUSEEVENTF_LEFTDOWN); }
+void PressAt(HWND hWindow, POINT place) {
+  MoveTo(hWindow, place);
+  SendMouse(MOUSEEVENTF_LEFTDOWN);
+}
 
-void ReleaseAt(HWND hWindow, POINT place) { SendMouse(hWindow, place, MOUSEEVENTF_LEFTUP); }
+void ReleaseAt(HWND hWindow, POINT place) {
+  MoveTo(hWindow, place);
+  SendMouse(MOUSEEVENTF_LEFTUP);
+}
 
 void Click(HWND hWindow) {
   PressAt(hWindow, MiddleOf(hWindow));
-  ReleaseAt(hWindow, MiddleOf(hWindow));
+  SendMouse(MOUSEEVENTF_LEFTUP);
 }
 
 // From the right end of the title bar, whose height is about that of its box.
@@ -152,13 +168,14 @@ void ClickCloseBox(HWND hWindow) {
   POINT box = {place.right - 1, place.top + GetSystemMetrics(SM_CYCAPTION) / 2 + 4};
   while (SendMessageA(hWindow, WM_NCHITTEST, 0, MAKELPARAM(box.x, box.y)) != HTCLOSE)
     if (--box.x < place.left) throw std::runtime_error("There is no close box.");
-  box.x -= 4;
-  SendMouse(box, MOUSEEVENTF_LEFTDOWN);
-  SendMouse(box, MOUSEEVENTF_LEFTUP);
+  MoveTo({box.x - 4, box.y});
+  SendMouse(MOUSEEVENTF_LEFTDOWN);
+  SendMouse(MOUSEEVENTF_LEFTUP);
 }
 
 void TurnWheel(HWND hWindow, int nNotches) {
-  SendMouse(hWindow, MiddleOf(hWindow), MOUSEEVENTF_WHEEL, nNotches * WHEEL_DELTA);
+  MoveTo(hWindow, MiddleOf(hWindow));
+  SendMouse(MOUSEEVENTF_WHEEL, {}, nNotches * WHEEL_DELTA);
 }
 
 void Type(WORD key) {
@@ -174,7 +191,8 @@ void TypeWithAlt(char c) {
 
 void BringToFront(HWND hWindow) {
   const bool bInFront = Within(LongestWait, [hWindow] {
-    return GetForegroundWindow() == hWindow || (SetForegroundWindow(hWindow), false);
+    if (GetForegroundWindow() != hWindow) SetForegroundWindow(hWindow);
+    return GetForegroundWindow() == hWindow && FocusedControl(hWindow) != nullptr;
   });
   if (!bInFront)
     throw std::runtime_error("\"" + TextOf(hWindow) + "\" does not come to the front.");
