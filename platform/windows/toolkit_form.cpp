@@ -55,7 +55,9 @@ FormWindow::FormWindow(Form& form, FormBorder border, bool bShowInTaskbar, Twips
   Resize();
 }
 
+// An owner would take the window along.
 FormWindow::~FormWindow() {
+  Destroy();
   if (formInUse == this) formInUse = nullptr;
 }
 
@@ -99,6 +101,9 @@ void FormWindow::Open(const WindowLoop* pOuter) {
     EnableWindow(pOuter->Window(), FALSE);
   }
   ShowWindow(Handle(), SW_SHOW);
+  // The first window of a process comes as its starter has asked for, which may
+  // be out of sight.
+  if (IsIconic(Handle()) || !IsWindowVisible(Handle())) ShowWindow(Handle(), SW_SHOWNORMAL);
   SetForegroundWindow(Handle());
   FocusFirst();
 }

@@ -29,6 +29,8 @@ class NativeWindow {
   void Create(const char* pClass, DWORD style, DWORD extendedStyle, const RECT& place,
               HWND hParent);
 
+  void Destroy() { window_.reset(); }
+
   // Answers a message; nothing leaves it to the window's class.
   virtual std::optional<LRESULT> Answer(UINT message, WPARAM wParam, LPARAM lParam);
 
