@@ -53,11 +53,12 @@ void ModalLoop::Fail(std::exception_ptr exception) {
   CloseMessageBoxes();
 }
 
-void Raise(std::function<void()> handler) {
+void Raise(const std::function<void()>& handler) {
   if (!handler) return;
   int nOutside = 0;
   const Running running(innermost != nullptr ? innermost->nRunning_ : nOutside);
-  handler();
+  std::function<void()> own = handler;  // which may be replaced while it runs
+  own();
 }
 
 void DispatchInput(const std::function<void()>& handler) {

@@ -38,7 +38,7 @@ class ModalLoop {
   virtual void CloseMessageBoxes() = 0;
 
  private:
-  friend void Raise(std::function<void()> handler);
+  friend void Raise(const std::function<void()>& handler);
   friend void DispatchInput(const std::function<void()>& handler);
 
   ModalLoop* outer_;
@@ -49,7 +49,7 @@ class ModalLoop {
 
 // Raises an event that the program itself causes by a call, within that call:
 // what the handler throws comes out of it. An empty handler is no event.
-void Raise(std::function<void()> handler);
+void Raise(const std::function<void()>& handler);
 
 // Delivers input or a tick from within the system's frames. Dropped while a
 // handler is running and once the loop has ended. Lets no exception out.

@@ -112,12 +112,12 @@ class Image {
     if (nKind != 0x10B && nKind != 0x20B) throw Damaged();
     const Offset nDirectories = nKind == 0x10B ? 96 : 112;
     if (U32(sHeader, nDirectories - 4) > ResourceDirectory)
-      lResources_ = U32(sHeader, nDirectories + 8 * ResourceDirectory);
+      lResources_ = U32(sHeader, nDirectories + Offset{8} * ResourceDirectory);
   }
 
   void ReadSections(std::string_view sFile, Offset nTable, std::uint16_t nCount) {
     for (std::uint16_t nSection = 0; nSection < nCount; ++nSection) {
-      const std::string_view sEntry = Part(sFile, nTable + 40U * nSection, 40);
+      const std::string_view sEntry = Part(sFile, nTable + Offset{40} * nSection, 40);
       const std::uint32_t lLength = U32(sEntry, 16);
       const std::uint32_t lOffset = U32(sEntry, 20);
       if (lLength == 0 || lOffset == 0) continue;  // all zeroes, and so not in the file
@@ -164,7 +164,7 @@ class StringTableReader {
     lEntriesLeft_ -= nIds;
 
     const std::string_view sEntries =
-        Part(sResources_, Offset{lDirectory} + 16 + 8U * nNamed, 8U * nIds);
+        Part(sResources_, Offset{lDirectory} + 16 + Offset{8} * nNamed, Offset{8} * nIds);
     std::vector<Entry> entries;
     for (Offset nEntry = 0; nEntry < sEntries.size(); nEntry += 8)
       entries.push_back({U32(sEntries, nEntry), U32(sEntries, nEntry + 4)});

@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::literals;
 
-constexpr std::size_t MaxFileBytes = 64 * 1024 * 1024;
+constexpr std::size_t MaxFileBytes = std::size_t{64} * 1024 * 1024;
 
 struct Signature {
   std::string_view sFirstBytes;
