@@ -1,8 +1,7 @@
 #include "tests/windows/end_to_end/gui_objects.h"
 
-#include <winternl.h>
-
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <stdexcept>
 #include <vector>
@@ -24,13 +23,15 @@ std::vector<Type> Read(HANDLE hProcess, std::uintptr_t nAddress, std::size_t nCo
   return values;
 }
 
+// The 64-bit one. That of a 32-bit process, which this function knows, lies a
+// page behind.
 std::uintptr_t AddressOfProcessBlock(HANDLE hProcess) {
-  using Query = decltype(&NtQueryInformationProcess);
+  using Query = LONG(WINAPI*)(HANDLE, int, void*, ULONG, ULONG*);
   const auto query = reinterpret_cast<Query>(reinterpret_cast<void (*)()>(
       GetProcAddress(GetModuleHandleA("ntdll.dll"), "NtQueryInformationProcess")));
-  PROCESS_BASIC_INFORMATION information{};
-  query(hProcess, ProcessBasicInformation, &information, sizeof information, nullptr);
-  return reinterpret_cast<std::uintptr_t>(information.PebBaseAddress);
+  std::array<std::uintptr_t, 6> numbers{};
+  query(hProcess, 0, numbers.data(), sizeof numbers, nullptr);
+  return numbers[1] - (sizeof(void*) == 8 ? 0 : 0x1000);
 }
 
 // A place in the process's table of GDI handles. Type is 0 while it is free.
@@ -44,10 +45,10 @@ struct GdiEntry {
 // Wine answers GetGuiResources with 0. The process block holds the address of
 // the table, whose 16384 places are all the process's own.
 int CountGdiEntries(HANDLE hProcess) {
-  constexpr std::size_t AddressOfTable = sizeof(void*) == 8 ? 0xF8 : 0x94;
+  constexpr std::size_t AddressOfTable = 0xF8;
   const std::uintptr_t nBlock = AddressOfProcessBlock(hProcess);
-  const auto nTable = Read<std::uintptr_t>(hProcess, nBlock + AddressOfTable, 1).front();
-  const auto entries = Read<GdiEntry>(hProcess, nTable, 16384);
+  const auto nTable = Read<std::uint64_t>(hProcess, nBlock + AddressOfTable, 1).front();
+  const auto entries = Read<GdiEntry>(hProcess, static_cast<std::uintptr_t>(nTable), 16384);
   return static_cast<int>(std::count_if(entries.begin(), entries.end(),
                                         [](const GdiEntry& entry) { return entry.nType != 0; }));
 }
