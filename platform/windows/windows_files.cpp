@@ -74,8 +74,9 @@ class WindowsSearch : public FileSearch {
 std::unique_ptr<InputFile> OpenWindowsFile(const std::string& sPath) {
   const char* const pOperation = "open the file";
   RefuseNul(pOperation, sPath);
-  HandleOwner file(NullIfInvalid(CreateFileA(sPath.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
-                                             OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr)));
+  HandleOwner file(
+      NullIfInvalid(CreateFileA(sPath.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr)));
   const DWORD lReason = GetLastError();
   if (file) return std::make_unique<WindowsFile>(std::move(file), sPath);
   if (IsFolder(sPath)) throw PlatformError(pOperation, sPath, "it is a folder, not a file");
