@@ -69,8 +69,9 @@ class System {
   // Starts the program that sCommandLine names, with a normal window that
   // gets the focus, and returns without waiting for it. A program path in
   // double quotes ends at the closing quote; without quotes it is the longest
-  // leading part, up to a space or the end, that names a file. The rest are
-  // its arguments. Throws PlatformError when the program cannot be started.
+  // leading part, up to a space or the end, that names a file and is not cut
+  // from the name of a folder. The rest are its arguments. Throws PlatformError
+  // when the program cannot be started.
   virtual void StartProgram(const std::string& sCommandLine) = 0;
 };
 
