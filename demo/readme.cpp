@@ -1,13 +1,13 @@
 // The read-me program of the demonstration suite: shows the text file that its
 // command line names, from its own folder.
 
-#include <array>
-#include <cstddef>
-#include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/entry.h"
 #include "platform/platform.h"
+#include "platform/platform_error.h"
+#include "platform/read_file.h"
 #include "platform/toolkit.h"
 #include "startup/center_form.h"
 #include "startup/error.h"
@@ -18,12 +18,9 @@ namespace trelin::demo {
 namespace {
 
 std::string ReadText(const std::string& sPath) {
-  const std::unique_ptr<InputFile> file = TheSystem().OpenInput(sPath);
-  std::array<char, 4096> buffer;
-  std::string sText;
-  while (const std::size_t nRead = file->Read(buffer.data(), buffer.size()))
-    sText.append(buffer.data(), nRead);
-  return sText;
+  std::optional<std::string> sText = ReadWholeFile(*TheSystem().OpenInput(sPath));
+  if (!sText) throw PlatformError("read the file", sPath, "it is too large to be shown");
+  return *sText;
 }
 
 void ShowText(const std::string& sFile) {

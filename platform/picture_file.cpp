@@ -3,16 +3,17 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <stdexcept>
 #include <string_view>
+
+#include "platform/read_file.h"
 
 namespace trelin {
 
 namespace {
 
 using namespace std::literals;
-
-constexpr std::size_t MaxFileBytes = std::size_t{64} * 1024 * 1024;
 
 struct Signature {
   std::string_view sFirstBytes;
@@ -38,15 +39,10 @@ void RefuseCutBitmap(const std::string& sBytes) {
 }  // namespace
 
 std::string ReadPictureFile(InputFile& file) {
-  std::array<char, 4096> buffer;
-  std::string sBytes;
-  while (const std::size_t nRead = file.Read(buffer.data(), buffer.size())) {
-    sBytes.append(buffer.data(), nRead);
-    if (sBytes.size() > MaxFileBytes)
-      throw std::runtime_error("the file is too large for a picture");
-  }
-  if (sBytes.empty()) throw std::runtime_error("the file is empty");
-  return sBytes;
+  const std::optional<std::string> sBytes = ReadWholeFile(file);
+  if (!sBytes) throw std::runtime_error("the file is too large for a picture");
+  if (sBytes->empty()) throw std::runtime_error("the file is empty");
+  return *sBytes;
 }
 
 PictureFormat FormatOfPicture(const std::string& sBytes) {

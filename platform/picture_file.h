@@ -14,7 +14,7 @@ enum class PictureFormat { Bmp, Ico, Gif, Jpeg, Png };
 constexpr int MaxPictureSide = 4096;  // pixels
 constexpr int IconPixels = 32;        // of an icon file, the image of this size is shown
 
-// The whole file, of up to 64 MB. Throws PlatformError when it cannot be read.
+// The whole file, of up to MaxFileBytes. Throws PlatformError when it cannot be read.
 std::string ReadPictureFile(InputFile& file);
 
 // Of the file's first bytes. A bitmap that is cut off is refused here: decoders

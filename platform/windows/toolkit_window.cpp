@@ -3,7 +3,6 @@
 #include <exception>
 
 #include "platform/modal_loop.h"
-#include "platform/windows/resources.h"
 #include "platform/windows/windows_error.h"
 
 namespace trelin {
@@ -25,12 +24,11 @@ void RegisterWindowClass(const char* pName) {
 }
 
 void RegisterWindowClasses() {
-  static const bool bRegistered = [] {
+  [[maybe_unused]] static const bool bRegistered = [] {
     RegisterWindowClass(FormClass);
     RegisterWindowClass(PictureBoxClass);
     return true;
   }();
-  (void)bRegistered;
 }
 
 }  // namespace

@@ -1,18 +1,16 @@
 #include "platform/windows/windows_string_library.h"
 
-#include <array>
-#include <memory>
+#include <optional>
 #include <utility>
 
 #include "platform/pe_string_table.h"
 #include "platform/platform_error.h"
+#include "platform/read_file.h"
 #include "platform/windows/windows_files.h"
 
 namespace trelin {
 
 namespace {
-
-constexpr std::size_t MaxFileBytes = 64 * 1024 * 1024;
 
 // The system would look for a path that is not full in folders of its own
 // choice. Empty when sPath is no path or a longer one than the system takes.
@@ -24,21 +22,11 @@ std::string FullPath(const std::string& sPath) {
   return sFull;
 }
 
-std::string ReadLibrary(const std::string& sPath) {
-  const std::unique_ptr<InputFile> file = OpenWindowsFile(sPath);
-  std::array<char, 4096> buffer;
-  std::string sBytes;
-  while (const std::size_t nRead = file->Read(buffer.data(), buffer.size())) {
-    sBytes.append(buffer.data(), nRead);
-    if (sBytes.size() > MaxFileBytes) return {};
-  }
-  return sBytes;
-}
-
 // The system takes the insides of a library on trust when it looks for a text.
 bool IsSound(const std::string& sPath) {
   try {
-    return PeStringTable::Parse(ReadLibrary(sPath)).has_value();
+    std::optional<std::string> sFile = ReadWholeFile(*OpenWindowsFile(sPath));
+    return sFile && PeStringTable::Parse(std::move(*sFile));
   } catch (const PlatformError&) {
     return false;  // not there, or not to be read
   }

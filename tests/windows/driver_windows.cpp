@@ -40,8 +40,6 @@ std::string ClassOf(HWND hWindow) {
   return name.data();
 }
 
-bool IsMessageBox(HWND hWindow) { return ClassOf(hWindow) == "#32770"; }
-
 BOOL CALLBACK FindVisible(HWND hWindow, LPARAM pFound) {
   if (!IsWindowVisible(hWindow) || !IsWindowEnabled(hWindow)) return TRUE;
   *reinterpret_cast<HWND*>(pFound) = hWindow;

@@ -31,12 +31,6 @@ void SwitchTo(void* pFiber) {
   pCurrent = pHere;
 }
 
-bool IsMessageBox(HWND hWindow) {
-  std::array<char, 16> name{};
-  GetClassNameA(hWindow, name.data(), name.size());
-  return name.data() == "#32770"sv;
-}
-
 // A message box is a dialog: its own loop would answer the keys for it.
 void Dispatch(MSG& message) {
   const HWND hActive = GetActiveWindow();
@@ -67,6 +61,12 @@ bool IsScrollBarTracking() {
 }
 
 }  // namespace
+
+bool IsMessageBox(HWND hWindow) {
+  std::array<char, 16> name{};
+  GetClassNameA(hWindow, name.data(), name.size());
+  return name.data() == "#32770"sv;
+}
 
 void PumpMessages() {
   if (pCurrent == nullptr) pCurrent = ConvertThreadToFiber(nullptr);

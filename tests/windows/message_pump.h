@@ -1,5 +1,7 @@
 #pragma once
 
+#include <windows.h>
+
 namespace trelin {
 
 // Lets the program answer all input and paints that wait for it, as its own
@@ -7,6 +9,8 @@ namespace trelin {
 // its own: then this returns within it, and the next call goes on there.
 void PumpMessages();
 void PumpMessagesFor(int nMilliseconds);
+
+bool IsMessageBox(HWND hWindow);
 
 // To be called from a timer: leaves the system's loop for the script that waits
 // in PumpMessages, once the loop has nothing left to do.
