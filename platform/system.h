@@ -62,7 +62,8 @@ class System {
   virtual void Beep() = 0;
 
   // Shows a message box, owned by the window that is in use, and waits for
-  // the answer. A box closed in another way answers Ok, or No when it asks.
+  // the answer. A box closed in another way answers Ok, or No when it asks. An
+  // empty title stands for the name of the program.
   virtual MessageAnswer ShowMessage(const std::string& sText, MessageIcon icon,
                                     MessageButtons buttons, const std::string& sTitle) = 0;
 

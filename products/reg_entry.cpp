@@ -1,9 +1,7 @@
 #include "products/reg_entry.h"
 
 #include <array>
-#include <utility>
 
-#include "platform/platform.h"
 #include "startup/error.h"
 #include "startup/messages.h"
 #include "startup/string_resources.h"
@@ -12,67 +10,48 @@ namespace trelin {
 
 namespace {
 
-constexpr std::uint32_t DataBytes = 255;
-
-// An open key, closed at the end of its scope.
-class KeyHandle {
- public:
-  explicit KeyHandle(RegistryKey hKey) : hKey_(hKey) {}
-  ~KeyHandle() { TheRegistry().CloseKey(hKey_); }
-  KeyHandle(const KeyHandle&) = delete;
-  KeyHandle& operator=(const KeyHandle&) = delete;
-
-  RegistryKey Get() const { return hKey_; }
-
- private:
-  RegistryKey hKey_;
-};
-
-RegistryKey OpenInternal(RegistryKey hParent, const std::string& sPath) {
-  RegistryKey hKey = RegistryKey::None;
-  if (TheRegistry().OpenKey(hParent, sPath, RegistryReadWrite, hKey) != RegistrySuccess)
-    throw Error(5001, "RegEntry.OpenInternal", FormatResourceString(35001, sPath));
-  return hKey;
-}
-
 // Opens one level or else creates it. lTemplate describes the failure.
-RegistryKey OpenOrCreateLevel(RegistryKey hParent, const std::string& sLevel,
-                              std::int32_t lTemplate) {
+KeyHandle OpenOrCreateLevel(RegistryKey hParent, const std::string& sLevel,
+                            std::int32_t lTemplate) {
   RegistryKey hKey = RegistryKey::None;
   if (TheRegistry().OpenKey(hParent, sLevel, RegistryReadWrite, hKey) == RegistrySuccess)
-    return hKey;
+    return KeyHandle(hKey);
   if (TheRegistry().CreateKey(hParent, sLevel, RegistryReadWrite, hKey) == RegistrySuccess)
-    return hKey;
+    return KeyHandle(hKey);
   throw Error(5000, "RegEntry.CreateInternal", FormatResourceString(lTemplate, sLevel));
-}
-
-RegistryKey CreateInternal(RegistryKey hParent, const std::string& sPath) {
-  const std::size_t nBackslash = sPath.find('\\');
-  if (nBackslash == std::string::npos) return OpenOrCreateLevel(hParent, sPath, 35001);
-  const KeyHandle level(OpenOrCreateLevel(hParent, sPath.substr(0, nBackslash), 35002));
-  return CreateInternal(level.Get(), sPath.substr(nBackslash + 1));
 }
 
 }  // namespace
 
-void RegEntry::CloseKey() {
-  if (hCurrentKey_ != RegistryKey::None)
-    TheRegistry().CloseKey(std::exchange(hCurrentKey_, RegistryKey::None));
+KeyHandle OpenInternal(RegistryKey hParent, const std::string& sPath) {
+  RegistryKey hKey = RegistryKey::None;
+  if (TheRegistry().OpenKey(hParent, sPath, RegistryReadWrite, hKey) != RegistrySuccess)
+    throw Error(5001, "RegEntry.OpenInternal", FormatResourceString(35001, sPath));
+  return KeyHandle(hKey);
+}
+
+KeyHandle CreateInternal(RegistryKey hParent, const std::string& sPath) {
+  const std::size_t nBackslash = sPath.find('\\');
+  if (nBackslash == std::string::npos) return OpenOrCreateLevel(hParent, sPath, 35001);
+  const KeyHandle level = OpenOrCreateLevel(hParent, sPath.substr(0, nBackslash), 35002);
+  return CreateInternal(level.Get(), sPath.substr(nBackslash + 1));
 }
 
 void RegEntry::OpenKey(const std::string& sKey) {
   CloseKey();
-  hCurrentKey_ = OpenInternal(RegistryKey::LocalMachine, FullPath(sKey));
+  sCurrentPath_ = FullPath(sKey);
+  currentKey_ = OpenInternal(RegistryKey::LocalMachine, sCurrentPath_);
 }
 
 void RegEntry::CreateKey(const std::string& sKey) {
   CloseKey();
-  hCurrentKey_ = CreateInternal(RegistryKey::LocalMachine, FullPath(sKey));
+  sCurrentPath_ = FullPath(sKey);
+  currentKey_ = CreateInternal(RegistryKey::LocalMachine, sCurrentPath_);
 }
 
 bool RegEntry::TestKey(const std::string& sKey) const {
   try {
-    const KeyHandle key(OpenInternal(RegistryKey::LocalMachine, FullPath(sKey)));
+    const KeyHandle key = OpenInternal(RegistryKey::LocalMachine, FullPath(sKey));
     return true;
   } catch (...) {
     return false;
@@ -80,10 +59,10 @@ bool RegEntry::TestKey(const std::string& sKey) const {
 }
 
 std::string RegEntry::GetString(const std::string& sName) const {
-  if (hCurrentKey_ == RegistryKey::None) return "";
-  std::array<char, DataBytes + 1> buffer{};
-  std::uint32_t lSize = DataBytes;
-  if (TheRegistry().QueryValue(hCurrentKey_, sName, buffer.data(), lSize) != RegistrySuccess)
+  if (!currentKey_.IsOpen()) return "";
+  std::array<char, RegistryBufferBytes + 1> buffer{};
+  std::uint32_t lSize = RegistryBufferBytes;
+  if (TheRegistry().QueryValue(currentKey_.Get(), sName, buffer.data(), lSize) != RegistrySuccess)
     return "";
   if (lSize > 0 && buffer[lSize - 1] == '\0') --lSize;
   return {buffer.data(), lSize};
@@ -101,10 +80,10 @@ bool RegEntry::GetBoolean(const std::string& sName) const {
 }
 
 void RegEntry::SetString(const std::string& sName, const std::string& sValue) {
-  if (hCurrentKey_ == RegistryKey::None) return;
+  if (!currentKey_.IsOpen()) return;
   if (sValue.empty()) return DeleteValue(sName);
   const auto lSize = static_cast<std::uint32_t>(sValue.size());
-  if (TheRegistry().SetValue(hCurrentKey_, sName, RegistryTypeText, sValue.data(), lSize) !=
+  if (TheRegistry().SetValue(currentKey_.Get(), sName, RegistryTypeText, sValue.data(), lSize) !=
       RegistrySuccess)
     throw Error(5002, "RegEntry.SetValue", FormatResourceString(35003, sName));
 }
@@ -114,7 +93,7 @@ void RegEntry::SetBoolean(const std::string& sName, bool bValue) {
 }
 
 void RegEntry::DeleteValue(const std::string& sName) {
-  if (hCurrentKey_ != RegistryKey::None) TheRegistry().DeleteValue(hCurrentKey_, sName);
+  if (currentKey_.IsOpen()) TheRegistry().DeleteValue(currentKey_.Get(), sName);
 }
 
 }  // namespace trelin

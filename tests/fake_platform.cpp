@@ -6,6 +6,7 @@
 #include "platform/code_page.h"
 #include "platform/platform_error.h"
 #include "products/reg_entry.h"
+#include "startup/error.h"
 #include "startup/string_resources.h"
 
 namespace trelin {
@@ -92,7 +93,16 @@ void FakeSystem::StartProgram(const std::string& sLine) {
   started.push_back(sLine);
 }
 
-ProgramTest::ProgramTest() {
+std::string Failure(const std::function<void()>& operation) {
+  try {
+    operation();
+    return "none";
+  } catch (const Error& error) {
+    return std::to_string(error.Number()) + " " + error.Source() + " " + error.Description();
+  }
+}
+
+FakeProgram::FakeProgram() {
   FakeLibraries::Texts texts;
   for (const std::int32_t lId :
        {35009, 35014, 35015, 35016, 35017, 35018, 35024, 35027, 35028, 35029, 35030, 35031, 35032})
@@ -113,7 +123,7 @@ ProgramTest::ProgramTest() {
   InitStringResources(1033);
 }
 
-void ProgramTest::Record(const std::string& sName, const std::string& sText) {
+void FakeProgram::Record(const std::string& sName, const std::string& sText) {
   RegEntry objReg;
   objReg.CreateKey("InstallLog");
   objReg.SetString(sName, sText);

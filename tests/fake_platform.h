@@ -65,11 +65,15 @@ class FakeSystem : public System {
   std::string sStartFailure;  // not empty: programs do not start, for this reason
 };
 
+// The error that the operation throws, as "5001 Source Description"; "none"
+// without one.
+std::string Failure(const std::function<void()>& operation);
+
 // A program with string library, registry and system of its own. Templates
 // read as their number and arguments: "35010(BLOCK|3|APPLICATION|X)".
-class ProgramTest : public ::testing::Test {
+class FakeProgram {
  protected:
-  ProgramTest();
+  FakeProgram();
 
   // Writes a value of the installation log; an empty text removes it.
   void Record(const std::string& sName, const std::string& sText);
@@ -78,5 +82,7 @@ class ProgramTest : public ::testing::Test {
   FakeLibraries libraries;
   FakeSystem system;
 };
+
+class ProgramTest : public ::testing::Test, protected FakeProgram {};
 
 }  // namespace trelin

@@ -50,7 +50,7 @@ MessageAnswer ShowMessageBox(const std::string& sText, MessageIcon icon, Message
   EndCapture();
   QMessageBox box(pLoop != nullptr ? &pLoop->Window() : nullptr);
   box.setIcon(ToQtIcon(icon));
-  box.setWindowTitle(ToQString(sTitle));
+  box.setWindowTitle(sTitle.empty() ? "Trelin" : ToQString(sTitle));
   box.setTextFormat(Qt::PlainText);
   box.setText(ToQString(sText));
   SetButtons(box, buttons);

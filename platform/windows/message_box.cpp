@@ -17,7 +17,8 @@ MessageAnswer ShowMessageBox(const std::string& sText, MessageIcon icon, Message
   const HWND hOwner = pLoop != nullptr ? pLoop->Window() : nullptr;
   const UINT style = static_cast<UINT>(icon) | static_cast<UINT>(buttons) |
                      (hOwner == nullptr ? MB_SETFOREGROUND : 0U);
-  const int nAnswer = MessageBoxA(hOwner, sText.c_str(), sTitle.c_str(), style);
+  const int nAnswer =
+      MessageBoxA(hOwner, sText.c_str(), sTitle.empty() ? "Trelin" : sTitle.c_str(), style);
   const bool bFailed = pLoop != nullptr && pLoop->Failed();
   return nAnswer == IDYES && !bFailed ? MessageAnswer::Yes : closed;
 }

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "tests/platform/registry_contract.h"
+#include "tests/products/registry_trees.h"
 #include "tests/temporary_folder.h"
 
 namespace trelin {
@@ -32,6 +33,8 @@ class FolderRegistry : private TemporaryFolder, public FileRegistry {
 };
 
 INSTANTIATE_TEST_SUITE_P(File, RegistryContract,
+                         testing::Values([] { return std::make_unique<FolderRegistry>(); }));
+INSTANTIATE_TEST_SUITE_P(File, RegistryTrees,
                          testing::Values([] { return std::make_unique<FolderRegistry>(); }));
 
 std::string LogFile(const std::string& sValues) {

@@ -5,6 +5,7 @@
 #include <set>
 
 #include "tests/platform/registry_contract.h"
+#include "tests/products/registry_trees.h"
 
 namespace trelin {
 
@@ -16,6 +17,8 @@ using Names = std::set<std::string>;
 constexpr std::uint32_t ReadOnly = 0x20019;  // KEY_READ
 
 INSTANTIATE_TEST_SUITE_P(Memory, RegistryContract,
+                         testing::Values([] { return std::make_unique<MemoryRegistry>(); }));
+INSTANTIATE_TEST_SUITE_P(Memory, RegistryTrees,
                          testing::Values([] { return std::make_unique<MemoryRegistry>(); }));
 
 TEST_P(RegistryContract, PathsFindKeysAndCreatingKeepsThem) {

@@ -34,12 +34,12 @@ class RegistryContract : public testing::TestWithParam<std::function<std::unique
   static constexpr const char* Base = "SOFTWARE\\TrelinContract";
 
   RegistryContract() {
-    Clear(Base);
+    Clear(RegistryKey::LocalMachine, Base);
     base_ = Create(RegistryKey::LocalMachine, Base);
   }
   ~RegistryContract() override {
     registry_.CloseKey(base_);
-    Clear(Base);
+    Clear(RegistryKey::LocalMachine, Base);
   }
 
   RegistryKey Create(RegistryKey hParent, const std::string& sPath) {
@@ -54,12 +54,12 @@ class RegistryContract : public testing::TestWithParam<std::function<std::unique
       names.emplace_back(name.data());
     return names;
   }
-  void Clear(const std::string& sPath) {
+  void Clear(RegistryKey hParent, const std::string& sPath) {
     RegistryKey hKey = RegistryKey::None;
-    if (registry_.OpenKey(RegistryKey::LocalMachine, sPath, RegistryReadWrite, hKey) != 0) return;
-    for (const std::string& sName : Keys(hKey)) Clear(sPath + "\\" + sName);
+    if (registry_.OpenKey(hParent, sPath, RegistryReadWrite, hKey) != 0) return;
+    for (const std::string& sName : Keys(hKey)) Clear(hKey, sName);
     registry_.CloseKey(hKey);
-    registry_.DeleteKey(RegistryKey::LocalMachine, sPath);
+    registry_.DeleteKey(hParent, sPath);
   }
 
   std::unique_ptr<Registry> owner_ = GetParam()();

@@ -1,6 +1,5 @@
 #include "products/reg_entry.h"
 
-#include "startup/error.h"
 #include "tests/fake_platform.h"
 
 namespace trelin {
@@ -11,15 +10,6 @@ const std::string sRoot = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvanta";
 class RegEntryTest : public ProgramTest {
  protected:
   ~RegEntryTest() override { EXPECT_EQ(registry.OpenHandles(), 0U); }
-
-  static std::string Failure(const std::function<void()>& operation) {
-    try {
-      operation();
-      return "none";
-    } catch (const Error& error) {
-      return std::to_string(error.Number()) + " " + error.Source() + " " + error.Description();
-    }
-  }
 };
 
 TEST_F(RegEntryTest, CreatesEveryMissingLevelAndKeepsWhatIsThere) {
