@@ -18,7 +18,7 @@ class KeyHandle {
   KeyHandle() = default;
   explicit KeyHandle(RegistryKey hKey) : hKey_(hKey) {}
   ~KeyHandle() { Close(); }
-  KeyHandle(KeyHandle&& other) noexcept : hKey_(std::exchange(other.hKey_, RegistryKey::None)) {}
+  KeyHandle(const KeyHandle&) = delete;
   KeyHandle& operator=(KeyHandle&& other) noexcept {
     std::swap(hKey_, other.hKey_);
     return *this;

@@ -45,7 +45,9 @@ TEST_P(RegistryTrees, AValueTooLongForTheBufferEndsTheValuesOfACopy) {
 TEST_P(RegistryTrees, ACopyIntoItselfIsRefusedBeforeAnythingIsWritten) {
   Put("Source\\Sub", "v", "1");
   const std::string sBefore = Tree("");
-  objReg.CreateKey("\\source\\");
+  objReg.SetDefaultRoot("");
+  objReg.CreateKey(std::string(Base) + "\\source\\");
+  objReg.SetDefaultRoot(Base);
   for (const char* sName : {"Source", "SOURCE\\", "\\Source", "Source\\Sub", "Source\\\\New\\Key"})
     EXPECT_EQ(Failure([&] { objReg.Copy(sName); }),
               std::string("5000 RegEntry.CopyInternal 35002(") + sName + ")");
@@ -80,6 +82,7 @@ TEST_P(RegistryTrees, ListsKeysAndValues) {
   RegEntry::ValueArray values;
   const RegEntry::ValueArray none{{{""}, {""}, {""}}};
   EXPECT_EQ(objReg.Query(keys), 0) << "no key is open";
+  EXPECT_EQ(Failure([&] { objReg.Copy("List"), objReg.DeleteKey("List"); }), "none");
   EXPECT_EQ(objReg.QueryValues(values), 0);
   EXPECT_EQ(values, none);
 
@@ -99,6 +102,8 @@ TEST_P(RegistryTrees, ListsKeysAndValues) {
   EXPECT_EQ(objReg.QueryValues(values), 3);
   EXPECT_EQ(values, (RegEntry::ValueArray{
                         {{"A", "B", "C", ""}, {"x", "", std::string("y\0z", 3), ""}, Texts(4)}}));
+  keys.resize(32767);
+  EXPECT_EQ(objReg.Query(keys), 0) << "two more than 16 bits count";
   Put("List", "D", std::string(256, 'x'));
   Put("List", "E", "behind it");
   EXPECT_EQ(objReg.QueryValues(values), 3);
@@ -106,35 +111,46 @@ TEST_P(RegistryTrees, ListsKeysAndValues) {
 
 TEST_P(RegistryTrees, RemovesTheRegistrationOfAComponent) {
   const std::string sPrefix = "Trelin.Test.";  // of the keys in the hive's own keys, too
+  const Texts noName{std::string(2, '\0')};
   const struct {
     const char* sCase;
     Texts classDefault, libraryDefault;  // of the keys that lead on; empty: there is none
-    bool bClassStays;                    // cannot be deleted
+    const char* sStuck;                  // this key cannot be deleted
     const char *sProgID, *sClass, *sLibrary;
   } cases[] = {
-      {"all three", {"Class"}, {"Library"}, false, "none", "none", "none"},
-      {"the class has no library", {"Class"}, {}, false, "none", "[Sub v=1]", "[Sub v=1]"},
-      {"the identifier has no class", {}, {"Library"}, false, "v=1", "kept", "[Sub v=1]"},
-      {"an unknown class", {"Unknown"}, {"Library"}, false, "none", "kept", "[Sub v=1]"},
-      {"the class stays", {"Class"}, {"Library"}, true, "none", "kept", "none"},
-      {"a library without a name", {"Class"}, {""}, false, "none", "none", "[Sub v=1]"},
+      {"all three", {"Class"}, {"Library"}, "", "none", "none", "none"},
+      {"the class has no library", {"Class"}, {}, "", "none", "[Sub v=1]", "[Sub v=1]"},
+      {"the identifier has no class", {}, {"Library"}, "", "v=1", "kept", "[Sub v=1]"},
+      {"an unknown class", {"Unknown"}, {"Library"}, "", "none", "kept", "[Sub v=1]"},
+      {"the identifier stays", {"Class"}, {"Library"}, "Trelin.Test.Prog", "kept", "none", "none"},
+      {"the class stays",
+       {"Class"},
+       {"Library"},
+       "CLSID\\Trelin.Test.Class",
+       "none",
+       "kept",
+       "none"},
+      {"a library without a name", {"Class"}, noName, "", "none", "none", "[Sub v=1]"},
   };
   for (const auto& c : cases) {
-    const auto full = [&](const std::string& s) { return s.empty() ? s : sPrefix + s; };
+    const auto full = [&](const std::string& s) { return s[0] == 0 ? s : sPrefix + s; };
     Put(sPrefix + "Prog", "v", "1", Classes);
     for (const char* sKey : {"CLSID\\Trelin.Test.Class\\Sub", "TypeLib\\Trelin.Test.Library\\Sub"})
       Put(sKey, "v", "1", Classes);
     for (const auto& s : c.classDefault) Put(sPrefix + "Prog\\Clsid", "", full(s), Classes);
     for (const auto& s : c.libraryDefault)
       Put("CLSID\\" + sPrefix + "Class\\TypeLib", "", full(s), Classes);
-    if (c.bClassStays) Put("CLSID\\" + sPrefix + "Class\\Stuck\\" + sUnseen, "v", "1", Classes);
+    if (*c.sStuck != 0) Put(c.sStuck + ("\\Stuck\\" + sUnseen), "v", "1", Classes);
 
     RegEntry::RemoveProgID(sPrefix + "Nobody");
     RegEntry::RemoveProgID(sPrefix + "Prog");
-    EXPECT_EQ(Tree(sPrefix + "Prog", Classes), c.sProgID) << c.sCase;
-    const std::string sClass = Tree("CLSID\\" + sPrefix + "Class", Classes);
-    EXPECT_EQ(sClass == "none" || sClass == "[Sub v=1]" ? sClass : "kept", c.sClass) << c.sCase;
-    EXPECT_EQ(Tree("TypeLib\\" + sPrefix + "Library", Classes), c.sLibrary) << c.sCase;
+    const auto left = [&](const std::string& sKey) {
+      const std::string sTree = Tree(sKey, Classes);
+      return sTree.size() > 9 ? "kept" : sTree;
+    };
+    EXPECT_EQ(left(sPrefix + "Prog"), c.sProgID) << c.sCase;
+    EXPECT_EQ(left("CLSID\\" + sPrefix + "Class"), c.sClass) << c.sCase;
+    EXPECT_EQ(left("TypeLib\\" + sPrefix + "Library"), c.sLibrary) << c.sCase;
     for (const char* sKey :
          {"Trelin.Test.Prog", "CLSID\\Trelin.Test.Class", "TypeLib\\Trelin.Test.Library"})
       Clear(Classes, sKey);
@@ -160,6 +176,7 @@ TEST_F(RefusedTrees, ErrorsNameTheSubkeyAndLeaveNoHandle) {
     objSource.OpenKey("Source");
     objSource.Copy("Target");
   };
+  RegistryKey hKey = RegistryKey::None;
   const auto remove = [&] { objReg.DeleteKey("Source"); };
   const auto text = [&](const char* sPath) {
     return registry.Text(sRoot + sPath, "v").value_or("none");
@@ -174,7 +191,6 @@ TEST_F(RefusedTrees, ErrorsNameTheSubkeyAndLeaveNoHandle) {
   registry.ClearFaults();
   registry.RefuseCreation(sRoot + "\\Target\\B");
   EXPECT_EQ(Failure(copy), "5000 RegEntry.CopyInternal 35002(C)");
-  registry.RefuseValue("v");
   registry.RefuseDeletion(sRoot + "\\Source\\D");
   EXPECT_EQ(Failure(remove), "5001 RegEntry.CopyInternal 35001(D)");
   EXPECT_EQ(Failure([&] { objReg.DeleteKey("Source\\D"); }), "none") << "nobody looks at this one";
@@ -182,9 +198,15 @@ TEST_F(RefusedTrees, ErrorsNameTheSubkeyAndLeaveNoHandle) {
 
   registry.ClearFaults();
   registry.RefuseValue("v");
+  registry.OpenKey(RegistryKey::LocalMachine, "SOFTWARE\\Korvanta\\Source", RegistryReadWrite,
+                   hKey);
+  Set(registry, hKey, "number", "1234", 4);  // REG_DWORD
+  registry.CloseKey(hKey);
   copy();
   EXPECT_EQ(text("\\Target\\D"), "none") << "a value that cannot be written is left out";
-  EXPECT_NE(registry.Find(RegistryKey::LocalMachine, "SOFTWARE\\Korvanta\\Target\\D"), nullptr);
+  const auto* target = registry.Find(RegistryKey::LocalMachine, "SOFTWARE\\Korvanta\\Target");
+  ASSERT_NE(target->FindValue("number"), nullptr);
+  EXPECT_EQ(target->FindValue("number")->lType, RegistryTypeText);
 }
 
 // Names without a NUL, and lists without an end or with a fault in them.
@@ -218,6 +240,7 @@ TEST_F(ProgramTest, StrangeListsEndWithZero) {
                                                            MessageButtons::Ok, ""}}));
     strange.lFault = 0xFFFFFFFF;
     EXPECT_EQ(objReg.Query(keys), 0);
+    EXPECT_EQ(keys.size(), 2U + 32767U);
     RegEntry::ValueArray values;
     EXPECT_EQ(objReg.QueryValues(values), 0);
     EXPECT_EQ(values[2].size(), 32768U) << "filled as far as 16 bits count";
