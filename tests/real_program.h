@@ -15,9 +15,9 @@ namespace trelin {
 // Works in a folder of its own and keeps what it would have shown.
 class RecordingSystem : public RealSystem {
  public:
-  explicit RecordingSystem(const std::string& sFolder) : sFolder_(ProgramPath(sFolder)) {}
+  explicit RecordingSystem(const std::string& sPath) : sFolder(ProgramPath(sPath)) {}
 
-  std::string ProgramFolder() override { return sFolder_; }
+  std::string ProgramFolder() override { return sFolder; }
   std::string CommandLineText() override { return ""; }
   MessageAnswer ShowMessage(const std::string& sText, MessageIcon, MessageButtons,
                             const std::string& sTitle) override {
@@ -25,10 +25,8 @@ class RecordingSystem : public RealSystem {
     return MessageAnswer::Ok;
   }
 
+  std::string sFolder;
   std::string sMessages;
-
- private:
-  std::string sFolder_;
 };
 
 // The whole program with the platform's registry, string library reader and

@@ -12,6 +12,9 @@ namespace trelin {
 
 namespace {
 
+// Behind it there is room for a backslash and ENU35000.DLL.
+constexpr std::size_t LongestFolder = MAX_PATH - 14;
+
 std::wstring WideRunningProgram() {
   std::wstring sPath(MAX_PATH, L'\0');
   for (;;) {
@@ -52,6 +55,11 @@ std::string FindProgramFolder() {
   if (FromAnsi(sPath) != sFolder) {
     throw PlatformError("find the program's own folder", sPath,
                         "its name holds characters that the program cannot use");
+  }
+  if (sPath.size() > LongestFolder) {
+    throw PlatformError("use the program's own folder", sPath,
+                        "its path is too long; please copy the suite to a folder with a shorter "
+                        "one");
   }
   return sPath;
 }

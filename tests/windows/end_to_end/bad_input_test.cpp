@@ -67,5 +67,17 @@ TEST_F(LauncherBadInput, GetsAClearAnswer) {
   }
 }
 
+TEST_F(LauncherBadInput, IncludesAFolderWithALongPath) {
+  std::wstring sFolder = (suite / "Long").wstring();
+  sFolder.append(200 - sFolder.size(), L'x').append(L"\\").append(46, L'x');  // 247 characters
+  std::filesystem::create_directories(sFolder);
+  std::filesystem::copy_file(suite / "trelin.exe", sFolder + L"\\trelin.exe");
+  launcher.emplace(sFolder + L"\\trelin.exe");
+  const std::string sText = TextIn(launcher->MessageBox("Error at Trelin"));
+  EXPECT_NE(sText.find("\": its path is too long"), std::string::npos) << sText;
+  Type(VK_RETURN);
+  EXPECT_EQ(launcher->WaitForEnd(), 0U);
+}
+
 }  // namespace
 }  // namespace end_to_end

@@ -1,0 +1,16 @@
+#include "tests/real_program.h"
+
+namespace trelin {
+namespace {
+
+TEST_F(RealProgramWindow, RunsInAFolderWithALongPath) {
+  std::string sLong;
+  while (sLong.size() < 300) sLong += "A folder with a long name/";
+  for (const char* sName : {"ENU35000.DLL", "TRELIN.CFG"})
+    folder.Write(sLong + sName, FileBytes(folder / sName));
+  system.sFolder = ProgramPath(folder / sLong);
+  EXPECT_EQ(Run(), "Microsoft Product Integration Agreement\nTrelin Setup\n");
+}
+
+}  // namespace
+}  // namespace trelin
