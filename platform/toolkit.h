@@ -48,7 +48,8 @@ class Picture {
  public:
   struct Native;
 
-  // Throws PlatformError when the file cannot be read or is no picture.
+  // Reads the file through the System in use. Throws PlatformError when it
+  // cannot be read or is no picture.
   static Picture LoadFromFile(const std::string& sPath);
 
   // The program's own icon, 32 by 32 pixels in 16 colours.

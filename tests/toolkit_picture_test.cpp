@@ -3,7 +3,9 @@
 #include <filesystem>
 #include <fstream>
 
+#include "platform/platform.h"
 #include "platform/platform_error.h"
+#include "real_platform.h"
 #include "tests/driver.h"
 
 namespace trelin {
@@ -45,6 +47,7 @@ std::string Icon() {
 
 class ToolkitWindowPicture : public testing::Test {
  protected:
+  ToolkitWindowPicture() { UsePlatform({nullptr, nullptr, &system}); }
   ~ToolkitWindowPicture() override { std::filesystem::remove(path); }
 
   Picture Load(const std::string& sBytes) const {
@@ -52,6 +55,7 @@ class ToolkitWindowPicture : public testing::Test {
     return Picture::LoadFromFile(path.string());
   }
 
+  RealSystem system;
   const std::filesystem::path path = std::filesystem::temp_directory_path() / "trelin-picture";
 };
 

@@ -8,11 +8,11 @@
 #include <stdexcept>
 #include <string>
 
-#include "platform/host/host_files.h"
 #include "platform/host/host_path.h"
 #include "platform/host/toolkit_icon.h"
 #include "platform/host/toolkit_measure.h"
 #include "platform/picture_file.h"
+#include "platform/platform.h"
 #include "platform/platform_error.h"
 
 // A static library's resources are lost unless they are asked for by name.
@@ -67,7 +67,7 @@ QImage Decode(const std::string& sBytes) {
 }  // namespace
 
 Picture Picture::LoadFromFile(const std::string& sPath) {
-  const std::unique_ptr<InputFile> file = OpenHostFile(sPath);
+  const std::unique_ptr<InputFile> file = TheSystem().OpenInput(sPath);
   try {
     return Picture(std::make_shared<const Native>(Native{Decode(ReadPictureFile(*file))}));
   } catch (const PlatformError&) {

@@ -8,11 +8,11 @@
 #include <string>
 
 #include "platform/picture_file.h"
+#include "platform/platform.h"
 #include "platform/platform_error.h"
 #include "platform/windows/com_owner.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/resources.h"
-#include "platform/windows/windows_files.h"
 
 // Pictures are decoded and scaled by the Windows Imaging Component.
 namespace trelin {
@@ -136,7 +136,7 @@ Picture::Native Decode(std::string sBytes) {
 }  // namespace
 
 Picture Picture::LoadFromFile(const std::string& sPath) {
-  const std::unique_ptr<InputFile> file = OpenWindowsFile(sPath);
+  const std::unique_ptr<InputFile> file = TheSystem().OpenInput(sPath);
   try {
     return Picture(std::make_shared<const Native>(Decode(ReadPictureFile(*file))));
   } catch (const PlatformError&) {
