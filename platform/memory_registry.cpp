@@ -140,7 +140,7 @@ std::int32_t MemoryRegistry::CreateLevel(RegistryNode*& node, std::string_view s
 
 std::int32_t MemoryRegistry::CreateKey(RegistryKey hParent, const std::string& sPath,
                                        std::uint32_t lAccess, RegistryKey& hKey) {
-  std::int32_t lResult = OpenKey(hParent, sPath, lAccess, hKey);
+  std::int32_t lResult = MemoryRegistry::OpenKey(hParent, sPath, lAccess, hKey);
   if (lResult != RegistryNotFound) return lResult;
   // Whether the handle was opened for writing does not count here.
   Handle handle;
@@ -152,7 +152,7 @@ std::int32_t MemoryRegistry::CreateKey(RegistryKey hParent, const std::string& s
   return lResult == RegistrySuccess ? NewHandle(*node, lAccess, hKey) : lResult;
 }
 
-std::int32_t MemoryRegistry::CloseKey(RegistryKey hKey) {
+std::int32_t MemoryRegistry::CloseKey(RegistryKey hKey) noexcept {
   if (HiveName(hKey) != nullptr) return RegistrySuccess;
   return handles_.erase(static_cast<std::int32_t>(hKey)) == 1 ? RegistrySuccess
                                                               : RegistryInvalidHandle;

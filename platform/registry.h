@@ -51,7 +51,8 @@ class Registry {
   virtual std::int32_t CreateKey(RegistryKey hParent, const std::string& sPath,
                                  std::uint32_t lAccess, RegistryKey& hKey) = 0;
 
-  virtual std::int32_t CloseKey(RegistryKey hKey) = 0;
+  // Throws nothing.
+  virtual std::int32_t CloseKey(RegistryKey hKey) noexcept = 0;
 
   // Reads the data of the value sName (empty: the default value), whatever
   // its type. lSize holds the buffer's size on entry and the data's length on

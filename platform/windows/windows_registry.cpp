@@ -43,7 +43,9 @@ std::int32_t WindowsRegistry::CreateKey(RegistryKey hParent, const std::string& 
   return GiveOut(lResult, hOpened, hKey);
 }
 
-std::int32_t WindowsRegistry::CloseKey(RegistryKey hKey) { return RegCloseKey(Native(hKey)); }
+std::int32_t WindowsRegistry::CloseKey(RegistryKey hKey) noexcept {
+  return RegCloseKey(Native(hKey));
+}
 
 std::int32_t WindowsRegistry::QueryValue(RegistryKey hKey, const std::string& sName, char* pData,
                                          std::uint32_t& lSize) {

@@ -12,7 +12,7 @@ class WindowsRegistry : public Registry {
                        RegistryKey& hKey) override;
   std::int32_t CreateKey(RegistryKey hParent, const std::string& sPath, std::uint32_t lAccess,
                          RegistryKey& hKey) override;
-  std::int32_t CloseKey(RegistryKey hKey) override;
+  std::int32_t CloseKey(RegistryKey hKey) noexcept override;
   std::int32_t QueryValue(RegistryKey hKey, const std::string& sName, char* pData,
                           std::uint32_t& lSize) override;
   std::int32_t SetValue(RegistryKey hKey, const std::string& sName, std::uint32_t lType,
