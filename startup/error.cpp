@@ -28,15 +28,23 @@ ErrorReport CurrentError() {
   }
 }
 
-void ShowError() {
+namespace {
+
+void Show(MessageIcon icon, const char* sTitleBegin) {
   try {
     const ErrorReport report = CurrentError();
-    TheSystem().ShowMessage(report.sDescription, MessageIcon::Information, MessageButtons::Ok,
-                            "Error at " + report.sSource);
+    TheSystem().ShowMessage(report.sDescription, icon, MessageButtons::Ok,
+                            sTitleBegin + report.sSource);
   } catch (...) {
     // The error could not even be shown; there is nobody left to tell.
     return;
   }
 }
+
+}  // namespace
+
+void ShowError() { Show(MessageIcon::Information, "Error at "); }
+
+void ShowFatalError() { Show(MessageIcon::Critical, ""); }
 
 }  // namespace trelin

@@ -40,4 +40,8 @@ ErrorReport CurrentError();
 // throws.
 void ShowError();
 
+// The same for an error that ends the program: the critical icon, the source
+// as the title.
+void ShowFatalError();
+
 }  // namespace trelin

@@ -1,5 +1,4 @@
 #include "platform/entry.h"
-#include "platform/platform.h"
 #include "startup/agreement.h"
 #include "startup/error.h"
 #include "startup/start_up.h"
@@ -20,9 +19,7 @@ void Main() {
   try {
     RunProgram();
   } catch (...) {
-    const ErrorReport report = CurrentError();
-    TheSystem().ShowMessage(report.sDescription, MessageIcon::Critical, MessageButtons::Ok,
-                            report.sSource);
+    ShowFatalError();
   }
   CleanUp();
   ReleaseAgreement();
