@@ -31,24 +31,26 @@ bool bEnabled = false;
 std::vector<ResourceLibrary> Libraries;
 
 // An entry of the cache that is taken back unless a library was stored in it.
+// A look-up for the text of an error may leave an entry of its own behind it.
 class Reservation {
  public:
-  Reservation() {
+  Reservation() : nIndex_(Libraries.size()) {
     ToInt16(static_cast<std::int64_t>(Libraries.size()), "The number of string libraries");
     Libraries.emplace_back();
   }
   ~Reservation() {
-    if (!bStored_) Libraries.pop_back();
+    if (!bStored_) Libraries.erase(Libraries.begin() + static_cast<std::ptrdiff_t>(nIndex_));
   }
   Reservation(const Reservation&) = delete;
   Reservation& operator=(const Reservation&) = delete;
 
   void Store(LibraryHandle hLibrary, const std::string& sFileName) {
-    Libraries.back() = {hLibrary, sFileName};
+    Libraries[nIndex_] = {hLibrary, sFileName};
     bStored_ = true;
   }
 
  private:
+  std::size_t nIndex_;
   bool bStored_ = false;
 };
 
