@@ -9,13 +9,35 @@
 
 #include "platform/memory_registry.h"
 #include "platform/platform.h"
+#include "tests/faults.h"
 
 namespace trelin {
+
+// Of the operations that nothing but the accessor's own tests calls none fails.
+class FakeRegistry : public MemoryRegistry {
+ public:
+  explicit FakeRegistry(Faults& faults) : faults_(faults) {}
+
+  std::int32_t OpenKey(RegistryKey hParent, const std::string& sPath, std::uint32_t lAccess,
+                       RegistryKey& hKey) override;
+  std::int32_t CreateKey(RegistryKey hParent, const std::string& sPath, std::uint32_t lAccess,
+                         RegistryKey& hKey) override;
+  std::int32_t CloseKey(RegistryKey hKey) noexcept override;
+  std::int32_t QueryValue(RegistryKey hKey, const std::string& sName, char* pData,
+                          std::uint32_t& lSize) override;
+  std::int32_t SetValue(RegistryKey hKey, const std::string& sName, std::uint32_t lType,
+                        const char* pData, std::uint32_t lSize) override;
+
+ private:
+  Faults& faults_;
+};
 
 // Libraries by their full path. A text is what the maps hold.
 class FakeLibraries : public StringLibraryLoader {
  public:
   using Texts = std::map<std::int32_t, std::string>;
+
+  explicit FakeLibraries(Faults& faults) : faults_(faults) {}
 
   LibraryHandle Load(const std::string& sPath) override;
   void Free(LibraryHandle hLibrary) override;
@@ -24,9 +46,10 @@ class FakeLibraries : public StringLibraryLoader {
 
   std::map<std::string, Texts> files;
   std::vector<std::string> loads;  // every path tried, in order
-  int nFreed = 0;
+  int nOpen = 0;
 
  private:
+  Faults& faults_;
   std::vector<Texts*> loaded_;
 };
 
@@ -40,16 +63,18 @@ struct ShownMessage {
 };
 void PrintTo(const ShownMessage& message, std::ostream* os);
 
-// A system whose files are texts in memory; it records what it is asked to
-// do.
+// A system whose files are texts in memory, read in small pieces; it records
+// what it is asked to do.
 class FakeSystem : public System {
  public:
-  std::string ProgramFolder() override { return sProgramFolder; }
-  std::string CommandLineText() override { return sCommandLine; }
+  explicit FakeSystem(Faults& faults) : faults_(faults) {}
+
+  std::string ProgramFolder() override;
+  std::string CommandLineText() override;
   void MakeUpperCase(std::string& sText) override;
   std::unique_ptr<InputFile> OpenInput(const std::string& sPath) override;
   std::unique_ptr<FileSearch> Search(const std::string& sPath) override;
-  void Beep() override { ++nBeeps; }
+  void Beep() override;
   MessageAnswer ShowMessage(const std::string& sText, MessageIcon icon, MessageButtons buttons,
                             const std::string& sTitle) override;
   void StartProgram(const std::string& sLine) override;
@@ -57,12 +82,14 @@ class FakeSystem : public System {
   std::string sProgramFolder = "C:\\Suite";
   std::string sCommandLine;
   std::map<std::string, std::string> files;
-  int nOpenFiles = 0;
+  int nOpenFiles = 0;  // and searches
   int nBeeps = 0;
   std::vector<ShownMessage> messages;
   std::function<MessageAnswer()> onMessage;  // empty: answers Ok
   std::vector<std::string> started;
-  std::string sStartFailure;  // not empty: programs do not start, for this reason
+
+ private:
+  Faults& faults_;
 };
 
 // The error that the operation throws, as "5001 Source Description"; "none"
@@ -78,9 +105,10 @@ class FakeProgram {
   // Writes a value of the installation log; an empty text removes it.
   void Record(const std::string& sName, const std::string& sText);
 
-  MemoryRegistry registry;
-  FakeLibraries libraries;
-  FakeSystem system;
+  Faults faults;
+  FakeRegistry registry{faults};
+  FakeLibraries libraries{faults};
+  FakeSystem system{faults};
 };
 
 class ProgramTest : public ::testing::Test, protected FakeProgram {};

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "tests/program_window.h"
+#include "tests/temporary_folder.h"
 
 namespace trelin {
 namespace {
@@ -240,24 +241,6 @@ TEST_F(MainMenuWindow, SetupAsksInOrder) {
   }
 }
 
-TEST_F(MainMenuWindow, AProgramThatDoesNotStartIsNamedAndTheMenuGoesOn) {
-  system.sStartFailure = "there is no such file";
-  UseMenu(2, [&] {
-    PressRow(1);
-    Driver::Type(Key::Enter);
-    Driver::Click(MainMenu().cmdReadMe);
-    EXPECT_FALSE(MainMenu().Timer1.Enabled());
-    EXPECT_TRUE(MainMenu().Loaded());
-  });
-  const auto failure = [](const char* sProgram) {
-    return ShownMessage{
-        "Could not start the program \"" + std::string(sProgram) + "\": there is no such file.",
-        MessageIcon::Critical, MessageButtons::Ok, "35014"};
-  };
-  EXPECT_EQ(system.messages, (std::vector{failure("\"C:\\Suite\\p2.exe\""),
-                                          failure("C:\\Suite\\read me.exe 2.txt")}));
-}
-
 TEST_F(MainMenuWindow, TheTimerShowsAChangeOnceAndStops) {
   Record("other", "1");
   UseMenu(4, [&] {
@@ -295,11 +278,10 @@ TEST_F(MainMenuWindow, NoTickComesWhileAMessageBoxIsOpen) {
 }
 
 TEST_F(MainMenuWindow, AProductWithoutAPictureHasTheDefaultIcon) {
-  system.sProgramFolder = TRELIN_SOURCE_DIR "/demo/pictures";
-  const std::string sSuite = system.sProgramFolder + "\\";
-  libraries.files[sSuite + "ENU35000.DLL"] = libraries.files["C:\\Suite\\ENU35000.DLL"];
+  const std::string sSuite = "C:\\Suite\\";
+  system.files[sSuite + "gear.bmp"] = FileBytes(TRELIN_SOURCE_DIR "/demo/pictures/gear.bmp");
   std::string sText = "BLOCK SETUPLIST\n";
-  for (const char* sImage : {"missing.bmp", "gear.bmp", "", "Gear.BMP"})
+  for (const char* sImage : {"missing.bmp", "gear.bmp", "", "gear.bmp"})
     sText += "BLOCK APPLICATION\nPRODUCT = Product 1\nIMAGE = " + std::string(sImage) + "\nEND\n";
   system.files[sSuite + "TRELIN.CFG"] = sText;
   UseMenu([&] {

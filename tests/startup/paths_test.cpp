@@ -40,12 +40,5 @@ TEST_F(ProgramTest, AProgramFolderAtADrivesRootGivesNoDoubledBackslash) {
   EXPECT_EQ(ProgramFile("TRELIN.CFG"), "D:\\TRELIN.CFG");
 }
 
-TEST_F(ProgramTest, AFileThatCannotBeSearchedDoesNotExist) {
-  system.files["C:\\there.txt"] = "";
-  EXPECT_TRUE(FileExists("C:\\there.txt"));
-  EXPECT_FALSE(FileExists("C:\\missing.txt"));
-  EXPECT_FALSE(FileExists("?:\\not ready.txt"));
-}
-
 }  // namespace
 }  // namespace trelin

@@ -86,7 +86,7 @@ TEST_F(StringResources, TwoBlocksAreTwoEntriesAndAreFreedTogether) {
   ASSERT_EQ(LastLibraryIndex(), 1);
   EXPECT_EQ(LoadedLibraries()[0].FileName, "ENU36000.DLL");
   InitStringResources(1031);
-  EXPECT_EQ(libraries.nFreed, 2);
+  EXPECT_EQ(libraries.nOpen, 0);
   EXPECT_EQ(LastLibraryIndex(), -1);
   LoadResourceString(35015);
   EXPECT_EQ(libraries.loads.back(), "C:\\Suite\\DEU35000.DLL");
