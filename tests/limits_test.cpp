@@ -49,7 +49,7 @@ class Limits : public RealProgramWindow {
 };
 
 TEST_F(Limits, LongTextsAreKeptAndLongRecordsAreNone) {
-  for (const std::size_t nSize : {0, 255, 256, 16000, 40000}) {
+  for (const std::size_t nSize : {0U, 255U, 256U, 16000U, 40000U}) {
     const std::string sText(nSize, 'x');
     const bool bName = nSize > 0 && nSize < 16384;  // of a value
     Record("Code", sText);

@@ -79,7 +79,7 @@ TEST(StringLibrary, DoesNotLoadWhatIsNoneOrCut) {
     EXPECT_EQ(loader.Load(ProgramPath(sName)), 0) << sName;
   const TemporaryFolder folder;
   const std::string sLibrary = FileBytes(TRELIN_BUILD_DIR "/ENU35000.DLL");
-  for (const std::size_t nSize : {0, 64, 512, 1024, 4096}) {
+  for (const std::size_t nSize : {0U, 64U, 512U, 1024U, 4096U}) {
     folder.Write("cut.dll", sLibrary.substr(0, nSize));
     EXPECT_EQ(loader.Load(ProgramPath(folder / "cut.dll")), 0) << nSize;
   }
