@@ -22,12 +22,14 @@ constexpr unsigned char Upper(unsigned char c) {
   return c == 0xFF ? 0x9F : c;
 }
 
-constexpr auto UpperTable = [] {
+constexpr std::array<char, 256> MakeUpperTable() {
   std::array<char, 256> table{};
   for (std::size_t i = 0; i < table.size(); ++i)
     table[i] = static_cast<char>(Upper(static_cast<unsigned char>(i)));
   return table;
-}();
+}
+
+constexpr std::array<char, 256> UpperTable = MakeUpperTable();
 
 char FromCodePoint(char32_t code) {
   if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) return static_cast<char>(code);

@@ -145,6 +145,7 @@ int StartDetached(const std::string& sHostPath, const std::vector<std::string>& 
   std::vector<std::string> texts = {sHostPath};
   std::transform(arguments.begin(), arguments.end(), std::back_inserter(texts), ToUtf8);
   std::vector<char*> pointers;
+  pointers.reserve(texts.size() + 1);
   for (std::string& sText : texts) pointers.push_back(sText.data());
   pointers.push_back(nullptr);
   return StartDetached(sHostPath.c_str(), pointers.data());

@@ -14,7 +14,7 @@ namespace trelin {
 
 namespace {
 
-constexpr std::uintmax_t MaxFileSize = 64 * 1024 * 1024;
+constexpr std::uintmax_t MaxFileSize = std::uintmax_t{64} * 1024 * 1024;
 
 // The bytes of a normal file; nothing when it cannot be read to its end. A
 // pipe is not even opened: that would wait for its writer.

@@ -26,7 +26,7 @@ std::string FindProgramFolder() {
   const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
   if (error) throw HostError(pOperation, "/proc/self/exe", error.value());
   const std::string sFolder = program.parent_path().string();
-  const std::string sPath = ProgramPath(sFolder);
+  std::string sPath = ProgramPath(sFolder);
   if (HostPath(sPath) != sFolder) {
     throw PlatformError(pOperation, ShownPath(sFolder),
                         "its name holds characters that the program cannot use");

@@ -11,7 +11,7 @@ constexpr DWORD ControlStyle = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIP
 
 FormWindow& FormAbove(NativeWindow& container) {
   if (auto* pForm = dynamic_cast<FormWindow*>(&container)) return *pForm;
-  return static_cast<ControlWindow&>(container).Form();
+  return static_cast<ControlWindow&>(container).Form();  // cppcheck-suppress returnTempReference
 }
 
 bool HasStyle(const Control& control, LONG_PTR style) {

@@ -33,14 +33,15 @@ std::string PassedOn(const CommandLine& command, const std::string& sCommandLine
 
 // Returns ERROR_SUCCESS or the reason of the failure. With the file given
 // apart from the command line, the system does not look for it anywhere else.
-DWORD Start(const std::string& sFile, std::string sCommandLine) {
+DWORD Start(const std::string& sFile, const std::string& sCommandLine) {
+  std::string sWritable = sCommandLine;  // the system writes into it
   STARTUPINFOA startup{};
   startup.cb = sizeof startup;
   startup.dwFlags = STARTF_USESHOWWINDOW;
   startup.wShowWindow = SW_SHOWNORMAL;
   PROCESS_INFORMATION started{};
-  if (!CreateProcessA(sFile.c_str(), sCommandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                      nullptr, &startup, &started))
+  if (!CreateProcessA(sFile.c_str(), sWritable.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                      &startup, &started))
     return GetLastError();
   const HandleOwner process(started.hProcess);
   const HandleOwner thread(started.hThread);
