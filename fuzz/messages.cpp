@@ -1,0 +1,84 @@
+// The first line of the input is a template, the others are its arguments; one
+// that is "~" is absent.
+
+#include "startup/messages.h"
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+
+#include "fuzz/fuzz_platform.h"
+#include "fuzz/input.h"
+#include "fuzz/target.h"
+#include "startup/string_resources.h"
+
+namespace trelin {
+
+namespace {
+
+// What ReplaceText says, character by character.
+std::string Replaced(const std::string& sSource, const std::string& sFind,
+                     const std::string& sReplacement) {
+  std::string sResult;
+  for (std::size_t i = 0; i < sSource.size();) {
+    const bool bHere = sSource.compare(i, sFind.size(), sFind) == 0;
+    sResult += bHere ? sReplacement : std::string(1, sSource[i]);
+    i += bHere ? sFind.size() : 1;
+  }
+  return sResult;
+}
+
+void CheckReplacement(const std::string& sSource, const std::string& sFind,
+                      const std::string& sReplacement) {
+  try {
+    const std::string sResult = ReplaceText(sSource, sFind, sReplacement);
+    CheckEqual(Replaced(sSource, sFind, sReplacement), sResult, "every place is replaced once");
+    Check(sSource.size() <= 32767, "positions are 16-bit");
+  } catch (const std::overflow_error&) {
+    Check(sSource.size() > 32767, "a short text does not overflow");
+  }
+}
+
+std::string Filled(std::string sText, const ArgumentArray& arguments) {
+  for (std::size_t i = 0; i < arguments.size(); ++i)
+    if (arguments[i].Text() && sText.size() <= 32767)
+      sText = Replaced(sText, "%" + std::string(1, static_cast<char>('0' + i)) + "%",
+                       *arguments[i].Text());
+  return sText;
+}
+
+void CheckResources(const std::string& sTemplate, const ArgumentArray& arguments) {
+  FuzzPlatform platform;
+  platform.libraries.texts[35008] = sTemplate;
+  const std::string sShown = sTemplate.substr(0, 1023);
+  if (!sShown.empty())
+    CheckEqual(Filled(sShown, arguments), FormatResourceString(35008, arguments),
+               "a string is filled as a template is");
+
+  // A string that does not exist, then one whose template does not exist either.
+  platform.libraries.texts[35008].clear();
+  CheckEqual("35000(35008|%1%|%2%|%3%)", LoadResourceString(35008), "a missing string is named");
+  platform.libraries.texts[35000].clear();
+  CheckEqual("Error: String Not Found", LoadResourceString(35008),
+             "and a missing template as well");
+}
+
+}  // namespace
+
+void Try(std::string_view sInput) {
+  Input input(sInput);
+  const std::string sTemplate = input.Line();
+  ArgumentArray arguments;
+  for (Argument& argument : arguments) {
+    if (input.Empty()) break;
+    if (const std::string sLine = input.Line(); sLine != "~") argument = Argument(sLine);
+  }
+  CheckEqual(Filled(sTemplate, arguments), SubstituteArguments(sTemplate, arguments),
+             "placeholders are filled in ascending order");
+  CheckEqual(sTemplate, SubstituteArguments(sTemplate, {}), "no argument, no change");
+  if (arguments[0].Text() && !arguments[0].Text()->empty())
+    CheckReplacement(sTemplate, *arguments[0].Text(), arguments[1].Text().value_or(""));
+  CheckResources(sTemplate, arguments);
+}
+
+}  // namespace trelin

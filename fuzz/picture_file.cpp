@@ -1,0 +1,44 @@
+// The input is a picture file.
+
+#include "platform/picture_file.h"
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+
+#include "fuzz/fuzz_platform.h"
+#include "fuzz/target.h"
+
+namespace trelin {
+
+namespace {
+
+std::string Read(std::string_view sInput) {
+  FuzzPlatform platform;
+  platform.system.file = {std::string(sInput), 1 + sInput.size() % 5000};
+  const auto file = platform.system.OpenInput("a picture");
+  return ReadPictureFile(*file);
+}
+
+// A bitmap is as long as it says at least.
+void CheckBitmap(const std::string& sBytes) {
+  if (sBytes.size() < 6) return;
+  std::size_t nLength = 0;
+  for (const std::size_t i : {5U, 4U, 3U, 2U})
+    nLength = nLength * 256 + static_cast<unsigned char>(sBytes[i]);
+  Check(nLength <= sBytes.size(), "a bitmap is not cut off");
+}
+
+}  // namespace
+
+void Try(std::string_view sInput) {
+  try {
+    const std::string sBytes = Read(sInput);
+    Check(sBytes == sInput, "the whole file is read");
+    if (FormatOfPicture(sBytes) == PictureFormat::Bmp) CheckBitmap(sBytes);
+  } catch (const std::runtime_error& error) {
+    Check(*error.what() != '\0', "there is a reason");
+  }
+}
+
+}  // namespace trelin
