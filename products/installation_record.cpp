@@ -27,8 +27,12 @@ CheckFile TestCheckFile(const std::string& sPath) {
 std::optional<InstallationRecord> ReadInstallationRecord(const std::string& sProductCode,
                                                          const std::string& sRevision) {
   RegEntry objReg;
-  if (!objReg.TestKey(InstallationLog)) return std::nullopt;
-  objReg.OpenKey(InstallationLog);
+  // Opened once, not tested before: an installer may remove the log in between.
+  try {
+    objReg.OpenKey(InstallationLog);
+  } catch (...) {
+    return std::nullopt;  // a log that does not open is none
+  }
 
   InstallationRecord record;
   record.sRevision = TrimSpaces(objReg.GetString(sProductCode));

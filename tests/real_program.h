@@ -39,16 +39,16 @@ class RealProgramWindow : public ::testing::Test {
     folder.Write("TRELIN.CFG", "BLOCK SETUPLIST\r\nBLOCK APPLICATION\r\nPRODUCT = A\r\nEND\r\nEND");
   }
 
-  // Runs the program, accepts the agreement if it comes, and closes the menu
-  // if it opens. Returns the titles of the windows and then the messages.
-  std::string Run() {
+  // Runs the program, accepts the agreement if it comes, and uses the menu if
+  // it opens. Returns the titles of the windows and then the messages.
+  std::string Run(const Driver::Script& useMenu = [] { Driver::Type(Key::Escape); }) {
     system.sMessages.clear();
     std::string sWindows;
     Driver::WhenWindowOpens([&] {
       sWindows += Driver::WindowTitle() + "\n";
       Driver::WhenWindowOpens([&] {
         sWindows += Driver::WindowTitle() + "\n";
-        Driver::Type(Key::Escape);
+        useMenu();
       });
       Driver::Type(Key::Enter);
     });

@@ -1,15 +1,29 @@
 #include <gtest/gtest.h>
+#include <sys/statvfs.h>
 
 #include <QApplication>
+#include <cstdlib>
 
 #include "platform/host/toolkit_setup.h"
+#include "tests/installer.h"
+
+// Temporary folders lie in memory where programs can run from there: thousands
+// of small files would wait for a disk that others use, too.
+static void UseFoldersInMemory() {
+  constexpr const char* Memory = "/dev/shm";
+  struct statvfs status {};
+  if (statvfs(Memory, &status) == 0 && (status.f_flag & (ST_RDONLY | ST_NOEXEC)) == 0)
+    setenv("TMPDIR", Memory, 0);
+}
 
 // Windows open on a screen in memory; set QT_QPA_PLATFORM to see them.
 int main(int argc, char** argv) {
+  if (trelin::ActAsInstaller(argc, argv)) return 0;
   testing::InitGoogleTest(&argc, argv);
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   trelin::ToolkitBeforeApplication();
   QApplication application(argc, argv);
   trelin::ToolkitAfterApplication(application);
+  UseFoldersInMemory();  // only now: Qt has its own there
   return RUN_ALL_TESTS();
 }
