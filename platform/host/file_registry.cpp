@@ -3,8 +3,10 @@
 #include <pwd.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <string_view>
+#include <thread>
 
 #include "platform/host/host_path.h"
 #include "platform/host/registry_file.h"
@@ -12,6 +14,9 @@
 namespace trelin {
 
 namespace {
+
+constexpr int MostTries = 20;
+constexpr std::chrono::milliseconds PauseBetweenTries{5};
 
 std::string Variable(const char* sName) {
   const char* sValue = std::getenv(sName);
@@ -43,17 +48,32 @@ void FileRegistry::Refresh() {
     throw PlatformError(*fault_);
 }
 
-void FileRegistry::Load() {
-  bSettled_ = false;
-  ++nReads_;
-  try {
+// Who does not put a whole new file in the place of the old one, as some
+// editors, leaves it damaged or missing for a moment: it is read again until
+// that has passed.
+std::unique_ptr<RegistryNode> FileRegistry::ReadTree() {
+  const bool bThere = stamp_.nInode != 0;
+  for (int nTry = 1;; ++nTry) {
+    bSettled_ = false;
+    ++nReads_;
     const RegistryStore::Content content = store_.Read();
     stamp_ = content.stamp;
     bWritable_ = content.bWritable;
     bSettled_ = stamp_.Settled();
     const bool bMissing = stamp_.nReason != 0;
-    memory_.ReplaceTree(bMissing ? RegistryNode::NewTree()
-                                 : ReadRegistryText(content.sBytes, ShownPath(store_.Path())));
+    if (bMissing && (!bThere || nTry == MostTries)) return RegistryNode::NewTree();
+    try {
+      if (!bMissing) return ReadRegistryText(content.sBytes, ShownPath(store_.Path()));
+    } catch (const PlatformError&) {
+      if (nTry == MostTries) throw;
+    }
+    std::this_thread::sleep_for(PauseBetweenTries);
+  }
+}
+
+void FileRegistry::Load() {
+  try {
+    memory_.ReplaceTree(ReadTree());
     fault_.reset();
   } catch (const PlatformError& error) {
     fault_ = error;

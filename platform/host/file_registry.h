@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -27,7 +28,9 @@ namespace trelin {
 // to everyone who opens them for writing.
 //
 // While the file cannot be read or is damaged, every operation except
-// CloseKey throws PlatformError, and the file is left alone.
+// CloseKey throws PlatformError, and the file is left alone. As somebody may be
+// in the middle of writing it, a file is read again for a tenth of a second
+// before it counts as damaged or as gone.
 class FileRegistry : public Registry {
  public:
   // sPath: a path of this system.
@@ -61,6 +64,7 @@ class FileRegistry : public Registry {
  private:
   void Refresh();
   void Load();
+  std::unique_ptr<RegistryNode> ReadTree();
   MemoryRegistry& Loaded();  // throws while the file is damaged
   std::int32_t Write(const std::function<std::int32_t()>& change);
 
