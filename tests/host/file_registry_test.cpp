@@ -10,8 +10,11 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <memory>
+#include <random>
+#include <set>
 #include <string>
 #include <thread>
 #include <vector>
@@ -45,20 +48,33 @@ std::string LogFile(const std::string& sValues) {
 // Longer than a tick of the clock that dates files.
 void Settle() { std::this_thread::sleep_for(std::chrono::milliseconds(30)); }
 
-// Runs the test's code in a process of its own, without a superuser's rights.
+// Runs the test's code in a process of its own.
+template <typename Code>
+pid_t Start(Code code) {
+  const pid_t nProcess = fork();
+  if (nProcess != 0) return nProcess;
+  code();
+  _exit(testing::Test::HasFailure() ? 1 : 0);
+}
+
+// Whether the process goes on; expects that it has not failed when it ends.
+bool Runs(pid_t nProcess) {
+  int nStatus = -1;
+  if (waitpid(nProcess, &nStatus, WNOHANG) == 0) return true;
+  EXPECT_EQ(0, nStatus);
+  return false;
+}
+
+// The same without a superuser's rights, to its end.
 template <typename Code>
 void AsOrdinaryUser(Code code) {
-  const pid_t nChild = fork();
-  if (nChild == 0) {
+  const pid_t nProcess = Start([&] {
     if (geteuid() != 0 || setresuid(65534, 65534, 65534) == 0)
       code();
     else
       ADD_FAILURE() << "the superuser's rights stay";
-    _exit(testing::Test::HasFailure() ? 1 : 0);
-  }
-  int nStatus = -1;
-  waitpid(nChild, &nStatus, 0);
-  EXPECT_EQ(0, nStatus);
+  });
+  while (Runs(nProcess)) Settle();
 }
 
 RegistryKey Open(FileRegistry& registry, std::uint32_t lAccess = RegistryReadWrite) {
@@ -142,20 +158,65 @@ TEST_F(FileRegistryTest, ReplacesTheFileBehindALink) {
 
 TEST_F(FileRegistryTest, WritersLoseNothingAndReadersSeeWholeFiles) {
   Write(LogFile(""));
-  std::vector<std::thread> writers;
+  std::vector<pid_t> writers;
   for (char cWriter = '1'; cWriter <= '8'; ++cWriter)
-    writers.emplace_back([this, cWriter] {
+    writers.push_back(Start([&] {
       FileRegistry registry(sPath_);
       const RegistryKey hKey = Open(registry);
-      for (char c = 'a'; c < 'k'; ++c)
+      for (char c = 'A'; c <= 'Z'; ++c)
         EXPECT_EQ(RegistrySuccess, Set(registry, hKey, {cWriter, c}, {c, cWriter}));
-    });
+    }));
+  std::set<std::size_t> sizes;
+  for (const pid_t nWriter : writers)
+    while (Runs(nWriter)) {
+      const std::size_t nSize = Content().size();
+      EXPECT_TRUE(sizes.empty() || nSize >= *sizes.rbegin()) << "not whole";
+      sizes.insert(nSize);
+    }
+  EXPECT_GE(sizes.size(), 10U) << "too few states seen to tell";
   FileRegistry registry(sPath_);
-  for (int i = 0; i < 200; ++i) EXPECT_NE(RegistryKey::None, Open(registry));
-  for (std::thread& writer : writers) writer.join();
   for (char cWriter = '1'; cWriter <= '8'; ++cWriter)
-    for (char c = 'a'; c < 'k'; ++c)
+    for (char c = 'A'; c <= 'Z'; ++c)
       EXPECT_EQ(std::string({c, cWriter}), Check(registry, {cWriter, c}));
+}
+
+// The moments of the kills are random, spread so that half of them come before
+// the new file has got its name, however fast the machine is.
+TEST_F(FileRegistryTest, AKilledWriterLeavesAWholeFileToTheNextOne) {
+  std::string sRest;  // makes the file long, so that writing it takes a while
+  for (int i = 0; i < 100; ++i)
+    sRest += "\"" + std::to_string(i) + "\"=\"" + std::string(4000, 'x') + "\"\n";
+  const auto file = [&](const std::string& s) { return LogFile("\"A\"=\"" + s + "\"\n" + sRest); };
+  const auto isTemporaryThere = [&] { return access((sPath_ + ".tmp").c_str(), F_OK) == 0; };
+  Write(file("0"));
+  FileRegistry registry(sPath_);
+  const RegistryKey hKey = Open(registry);
+  std::mt19937 random;
+  std::int64_t nLongest = 500'000;  // nanoseconds
+  int nWhileWriting = 0;
+  int nWritten = 0;
+  for (int i = 0; i < 1000; ++i) {
+    const pid_t nWriter = Start([&] { Set(registry, hKey, "A", "killed"); });
+    siginfo_t ended{};
+    while (!isTemporaryThere() && ended.si_pid == 0)
+      waitid(P_PID, static_cast<id_t>(nWriter), &ended, WEXITED | WNOHANG | WNOWAIT);
+    const auto end = std::chrono::steady_clock::now() +
+                     std::chrono::nanoseconds(std::uniform_int_distribution(0L, nLongest)(random));
+    while (std::chrono::steady_clock::now() < end) {
+    }
+    kill(nWriter, SIGKILL);
+    waitpid(nWriter, nullptr, 0);
+    const std::string sFound = Content();
+    const bool bWritten = sFound == file("killed");
+    ASSERT_TRUE(bWritten || sFound == file(std::to_string(i))) << "after " << i << " kills";
+    nWhileWriting += isTemporaryThere() ? 1 : 0;
+    nWritten += bWritten ? 1 : 0;
+    nLongest = bWritten ? nLongest * 9 / 10 : nLongest * 11 / 10 + 1000;
+    ASSERT_EQ(RegistrySuccess, Set(registry, hKey, "A", std::to_string(i + 1)));
+    ASSERT_FALSE(isTemporaryThere());
+  }
+  EXPECT_GE(nWhileWriting, 250);
+  EXPECT_GE(nWritten, 250);
 }
 
 TEST_F(FileRegistryTest, AFileThatMayNotBeWrittenRefusesWriters) {
