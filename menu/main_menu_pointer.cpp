@@ -1,4 +1,5 @@
 #include "menu/main_menu.h"
+#include "startup/error.h"
 
 namespace trelin {
 
@@ -60,9 +61,16 @@ void frmMainMenu::VScroll_Change() {
 
 void frmMainMenu::VScroll_Scroll() { VScroll_Change(); }
 
+// An installer that is at work may take the log away under a check, whose
+// product then stays as it was: the next tick looks again.
 void frmMainMenu::Timer1_Timer() {
-  objSetupList->ActiveItem()->CheckInstallation();
-  if (!objSetupList->ActiveItem()->Updated()) return;
+  const auto objItem = objSetupList->ActiveItem();
+  try {
+    objItem->CheckInstallation();
+  } catch (const Error&) {
+    return;
+  }
+  if (!objItem->Updated()) return;
   RefreshRows();
   Timer1.SetEnabled(false);
 }

@@ -27,12 +27,8 @@ CheckFile TestCheckFile(const std::string& sPath) {
 std::optional<InstallationRecord> ReadInstallationRecord(const std::string& sProductCode,
                                                          const std::string& sRevision) {
   RegEntry objReg;
-  // Opened once, not tested before: an installer may remove the log in between.
-  try {
-    objReg.OpenKey(InstallationLog);
-  } catch (...) {
-    return std::nullopt;  // a log that does not open is none
-  }
+  if (!objReg.TestKey(InstallationLog)) return std::nullopt;
+  objReg.OpenKey(InstallationLog);
 
   InstallationRecord record;
   record.sRevision = TrimSpaces(objReg.GetString(sProductCode));

@@ -24,7 +24,8 @@ struct InstallationRecord {
 
 // Reads the record of sProductCode (empty: the unnamed value) afresh and
 // compares its revision with sRevision. Nothing when there is no log, or none
-// that may be read and written. An installer may be at work meanwhile.
+// that may be read and written. Throws error 5001 when the log vanishes
+// while it is being read.
 std::optional<InstallationRecord> ReadInstallationRecord(const std::string& sProductCode,
                                                          const std::string& sRevision);
 

@@ -140,10 +140,12 @@ const std::vector<Outcome> outcomes = {
     {"OpenKey SOFTWARE\\Korvanta\\InstallLog", {8}, "RBM", &Story::sTick1, "35015"},
     {"OpenKey SOFTWARE\\Korvanta\\InstallLog", {10}, "RBM", &Story::sTick2, "35015"},
     {"OpenKey SOFTWARE\\Korvanta\\InstallLog",
-     {1, 3, 5, 7, 9, 11},
+     {1, 3, 5, 7},
      "R",
      nullptr,
      "RegEntry.OpenInternal 16: 35001(SOFTWARE\\Korvanta\\InstallLog)"},
+    {"OpenKey SOFTWARE\\Korvanta\\InstallLog", {9}, "R"},  // the next tick looks again
+    {"OpenKey SOFTWARE\\Korvanta\\InstallLog", {11}, "R", &Story::sTick2, "35016"},
     {"QueryValue P1", {}, "R", &Story::sStatus1, "35015"},
     {"QueryValue P2", {0}, "R", &Story::sStatus2, "35015"},
     {"QueryValue P2", {1}, "R", &Story::sTick1, "35015"},
