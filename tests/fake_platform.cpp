@@ -94,6 +94,35 @@ std::int32_t FakeRegistry::SetValue(RegistryKey hKey, const std::string& sName, 
   return MemoryRegistry::SetValue(hKey, sName, lType, pData, lSize);
 }
 
+std::int32_t FakeRegistry::DeleteValue(RegistryKey hKey, const std::string& sName) {
+  if (faults_.Fails("DeleteValue", sName, "RBM")) return RegistryAccessDenied;
+  return MemoryRegistry::DeleteValue(hKey, sName);
+}
+
+std::int32_t FakeRegistry::EnumKey(RegistryKey hKey, std::uint32_t lIndex, char* pName,
+                                   std::uint32_t lSize) {
+  if (faults_.Fails("EnumKey", std::to_string(lIndex), "RBM")) return RegistryMoreData;
+  return MemoryRegistry::EnumKey(hKey, lIndex, pName, lSize);
+}
+
+std::int32_t FakeRegistry::EnumValue(RegistryKey hKey, std::uint32_t lIndex, char* pName,
+                                     std::uint32_t& lNameSize, char* pData,
+                                     std::uint32_t& lDataSize) {
+  if (faults_.Fails("EnumValue", std::to_string(lIndex), "RBM")) return RegistryMoreData;
+  return MemoryRegistry::EnumValue(hKey, lIndex, pName, lNameSize, pData, lDataSize);
+}
+
+std::int32_t FakeRegistry::DeleteKey(RegistryKey hParent, const std::string& sName) {
+  if (faults_.Fails("DeleteKey", sName, "RBM")) return RegistryAccessDenied;
+  return MemoryRegistry::DeleteKey(hParent, sName);
+}
+
+std::int32_t FakeRegistry::QueryDefault(RegistryKey hKey, const std::string& sName, char* pData,
+                                        std::int32_t& lSize) {
+  if (faults_.Fails("QueryDefault", sName, "RBM")) return RegistryMoreData;
+  return MemoryRegistry::QueryDefault(hKey, sName, pData, lSize);
+}
+
 LibraryHandle FakeLibraries::Load(const std::string& sPath) {
   loads.push_back(sPath);
   const bool bFails = faults_.Fails("Load", sPath, "RM");

@@ -13,7 +13,6 @@
 
 namespace trelin {
 
-// Of the operations that nothing but the accessor's own tests calls none fails.
 class FakeRegistry : public MemoryRegistry {
  public:
   explicit FakeRegistry(Faults& faults) : faults_(faults) {}
@@ -27,6 +26,14 @@ class FakeRegistry : public MemoryRegistry {
                           std::uint32_t& lSize) override;
   std::int32_t SetValue(RegistryKey hKey, const std::string& sName, std::uint32_t lType,
                         const char* pData, std::uint32_t lSize) override;
+  std::int32_t DeleteValue(RegistryKey hKey, const std::string& sName) override;
+  std::int32_t EnumKey(RegistryKey hKey, std::uint32_t lIndex, char* pName,
+                       std::uint32_t lSize) override;
+  std::int32_t EnumValue(RegistryKey hKey, std::uint32_t lIndex, char* pName,
+                         std::uint32_t& lNameSize, char* pData, std::uint32_t& lDataSize) override;
+  std::int32_t DeleteKey(RegistryKey hParent, const std::string& sName) override;
+  std::int32_t QueryDefault(RegistryKey hKey, const std::string& sName, char* pData,
+                            std::int32_t& lSize) override;
 
  private:
   Faults& faults_;

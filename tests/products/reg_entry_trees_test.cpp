@@ -209,6 +209,41 @@ TEST_F(RefusedTrees, ErrorsNameTheSubkeyAndLeaveNoHandle) {
   EXPECT_EQ(target->FindValue("number")->lType, RegistryTypeText);
 }
 
+// Every call of the registry fails once, in each of its ways.
+TEST_F(RefusedTrees, NoFaultLeavesAHandleOrGetsOutOfAList) {
+  for (const char cKind : {Faults::Result, Faults::Broken, Faults::NoMemory})
+    for (std::size_t nCalls = 1, n = 1; n <= nCalls; ++n) {
+      SCOPED_TRACE(std::string(1, cKind) + std::to_string(n));
+      faults = {};
+      for (const char* sPath : {"\\Source\\A", "\\Source\\B\\C", "\\Gone\\A\\B", "\\Gone\\C"})
+        registry.SetText(sRoot + sPath, "v", "1");
+      registry.SetText("HKEY_CLASSES_ROOT\\Prog\\Clsid", "", "Class");
+      registry.SetText("HKEY_CLASSES_ROOT\\CLSID\\Class\\TypeLib", "", "Library");
+      registry.SetText("HKEY_CLASSES_ROOT\\TypeLib\\Library\\Sub", "", "v");
+      faults.nFailing = n;
+      faults.cKind = cKind;
+      Texts keys;
+      RegEntry::ValueArray values;
+      RegEntry objSource;
+      const std::function<void()> operations[] = {[&] { objSource.OpenKey("Source"); },
+                                                  [&] { objSource.Copy("Target\\New"); },
+                                                  [&] { objReg.DeleteKey("Gone"); }};
+      for (const auto& operation : operations) {
+        const std::size_t nBefore = faults.calls.size();
+        try {
+          operation();
+        } catch (...) {
+          EXPECT_TRUE(nBefore < n && n <= faults.calls.size()) << "nothing failed in it";
+        }
+      }
+      EXPECT_NO_THROW(objSource.Query(keys));
+      EXPECT_NO_THROW(objSource.QueryValues(values));
+      EXPECT_NO_THROW(RegEntry::RemoveProgID("Prog"));
+      nCalls = faults.calls.size();
+      EXPECT_EQ(registry.OpenHandles(), n == 1 ? 1U : 2U);
+    }
+}
+
 // Names without a NUL, and lists without an end or with a fault in them.
 class StrangeRegistry : public MemoryRegistry {
  public:
