@@ -48,9 +48,13 @@ std::string Trimmed(const std::string& sText) {
 }
 
 void CheckResolving(const std::string& sLine, const Disk& disk) {
-  const CommandLine command =
-      ResolveCommandLine(sLine, {[&](const std::string& s) { return disk.files.contains(s); },
-                                 [&](const std::string& s) { return disk.folders.contains(s); }});
+  const auto isIn = [](const std::set<std::string>& paths) {
+    return [&paths](const std::string& sPath) {
+      Check(sPath.size() <= 32767, "no path is asked about that is longer than paths can be");
+      return paths.contains(sPath);
+    };
+  };
+  const CommandLine command = ResolveCommandLine(sLine, {isIn(disk.files), isIn(disk.folders)});
   const std::string sText = sLine.substr(std::min(sLine.find_first_not_of(' '), sLine.size()));
   if (!sText.starts_with('"')) {
     Check(!command.bQuoted, "what stands in no quotes is not quoted");

@@ -17,7 +17,7 @@ std::string Input::Line() {
   sRest_.remove_prefix(std::min(nEnd + 1, sRest_.size()));
   if (!sLine.starts_with('*')) return std::string(sLine);
   std::string sRepeated;
-  for (int i = 0; i < 1000; ++i) sRepeated += sLine.substr(1);
+  while (sLine.size() > 1 && sRepeated.size() < 40'000) sRepeated += sLine.substr(1);
   return sRepeated;
 }
 

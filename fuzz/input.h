@@ -19,7 +19,8 @@ class Input {
   bool Flag() { return Below(2) == 1; }
 
   // The bytes up to the next line feed. A line that begins with "*" stands for
-  // what follows, a thousand times.
+  // a text of 40,000 characters, more than 16 bits can number, in which what
+  // follows repeats.
   std::string Line();
 
  private:

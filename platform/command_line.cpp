@@ -9,11 +9,15 @@ namespace {
 
 const char* const Blanks = " \t";
 
+// Of any system. What is longer is not looked for: the time for a text of very
+// many words or folders would grow with its square.
+constexpr std::size_t LongestPath = 32767;
+
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 
 // The length of the longest leading part of sText that is a folder.
 std::size_t FolderEnd(const std::string& sText, const PathTests& path) {
-  std::size_t nEnd = sText.find_last_of("\\/");
+  std::size_t nEnd = sText.find_last_of("\\/", LongestPath);
   while (nEnd != std::string::npos && nEnd > 0 && !path.isFolder(sText.substr(0, nEnd)))
     nEnd = sText.find_last_of("\\/", nEnd - 1);
   return nEnd == std::string::npos ? 0 : nEnd;
@@ -23,8 +27,8 @@ std::size_t FolderEnd(const std::string& sText, const PathTests& path) {
 std::size_t UnquotedProgramEnd(const std::string& sText, const PathTests& path) {
   const std::size_t nFolder = FolderEnd(sText, path);
   for (std::size_t nEnd = sText.size(); nEnd > nFolder;) {
-    if (path.isFile(sText.substr(0, nEnd))) return nEnd;
-    const std::size_t nSpace = sText.rfind(' ', nEnd - 1);
+    if (nEnd <= LongestPath && path.isFile(sText.substr(0, nEnd))) return nEnd;
+    const std::size_t nSpace = sText.rfind(' ', std::min(nEnd - 1, LongestPath));
     if (nSpace == std::string::npos) break;
     nEnd = sText.find_last_not_of(' ', nSpace) + 1;
   }

@@ -32,6 +32,8 @@ struct PathTests {
 // longest leading part, ending at a space or at the end, that is a file and
 // does not end within the name of a folder that is there: a program that stands
 // higher in the tree is not meant. When there is none, it is all of the text.
+// A part of more than 32,767 characters, the longest path of any system, counts
+// as neither file nor folder and is not asked about.
 CommandLine ResolveCommandLine(const std::string& sCommandLine, const PathTests& path);
 
 // What stands on a process's own command line behind the name that the

@@ -32,6 +32,14 @@ TEST(CommandLineTest, TakesCommandLinesApart) {
   }
 }
 
+TEST(CommandLineTest, AsksAboutNoPathThatIsLongerThanPathsCanBe) {
+  std::string sText;
+  while (sText.size() < 100'000) sText += "ab\\c ";
+  const PathTests path = {[](const std::string& s) { return s.size() > 32760; },
+                          [](const std::string& s) { return s.size() > 32767; }};
+  EXPECT_EQ(ResolveCommandLine(sText, path).sProgram, sText.substr(0, 32764));
+}
+
 TEST(CommandLineTest, LeavesTheTextBehindTheProgramAsItIs) {
   const std::pair<const char*, const char*> cases[] = {
       {"", ""},
