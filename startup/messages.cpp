@@ -1,11 +1,25 @@
 #include "startup/messages.h"
 
+#include <cstddef>
 #include <limits>
 #include <stdexcept>
+#include <string_view>
 
 #include "startup/string_resources.h"
 
 namespace trelin {
+
+namespace {
+
+// Throws before there is a giant text: ten thousand placeholders and a long
+// argument need a few kilobytes in a setup list.
+void Append(std::string& sResult, std::string_view sPart) {
+  if (sResult.size() + sPart.size() > LongestMessage)
+    throw std::length_error("A message is longer than 16 megabytes.");
+  sResult += sPart;
+}
+
+}  // namespace
 
 std::string ReplaceText(const std::string& sSource, const std::string& sFind,
                         const std::string& sReplacement) {
@@ -13,13 +27,14 @@ std::string ReplaceText(const std::string& sSource, const std::string& sFind,
     throw std::overflow_error("A message is longer than 32767 characters.");
 
   std::string sResult;
-  std::size_t nPosition = 0;
-  for (;;) {
-    const std::size_t nFound = sSource.find(sFind, nPosition);
-    if (nFound == std::string::npos) return sResult.append(sSource, nPosition);
-    sResult.append(sSource, nPosition, nFound - nPosition).append(sReplacement);
-    nPosition = nFound + sFind.size();
+  std::string_view sRest = sSource;
+  for (std::size_t nFound = 0; (nFound = sRest.find(sFind)) != std::string_view::npos;) {
+    Append(sResult, sRest.substr(0, nFound));
+    Append(sResult, sReplacement);
+    sRest.remove_prefix(nFound + sFind.size());
   }
+  Append(sResult, sRest);
+  return sResult;
 }
 
 std::string SubstituteArguments(const std::string& sTemplate, const ArgumentArray& arguments) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -27,9 +28,12 @@ class Argument {
 
 using ArgumentArray = std::array<Argument, 10>;
 
+constexpr std::size_t LongestMessage = std::size_t{16} * 1024 * 1024;
+
 // The text of sSource with every sFind (not empty, compared exactly) replaced.
 // Inserted text is not searched again. Throws std::overflow_error when
-// sSource is longer than 32,767 characters, for positions are 16-bit.
+// sSource is longer than 32,767 characters, for positions are 16-bit, and
+// std::length_error when the result would be longer than LongestMessage.
 std::string ReplaceText(const std::string& sSource, const std::string& sFind,
                         const std::string& sReplacement);
 

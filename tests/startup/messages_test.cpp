@@ -50,6 +50,12 @@ TEST(Messages, TextsBeyond16BitsOverflowAndKeepTheirPlaceholders) {
 
   // The first argument makes the text too long for the second.
   EXPECT_EQ(SubstituteArguments("%0% %1%", {sLongest, "b"}), sLongest + " %1%");
+
+  // A gigabyte would come of it.
+  std::string sPlaceholders;
+  while (sPlaceholders.size() < sLongest.size()) sPlaceholders += "%0%";
+  sPlaceholders.resize(sLongest.size());
+  EXPECT_EQ(SubstituteArguments(sPlaceholders, {std::string(100'000, 'x')}), sPlaceholders);
 }
 
 TEST_F(ProgramTest, AMessageIsEmptyBeforeLookupsAreEnabledAndFilledAfterwards) {
