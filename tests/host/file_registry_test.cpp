@@ -180,8 +180,8 @@ TEST_F(FileRegistryTest, WritersLoseNothingAndReadersSeeWholeFiles) {
       EXPECT_EQ(std::string({c, cWriter}), Check(registry, {cWriter, c}));
 }
 
-// The moments of the kills are random, spread so that half of them come before
-// the new file has got its name, however fast the machine is.
+// The moments of the kills are random, spread so that many come before the new
+// file has got its name and many after it, however fast the machine is.
 TEST_F(FileRegistryTest, AKilledWriterLeavesAWholeFileToTheNextOne) {
   std::string sRest;  // makes the file long, so that writing it takes a while
   for (int i = 0; i < 100; ++i)
@@ -215,8 +215,8 @@ TEST_F(FileRegistryTest, AKilledWriterLeavesAWholeFileToTheNextOne) {
     ASSERT_EQ(RegistrySuccess, Set(registry, hKey, "A", std::to_string(i + 1)));
     ASSERT_FALSE(isTemporaryThere());
   }
-  EXPECT_GE(nWhileWriting, 100);
-  EXPECT_GE(nWritten, 100);
+  EXPECT_GE(nWhileWriting, 10);  // some 400 of each when nothing else runs
+  EXPECT_GE(nWritten, 10);
 }
 
 TEST_F(FileRegistryTest, AFileThatMayNotBeWrittenRefusesWriters) {
