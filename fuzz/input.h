@@ -18,9 +18,9 @@ class Input {
   std::size_t Below(std::size_t nCount);
   bool Flag() { return Below(2) == 1; }
 
-  // The bytes up to the next line feed. A line that begins with "*" stands for
-  // a text of 40,000 characters, more than 16 bits can number, in which what
-  // follows repeats.
+  // The bytes up to the next line feed. In a line of "*", a byte and a text, the
+  // text repeats until it has 200 times as many characters as the byte says: up
+  // to 51,000, more than 16 bits can number.
   std::string Line();
 
  private:
