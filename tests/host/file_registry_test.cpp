@@ -158,13 +158,15 @@ TEST_F(FileRegistryTest, ReplacesTheFileBehindALink) {
 
 TEST_F(FileRegistryTest, WritersLoseNothingAndReadersSeeWholeFiles) {
   Write(LogFile(""));
+  std::vector<std::string> names;
+  for (int n = 0; n < 250; ++n) names.push_back("v" + std::to_string(n));
   std::vector<pid_t> writers;
   for (char cWriter = '1'; cWriter <= '8'; ++cWriter)
     writers.push_back(Start([&] {
       FileRegistry registry(sPath_);
       const RegistryKey hKey = Open(registry);
-      for (char c = 'A'; c <= 'Z'; ++c)
-        EXPECT_EQ(RegistrySuccess, Set(registry, hKey, {cWriter, c}, {c, cWriter}));
+      for (const std::string& sName : names)
+        EXPECT_EQ(RegistrySuccess, Set(registry, hKey, cWriter + sName, sName + cWriter));
     }));
   std::set<std::size_t> sizes;
   for (const pid_t nWriter : writers)
@@ -176,8 +178,8 @@ TEST_F(FileRegistryTest, WritersLoseNothingAndReadersSeeWholeFiles) {
   EXPECT_GE(sizes.size(), 3U) << "nothing seen between beginning and end";
   FileRegistry registry(sPath_);
   for (char cWriter = '1'; cWriter <= '8'; ++cWriter)
-    for (char c = 'A'; c <= 'Z'; ++c)
-      EXPECT_EQ(std::string({c, cWriter}), Check(registry, {cWriter, c}));
+    for (const std::string& sName : names)
+      EXPECT_EQ(sName + cWriter, Check(registry, cWriter + sName));
 }
 
 // The moments of the kills are random, spread so that many come before the new
