@@ -6,6 +6,7 @@
 #include <iostream>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "demo/write_file.h"
 #include "platform/entry.h"
@@ -37,7 +38,7 @@ std::string UpperCase(std::string sText) {
   return sText;
 }
 
-void SetProperty(Product& product, const std::string& sKey, const std::string& sValue) {
+void SetProperty(Product& product, std::string_view sKey, std::string_view sValue) {
   if (sKey == "PRODUCT") product.Title = sValue;
   if (sKey == "PRODUCTCODE") product.Code = sValue;
   if (sKey == "REVISION") product.Revision = sValue;

@@ -67,7 +67,7 @@ std::int32_t FuzzLibraries::LoadText(LibraryHandle hLibrary, std::int32_t lId, c
   return static_cast<std::int32_t>(nCount);
 }
 
-void FuzzSystem::MakeUpperCase(std::string& sText) { sText = UpperCase1252(sText); }
+void FuzzSystem::MakeUpperCase(std::span<char> text) { MakeUpperCase1252(text); }
 
 std::unique_ptr<InputFile> FuzzSystem::OpenInput(const std::string&) {
   return std::make_unique<FuzzInput>(file, nOpenFiles);

@@ -34,7 +34,7 @@ class FuzzSystem : public System {
  public:
   std::string ProgramFolder() override { return "C:\\Suite"; }
   std::string CommandLineText() override { return ""; }
-  void MakeUpperCase(std::string& sText) override;
+  void MakeUpperCase(std::span<char> text) override;
   std::unique_ptr<InputFile> OpenInput(const std::string& sPath) override;
   std::unique_ptr<FileSearch> Search(const std::string& sPath) override;
   void Beep() override { ++nBeeps; }

@@ -94,8 +94,12 @@ char UpperCase1252(char c) { return UpperTable[static_cast<unsigned char>(c)]; }
 
 std::string UpperCase1252(std::string_view sText) {
   std::string sUpper(sText);
-  for (char& c : sUpper) c = UpperCase1252(c);
+  MakeUpperCase1252(sUpper);
   return sUpper;
+}
+
+void MakeUpperCase1252(std::span<char> text) {
+  for (char& c : text) c = UpperCase1252(c);
 }
 
 char32_t CodePoint1252(char c) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,7 @@ namespace trelin {
 
 char UpperCase1252(char c);
 std::string UpperCase1252(std::string_view sText);
+void MakeUpperCase1252(std::span<char> text);
 
 std::string ToUtf8(std::string_view sText1252);
 std::string FromUtf8(std::string_view sUtf8);  // bytes that are no UTF-8: one "?" each

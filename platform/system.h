@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 
 namespace trelin {
@@ -46,8 +47,9 @@ class System {
   // What stands on the command line after the program's own name, as it is.
   virtual std::string CommandLineText() = 0;
 
-  // Turns sText into upper case by the rules of the ANSI code page.
-  virtual void MakeUpperCase(std::string& sText) = 0;
+  // Turns the text into upper case, where it lies, by the rules of the ANSI
+  // code page.
+  virtual void MakeUpperCase(std::span<char> text) = 0;
 
   // Opens sPath for reading. Throws PlatformError when it does not open.
   virtual std::unique_ptr<InputFile> OpenInput(const std::string& sPath) = 0;

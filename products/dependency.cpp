@@ -24,7 +24,7 @@ void Dependency::LoadFromFile(BlockParser& objParser) {
   }
 }
 
-void Dependency::ProcessKeyValue(const std::string& sKey, const std::string& sValue) {
+void Dependency::ProcessKeyValue(std::string_view sKey, std::string_view sValue) {
   if (sKey == "PRODUCTCODE")
     sProductCode_ = sValue;
   else if (sKey == "REVISION")

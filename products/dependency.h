@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "setuplist/block_parser.h"
 
@@ -31,7 +32,7 @@ class Dependency {
   void ClearError() { sLastError_.clear(); }
 
  private:
-  void ProcessKeyValue(const std::string& sKey, const std::string& sValue);
+  void ProcessKeyValue(std::string_view sKey, std::string_view sValue);
 
   std::string sProductCode_;
   std::string sRevision_;

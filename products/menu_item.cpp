@@ -60,7 +60,7 @@ void MenuItem::LoadFromFile(BlockParser& objParser) {
   }
 }
 
-void MenuItem::ProcessKeyValue(const std::string& sKey, const std::string& sValue) {
+void MenuItem::ProcessKeyValue(std::string_view sKey, std::string_view sValue) {
   if (sKey == "PRODUCT")
     sTitle_ = sValue;
   else if (sKey == "PRODUCTCODE")

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "products/dependency.h"
 #include "setuplist/item_collection.h"
@@ -62,7 +63,7 @@ class MenuItem {
   bool Updated() const { return bUpdated_; }
 
  private:
-  void ProcessKeyValue(const std::string& sKey, const std::string& sValue);
+  void ProcessKeyValue(std::string_view sKey, std::string_view sValue);
 
   std::unique_ptr<DependencyCollection> objDependencies_;
   std::string sTitle_;

@@ -1,10 +1,9 @@
 #include "setuplist/block_parser.h"
 
 #include <algorithm>
-#include <cstring>
+#include <cstddef>
 #include <limits>
 #include <stdexcept>
-#include <string_view>
 #include <utility>
 
 #include "platform/platform.h"
@@ -16,138 +15,136 @@ namespace trelin {
 
 namespace {
 
-constexpr std::size_t BufferBytes = 65536;
+constexpr std::string_view BlockKeyword = "BLOCK";
+constexpr std::string_view EndKeyword = "END";
+constexpr std::size_t LastPosition = std::numeric_limits<std::int16_t>::max();
 
-std::string UpperCase(std::string_view sText) {
-  std::string sUpper(sText);
-  TheSystem().MakeUpperCase(sUpper);
-  return sUpper;
+std::string_view View(std::span<char> text) { return {text.data(), text.size()}; }
+
+std::span<char> Trim(std::span<char> text) {
+  while (!text.empty() && text.front() == ' ') text = text.subspan(1);
+  while (!text.empty() && text.back() == ' ') text = text.first(text.size() - 1);
+  return text;
 }
 
-bool IsKeyword(std::string_view sWord, std::string_view sKeyword) {
-  return sWord.size() == sKeyword.size() && UpperCase(sWord) == sKeyword;
+std::string_view UpperCase(std::span<char> text) {
+  TheSystem().MakeUpperCase(text);
+  return View(text);
 }
 
-// The end of the line that begins at pBegin: its CR or LF, or pEnd.
-const char* FindLineEnd(const char* pBegin, const char* pEnd) {
-  const auto find = [pBegin](char c, const char* pLimit) {
-    const void* pFound = std::memchr(pBegin, c, static_cast<std::size_t>(pLimit - pBegin));
-    return pFound != nullptr ? static_cast<const char*>(pFound) : pLimit;
-  };
-  return find('\r', find('\n', pEnd));
+// Whether the first word of the line is that keyword.
+bool StartsWithWord(std::span<char> line, std::string_view sKeyword) {
+  const std::size_t nLength = sKeyword.size();
+  if (line.size() < nLength || (line.size() > nLength && line[nLength] != ' ')) return false;
+  std::string sWord(line.data(), nLength);
+  return UpperCase(sWord) == sKeyword;
 }
 
 // Gives nIndex (from 0; npos for none) of line lLine back when it fits into
 // 16 bits, counted from 1.
 std::size_t CheckPosition(std::size_t nIndex, std::int32_t lLine) {
-  if (nIndex != std::string::npos && nIndex >= std::numeric_limits<std::int16_t>::max())
+  if (nIndex != std::string::npos && nIndex >= LastPosition)
     throw std::overflow_error("Line " + std::to_string(lLine) +
                               " of the setup list is too long: a tab, an \"=\" or a space between "
                               "words stands beyond its first 32767 characters.");
   return nIndex;
 }
 
+// A line that is short enough need not be searched for it.
+void CheckFirstSpace(std::span<char> line, std::int32_t lLine) {
+  if (line.size() >= LastPosition) CheckPosition(View(line).find(' '), lLine);
+}
+
 // The word before the first space, and what follows that space, trimmed.
-std::pair<std::string_view, std::string_view> SplitWord(std::string_view sText,
-                                                        std::int32_t lLine) {
-  const std::size_t nSpace = CheckPosition(sText.find(' '), lLine);
-  if (nSpace == std::string_view::npos) return {sText, {}};
-  return {sText.substr(0, nSpace), TrimSpaces(sText.substr(nSpace))};
+std::pair<std::span<char>, std::span<char>> SplitWord(std::span<char> text, std::int32_t lLine) {
+  const std::size_t nSpace = CheckPosition(View(text).find(' '), lLine);
+  if (nSpace == std::string_view::npos) return {text, {}};
+  return {text.first(nSpace), Trim(text.subspan(nSpace))};
 }
 
 }  // namespace
 
 void BlockParser::OpenFile(const std::string& sFile, bool bWrite) {
   if (bWrite) throw Error(5000, "BlockParser.Open", "Not implemented at this time");
-  CloseFile();
-  file_ = TheSystem().OpenInput(sFile);
+  lines_.Open(sFile);
   lCurrentLine_ = 0;
 }
 
-void BlockParser::CloseFile() {
-  file_.reset();
-  nNext_ = nEnd_ = 0;
-  bCarriageReturn_ = false;
-}
+void BlockParser::CloseFile() { lines_.Close(); }
 
 std::int16_t BlockParser::GetToken() {
-  while (!AtEnd()) {
-    ReadLine();
-    const std::string sLine(TrimSpaces(ExpandTabs(sLine_)));
-    ++lCurrentLine_;
-    if (!sLine.empty() && sLine.front() != ';') return Classify(sLine);
-  }
+  do {
+    for (std::span<char> line; lines_.NextLine(line);) {
+      if (lines_.HasTabs()) ExpandTabsOf(line);
+      line = Trim(line);
+      ++lCurrentLine_;
+      if (!line.empty() && line.front() != ';') return Classify(line);
+    }
+    KeepProperties();
+  } while (lines_.ReadOn());
   return TokenEndFile();
 }
 
-std::int16_t BlockParser::Classify(const std::string& sLine) {
-  if (ParseBlock(sLine)) return TokenStartBlock();
-  if (ParseEnd(sLine)) return TokenEndBlock();
-  if (ParseKeyValue(sLine)) return TokenKeyValue();
+std::int16_t BlockParser::Classify(std::span<char> line) {
+  if (ReadBlock(line)) return TokenStartBlock();
+  if (ReadEnd(line)) return TokenEndBlock();
+  if (ReadKeyValue(line)) return TokenKeyValue();
   throw Error(5000, "BlockParse.GetToken", FormatResourceString(35008, lCurrentLine_));
 }
 
-bool BlockParser::ParseBlock(const std::string& sLine) {
-  const auto [sFirst, sRest] = SplitWord(sLine, lCurrentLine_);
-  if (!IsKeyword(sFirst, "BLOCK")) return false;
-  const auto [sType, sRemainder] = SplitWord(sRest, lCurrentLine_);
-  const auto [sName, sIgnored] = SplitWord(sRemainder, lCurrentLine_);
-  sBlockType_ = UpperCase(sType);
-  sBlockName_ = sName;
+bool BlockParser::ReadBlock(std::span<char> line) {
+  CheckFirstSpace(line, lCurrentLine_);
+  if (!StartsWithWord(line, BlockKeyword)) return false;
+  const auto [type, remainder] = SplitWord(Trim(line.subspan(BlockKeyword.size())), lCurrentLine_);
+  const auto [name, ignored] = SplitWord(remainder, lCurrentLine_);
+  BlockType_.sText = UpperCase(type);
+  BlockName_.sText = View(name);
   return true;
 }
 
-bool BlockParser::ParseEnd(const std::string& sLine) const {
-  return IsKeyword(SplitWord(sLine, lCurrentLine_).first, "END");
+bool BlockParser::ReadEnd(std::span<char> line) const {
+  CheckFirstSpace(line, lCurrentLine_);
+  return StartsWithWord(line, EndKeyword);
 }
 
-bool BlockParser::ParseKeyValue(const std::string& sLine) {
-  const std::size_t nEquals = CheckPosition(sLine.find('='), lCurrentLine_);
-  if (nEquals == std::string::npos) return false;
-  const std::string_view sText = sLine;
-  sKey_ = UpperCase(TrimSpaces(sText.substr(0, nEquals)));
-  sValue_ = TrimSpaces(sText.substr(nEquals + 1));
+bool BlockParser::ReadKeyValue(std::span<char> line) {
+  const std::size_t nEquals = CheckPosition(View(line).find('='), lCurrentLine_);
+  if (nEquals == std::string_view::npos) return false;
+  Key_.sText = UpperCase(Trim(line.first(nEquals)));
+  Value_.sText = View(Trim(line.subspan(nEquals + 1)));
   return true;
 }
 
 // Called for the line behind the current one, which counts only afterwards.
+void BlockParser::ExpandTabsOf(std::span<char> line) const {
+  CheckPosition(View(line).rfind('\t'), lCurrentLine_ + 1);
+  std::replace(line.begin(), line.end(), '\t', ' ');
+}
+
 std::string BlockParser::ExpandTabs(const std::string& sSource) const {
-  CheckPosition(sSource.rfind('\t'), lCurrentLine_ + 1);
   std::string sExpanded = sSource;
-  std::replace(sExpanded.begin(), sExpanded.end(), '\t', ' ');
+  ExpandTabsOf(sExpanded);
   return sExpanded;
 }
 
-bool BlockParser::AtEnd() {
-  if (!file_) return true;
-  for (;;) {
-    if (nNext_ == nEnd_) {
-      buffer_.resize(BufferBytes);
-      nNext_ = 0;
-      nEnd_ = file_->Read(buffer_.data(), buffer_.size());
-      if (nEnd_ == 0) return true;
-    }
-    if (!std::exchange(bCarriageReturn_, false) || buffer_[nNext_] != '\n') return false;
-    ++nNext_;
-  }
+bool BlockParser::ParseBlock(const std::string& sLine) { return ReadBlock(OwnLine(sLine)); }
+
+bool BlockParser::ParseEnd(const std::string& sLine) const {
+  std::string sCopy = sLine;
+  return ReadEnd(sCopy);
 }
 
-// Reads the next line, without its end, into sLine_. To be called when AtEnd
-// has just returned false.
-void BlockParser::ReadLine() {
-  sLine_.clear();
-  do {
-    const char* pBegin = buffer_.data() + nNext_;
-    const char* pLimit = buffer_.data() + nEnd_;
-    const char* pEnd = FindLineEnd(pBegin, pLimit);
-    sLine_.append(pBegin, pEnd);
-    nNext_ = static_cast<std::size_t>(pEnd - buffer_.data());
-    if (pEnd != pLimit) {
-      bCarriageReturn_ = *pEnd == '\r';
-      ++nNext_;
-      return;
-    }
-  } while (!AtEnd());
+bool BlockParser::ParseKeyValue(const std::string& sLine) { return ReadKeyValue(OwnLine(sLine)); }
+
+// The properties may lie in the line that was there before.
+std::span<char> BlockParser::OwnLine(const std::string& sLine) {
+  KeepProperties();
+  sOwnLine_ = sLine;
+  return sOwnLine_;
+}
+
+void BlockParser::KeepProperties() {
+  for (Property* property : {&Key_, &Value_, &BlockType_, &BlockName_}) property->Keep();
 }
 
 }  // namespace trelin

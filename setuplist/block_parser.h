@@ -1,11 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
+#include <span>
 #include <string>
-#include <vector>
+#include <string_view>
 
-#include "platform/system.h"
+#include "setuplist/line_reader.h"
 
 namespace trelin {
 
@@ -27,17 +27,22 @@ namespace trelin {
 // words beyond position 32,767 throws std::overflow_error.
 class BlockParser {
  public:
+  BlockParser() = default;
+  BlockParser(const BlockParser&) = delete;
+  BlockParser& operator=(const BlockParser&) = delete;
+
   // The tokens.
   static constexpr std::int16_t TokenStartBlock() { return 0; }
   static constexpr std::int16_t TokenEndBlock() { return 1; }
   static constexpr std::int16_t TokenKeyValue() { return 2; }
   static constexpr std::int16_t TokenEndFile() { return 3; }
 
-  // Of the last key line; of the last block start (also after its END).
-  const std::string& Key() const { return sKey_; }
-  const std::string& Value() const { return sValue_; }
-  const std::string& BlockName() const { return sBlockName_; }
-  const std::string& BlockType() const { return sBlockType_; }
+  // Of the last key line; of the last block start (also after its END). The
+  // texts lie in the parser, whose next call may move them.
+  std::string_view Key() const { return Key_.sText; }
+  std::string_view Value() const { return Value_.sText; }
+  std::string_view BlockName() const { return BlockName_.sText; }
+  std::string_view BlockType() const { return BlockType_.sText; }
 
   // Opens the file, closing one that is open. Writing is not implemented:
   // error 5000, and nothing changes. Throws PlatformError when the file does
@@ -66,22 +71,30 @@ class BlockParser {
   std::int32_t CurrentLine() const { return lCurrentLine_; }
 
  private:
-  bool AtEnd();
-  void ReadLine();
-  std::int16_t Classify(const std::string& sLine);
+  // A property. It lies in the line that it was read from, which saves copying
+  // most of them, until that line has to give way.
+  struct Property {
+    std::string_view sText;
+    std::string sKept;
 
-  std::unique_ptr<InputFile> file_;
-  std::vector<char> buffer_;
-  std::size_t nNext_ = 0;  // the part of the buffer that is not read yet
-  std::size_t nEnd_ = 0;
-  bool bCarriageReturn_ = false;  // the last line ended at one: skip its LF
-  std::string sLine_;
+    void Keep() { sText = sKept = sText; }
+  };
 
-  std::string sKey_;
-  std::string sValue_;
-  std::string sBlockType_;
-  std::string sBlockName_;
+  void KeepProperties();
+  std::span<char> OwnLine(const std::string& sLine);
+  void ExpandTabsOf(std::span<char> line) const;
+  std::int16_t Classify(std::span<char> line);
+  bool ReadBlock(std::span<char> line);
+  bool ReadEnd(std::span<char> line) const;
+  bool ReadKeyValue(std::span<char> line);
+
+  LineReader lines_;
   std::int32_t lCurrentLine_ = 0;
+  Property Key_;
+  Property Value_;
+  Property BlockType_;
+  Property BlockName_;
+  std::string sOwnLine_;  // that a caller gave
 };
 
 }  // namespace trelin

@@ -51,7 +51,7 @@ void SetupList::ReadApplication(BlockParser& objParser) {
   MenuItems_->AddFromFile(objParser);
 }
 
-void SetupList::ProcessKeyValue(const std::string& sKey, const std::string& sValue) {
+void SetupList::ProcessKeyValue(std::string_view sKey, std::string_view sValue) {
   if (sKey == "TITLE")
     sTitle_ = sValue;
   else

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "products/menu_item.h"
 #include "setuplist/item_collection.h"
@@ -65,7 +66,7 @@ class SetupList {
  private:
   void ReadSetupList(BlockParser& objParser);
   void ReadApplication(BlockParser& objParser);
-  void ProcessKeyValue(const std::string& sKey, const std::string& sValue);
+  void ProcessKeyValue(std::string_view sKey, std::string_view sValue);
 
   std::unique_ptr<MenuItemCollection> MenuItems_;
   std::string sTitle_;

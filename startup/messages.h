@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <tuple>
 
 // Messages are templates with the placeholders "%0%" to "%9%".
@@ -18,6 +19,7 @@ class Argument {
   Argument() = default;
   Argument(const char* sText) : text_(sText) {}
   Argument(const std::string& sText) : text_(sText) {}
+  Argument(std::string_view sText) : text_(sText) {}
   Argument(std::integral auto number) : text_(std::to_string(number)) {}
 
   const std::optional<std::string>& Text() const { return text_; }

@@ -161,9 +161,9 @@ std::string FakeSystem::CommandLineText() {
   return sCommandLine;
 }
 
-void FakeSystem::MakeUpperCase(std::string& sText) {
-  faults_.Fails("MakeUpperCase", sText, "M");
-  sText = UpperCase1252(sText);
+void FakeSystem::MakeUpperCase(std::span<char> text) {
+  faults_.Fails("MakeUpperCase", std::string(text.data(), text.size()), "M");
+  MakeUpperCase1252(text);
 }
 
 std::unique_ptr<InputFile> FakeSystem::OpenInput(const std::string& sPath) {

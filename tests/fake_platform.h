@@ -78,7 +78,7 @@ class FakeSystem : public System {
 
   std::string ProgramFolder() override;
   std::string CommandLineText() override;
-  void MakeUpperCase(std::string& sText) override;
+  void MakeUpperCase(std::span<char> text) override;
   std::unique_ptr<InputFile> OpenInput(const std::string& sPath) override;
   std::unique_ptr<FileSearch> Search(const std::string& sPath) override;
   void Beep() override;

@@ -43,7 +43,7 @@ std::string HostSystem::ProgramFolder() {
 
 std::string HostSystem::CommandLineText() { return sCommandLineText_; }
 
-void HostSystem::MakeUpperCase(std::string& sText) { sText = UpperCase1252(sText); }
+void HostSystem::MakeUpperCase(std::span<char> text) { MakeUpperCase1252(text); }
 
 std::unique_ptr<InputFile> HostSystem::OpenInput(const std::string& sPath) {
   return OpenHostFile(sPath);

@@ -75,8 +75,8 @@ std::string WindowsSystem::ProgramFolder() {
 
 std::string WindowsSystem::CommandLineText() { return TextAfterProgram(GetCommandLineA()); }
 
-void WindowsSystem::MakeUpperCase(std::string& sText) {
-  CharUpperBuffA(sText.data(), static_cast<DWORD>(sText.size()));
+void WindowsSystem::MakeUpperCase(std::span<char> text) {
+  CharUpperBuffA(text.data(), static_cast<DWORD>(text.size()));
 }
 
 std::unique_ptr<InputFile> WindowsSystem::OpenInput(const std::string& sPath) {

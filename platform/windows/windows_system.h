@@ -13,7 +13,7 @@ class WindowsSystem : public System {
  public:
   std::string ProgramFolder() override;
   std::string CommandLineText() override;
-  void MakeUpperCase(std::string& sText) override;
+  void MakeUpperCase(std::span<char> text) override;
   std::unique_ptr<InputFile> OpenInput(const std::string& sPath) override;
   std::unique_ptr<FileSearch> Search(const std::string& sPath) override;
   void Beep() override;

@@ -25,8 +25,8 @@ class BlockParserTest : public ProgramTest {
     try {
       const std::int16_t nToken = parser.GetToken();
       if (nToken == BlockParser::TokenStartBlock())
-        return "block " + parser.BlockType() + "|" + parser.BlockName();
-      if (nToken == BlockParser::TokenKeyValue()) return parser.Key() + "=" + parser.Value();
+        return "block " + Joined(parser.BlockType(), '|', parser.BlockName());
+      if (nToken == BlockParser::TokenKeyValue()) return Joined(parser.Key(), '=', parser.Value());
       return nToken == BlockParser::TokenEndBlock() ? "end" : "eof";
     } catch (const Error& error) {
       return std::to_string(error.Number()) + " " + error.Source() + " " + error.Description();
@@ -37,8 +37,13 @@ class BlockParserTest : public ProgramTest {
 
   // All properties, to see what a call changed.
   std::string Properties() const {
-    return parser.Key() + "|" + parser.Value() + "|" + parser.BlockType() + "|" +
-           parser.BlockName() + "|" + std::to_string(parser.CurrentLine());
+    return Joined(parser.Key(), '|', parser.Value()) + "|" +
+           Joined(parser.BlockType(), '|', parser.BlockName()) + "|" +
+           std::to_string(parser.CurrentLine());
+  }
+
+  static std::string Joined(std::string_view sOne, char cBetween, std::string_view sOther) {
+    return std::string(sOne) + cBetween + std::string(sOther);
   }
 
   BlockParser parser;

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "platform/host/file_registry.h"
+#include "platform/host/host_string_library.h"
+#include "platform/host/host_system.h"
+
+namespace trelin {
+
+// A folder of the benchmark's own, removed at the end.
+class BenchFolder {
+ public:
+  BenchFolder();
+  ~BenchFolder();
+  BenchFolder(const BenchFolder&) = delete;
+
+  std::string operator/(const std::string& sName) const { return (path_ / sName).string(); }
+  void Write(const std::string& sName, const std::string& sText) const;
+
+ private:
+  std::filesystem::path path_;
+};
+
+// The program's own implementations for this system, as its main sets them up,
+// in a folder with the built string library and an empty registry file.
+class BenchPlatform {
+ public:
+  BenchPlatform();
+
+  const BenchFolder folder;
+  FileRegistry registry{folder / "registry.reg"};
+
+  std::string ProgramFolder() { return system_.ProgramFolder(); }
+  void WriteRegistry(const std::string& sText) const { folder.Write("registry.reg", sText); }
+
+ private:
+  class BenchSystem : public HostSystem {
+   public:
+    explicit BenchSystem(std::string sFolder)
+        : HostSystem(0, nullptr), sFolder_(std::move(sFolder)) {}
+    std::string ProgramFolder() override { return sFolder_; }
+
+   private:
+    std::string sFolder_;
+  };
+
+  BenchSystem system_;
+  HostStringLibraryLoader libraries_;
+};
+
+}  // namespace trelin

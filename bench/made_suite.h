@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace trelin {
+
+// The setup list that the benchmark makes: nProducts products with what a
+// product has, every second one with two prerequisites, about 19 lines and 520
+// bytes each. Lines end with CR LF.
+std::string MadeSetupList(std::int32_t nProducts);
+
+// The same keys and values as an INI file, a section a block.
+std::string MadeIniFile(std::int32_t nProducts);
+
+// A registry file with an installation record of each of those products, whose
+// check files are sFolder\product<number>.exe.
+std::string MadeRegistryFile(std::int32_t nProducts, const std::string& sFolder);
+
+std::string MadeProductCode(std::int32_t nProduct);
+
+}  // namespace trelin
