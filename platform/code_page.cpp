@@ -99,7 +99,7 @@ std::string UpperCase1252(std::string_view sText) {
 }
 
 void MakeUpperCase1252(std::span<char> text) {
-  for (char& c : text) c = UpperCase1252(c);
+  for (char& c : text) c = UpperTable[static_cast<unsigned char>(c)];
 }
 
 char32_t CodePoint1252(char c) {

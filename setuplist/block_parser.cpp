@@ -22,9 +22,11 @@ constexpr std::size_t LastPosition = std::numeric_limits<std::int16_t>::max();
 std::string_view View(std::span<char> text) { return {text.data(), text.size()}; }
 
 std::span<char> Trim(std::span<char> text) {
-  while (!text.empty() && text.front() == ' ') text = text.subspan(1);
-  while (!text.empty() && text.back() == ' ') text = text.first(text.size() - 1);
-  return text;
+  char* pBegin = text.data();
+  char* pEnd = pBegin + text.size();
+  while (pBegin != pEnd && *pBegin == ' ') ++pBegin;
+  while (pBegin != pEnd && pEnd[-1] == ' ') --pEnd;
+  return {pBegin, pEnd};
 }
 
 std::string_view UpperCase(std::span<char> text) {
@@ -32,27 +34,31 @@ std::string_view UpperCase(std::span<char> text) {
   return View(text);
 }
 
-// Whether the first word of the line is that keyword.
-bool StartsWithWord(std::span<char> line, std::string_view sKeyword) {
-  const std::size_t nLength = sKeyword.size();
-  if (line.size() < nLength || (line.size() > nLength && line[nLength] != ' ')) return false;
-  std::string sWord(line.data(), nLength);
-  return UpperCase(sWord) == sKeyword;
+[[noreturn]] void FailTooLong(std::int32_t lLine) {
+  throw std::overflow_error("Line " + std::to_string(lLine) +
+                            " of the setup list is too long: a tab, an \"=\" or a space between "
+                            "words stands beyond its first 32767 characters.");
 }
 
 // Gives nIndex (from 0; npos for none) of line lLine back when it fits into
 // 16 bits, counted from 1.
 std::size_t CheckPosition(std::size_t nIndex, std::int32_t lLine) {
-  if (nIndex != std::string::npos && nIndex >= LastPosition)
-    throw std::overflow_error("Line " + std::to_string(lLine) +
-                              " of the setup list is too long: a tab, an \"=\" or a space between "
-                              "words stands beyond its first 32767 characters.");
+  if (nIndex >= LastPosition && nIndex != std::string_view::npos) FailTooLong(lLine);
   return nIndex;
 }
 
 // A line that is short enough need not be searched for it.
 void CheckFirstSpace(std::span<char> line, std::int32_t lLine) {
   if (line.size() >= LastPosition) CheckPosition(View(line).find(' '), lLine);
+}
+
+// Whether the line's first word is that keyword.
+bool StartsWithWord(std::span<char> line, std::string_view sKeyword, std::int32_t lLine) {
+  CheckFirstSpace(line, lLine);
+  const std::size_t nLength = sKeyword.size();
+  if (line.size() < nLength || (line.size() > nLength && line[nLength] != ' ')) return false;
+  std::string sWord(line.data(), nLength);
+  return UpperCase(sWord) == sKeyword;
 }
 
 // The word before the first space, and what follows that space, trimmed.
@@ -85,26 +91,32 @@ std::int16_t BlockParser::GetToken() {
   return TokenEndFile();
 }
 
+// Most lines differ in their first letter from both keywords.
 std::int16_t BlockParser::Classify(std::span<char> line) {
-  if (ReadBlock(line)) return TokenStartBlock();
-  if (ReadEnd(line)) return TokenEndBlock();
+  CheckFirstSpace(line, lCurrentLine_);
+  switch (line.front()) {
+    case 'B':
+    case 'b':
+      if (ReadBlock(line)) return TokenStartBlock();
+      break;
+    case 'E':
+    case 'e':
+      if (StartsWithWord(line, EndKeyword, lCurrentLine_)) return TokenEndBlock();
+      break;
+    default:
+      break;
+  }
   if (ReadKeyValue(line)) return TokenKeyValue();
   throw Error(5000, "BlockParse.GetToken", FormatResourceString(35008, lCurrentLine_));
 }
 
 bool BlockParser::ReadBlock(std::span<char> line) {
-  CheckFirstSpace(line, lCurrentLine_);
-  if (!StartsWithWord(line, BlockKeyword)) return false;
+  if (!StartsWithWord(line, BlockKeyword, lCurrentLine_)) return false;
   const auto [type, remainder] = SplitWord(Trim(line.subspan(BlockKeyword.size())), lCurrentLine_);
   const auto [name, ignored] = SplitWord(remainder, lCurrentLine_);
   BlockType_.sText = UpperCase(type);
   BlockName_.sText = View(name);
   return true;
-}
-
-bool BlockParser::ReadEnd(std::span<char> line) const {
-  CheckFirstSpace(line, lCurrentLine_);
-  return StartsWithWord(line, EndKeyword);
 }
 
 bool BlockParser::ReadKeyValue(std::span<char> line) {
@@ -131,7 +143,7 @@ bool BlockParser::ParseBlock(const std::string& sLine) { return ReadBlock(OwnLin
 
 bool BlockParser::ParseEnd(const std::string& sLine) const {
   std::string sCopy = sLine;
-  return ReadEnd(sCopy);
+  return StartsWithWord(sCopy, EndKeyword, lCurrentLine_);
 }
 
 bool BlockParser::ParseKeyValue(const std::string& sLine) { return ReadKeyValue(OwnLine(sLine)); }

@@ -85,7 +85,6 @@ class BlockParser {
   void ExpandTabsOf(std::span<char> line) const;
   std::int16_t Classify(std::span<char> line);
   bool ReadBlock(std::span<char> line);
-  bool ReadEnd(std::span<char> line) const;
   bool ReadKeyValue(std::span<char> line);
 
   LineReader lines_;

@@ -1,7 +1,6 @@
 #include "setuplist/line_reader.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "platform/platform.h"
 
@@ -11,18 +10,19 @@ namespace {
 
 constexpr std::size_t BufferBytes = 65536;
 
-// The first c, or pLimit.
-char* Find(char c, char* pBegin, char* pLimit) {
-  void* pFound = std::memchr(pBegin, c, static_cast<std::size_t>(pLimit - pBegin));
-  return pFound != nullptr ? static_cast<char*>(pFound) : pLimit;
-}
-
 // Whether there is a CR that no LF follows; of the last byte that is not known.
-bool HoldsLoneReturn(const char* pBegin, std::size_t nBytes) {
-  bool bFound = false;
-  for (std::size_t i = 0; i + 1 < nBytes; ++i)
-    bFound |= pBegin[i] == '\r' && pBegin[i + 1] != '\n';
-  return bFound;
+// Steps of a fixed length let the compiler look at many bytes at once.
+bool HoldsLoneReturn(const char* pBegin, const char* pEnd) {
+  constexpr std::ptrdiff_t Step = 64;
+  unsigned char nFound = 0;
+  const auto look = [&nFound](const char* p) {
+    const bool bLone = (p[0] == '\r') & (p[1] != '\n');
+    nFound = static_cast<unsigned char>(nFound | static_cast<unsigned char>(bLone));
+  };
+  for (; pEnd - pBegin > Step; pBegin += Step)
+    for (std::ptrdiff_t i = 0; i < Step; ++i) look(pBegin + i);
+  for (; pEnd - pBegin > 1; ++pBegin) look(pBegin);
+  return nFound != 0;
 }
 
 }  // namespace
@@ -34,53 +34,33 @@ void LineReader::Open(const std::string& sFile) {
 
 void LineReader::Close() {
   file_.reset();
-  nNext_ = nEnd_ = 0;
+  pNext_ = pEnd_ = buffer_.data();
   bFileEnd_ = false;
-}
-
-bool LineReader::NextLine(std::span<char>& line) {
-  if (nNext_ == nEnd_) return false;
-  char* const pBegin = buffer_.data() + nNext_;
-  char* const pLimit = buffer_.data() + nEnd_;
-  char* const pEnd = FindLineEnd(pBegin, pLimit);
-  char* pNext = pEnd;
-  if (pNext != pLimit && *pNext == '\r') ++pNext;
-  if (pNext != pLimit && *pNext == '\n') ++pNext;
-  if (pNext == pLimit && pNext[-1] != '\n' && !bFileEnd_) return false;  // the rest is to come
-  nNext_ = static_cast<std::size_t>(pNext - buffer_.data());
-  line = {pBegin, pEnd};
-  return true;
-}
-
-// Nearly every line ends at an LF; only where there are other ends, a line is
-// searched for them.
-char* LineReader::FindLineEnd(char* pBegin, char* pLimit) const {
-  char* const pEnd = Find('\n', pBegin, pLimit);
-  if (bLoneReturns_) return Find('\r', pBegin, pEnd);
-  return pEnd != pBegin && pEnd[-1] == '\r' ? pEnd - 1 : pEnd;
 }
 
 bool LineReader::ReadOn() {
   if (!file_ || bFileEnd_) return false;
   MakeRoom();
-  while (nEnd_ < buffer_.size() && !bFileEnd_) {
-    const std::size_t nRead = file_->Read(buffer_.data() + nEnd_, buffer_.size() - nEnd_);
-    nEnd_ += nRead;
+  bTabs_ = bLoneReturns_ = true;  // as long as it is not known, when reading fails
+  char* const pLimit = buffer_.data() + buffer_.size();
+  while (pEnd_ != pLimit && !bFileEnd_) {
+    const std::size_t nRead = file_->Read(pEnd_, static_cast<std::size_t>(pLimit - pEnd_));
+    pEnd_ += nRead;
     bFileEnd_ = nRead == 0;
   }
-  bTabs_ = std::memchr(buffer_.data(), '\t', nEnd_) != nullptr;
-  bLoneReturns_ = HoldsLoneReturn(buffer_.data(), nEnd_);
-  return nEnd_ > 0;
+  bTabs_ = Find('\t', pNext_, pEnd_) != pEnd_;
+  bLoneReturns_ = HoldsLoneReturn(pNext_, pEnd_);
+  return pNext_ != pEnd_;
 }
 
 // Moves what is left to the front of the buffer, which grows when a line is as
 // long as it.
 void LineReader::MakeRoom() {
-  std::copy(buffer_.begin() + static_cast<std::ptrdiff_t>(nNext_),
-            buffer_.begin() + static_cast<std::ptrdiff_t>(nEnd_), buffer_.begin());
-  nEnd_ -= nNext_;
-  nNext_ = 0;
-  if (nEnd_ == buffer_.size()) buffer_.resize(std::max(BufferBytes, 2 * nEnd_));
+  pEnd_ = std::copy(pNext_, pEnd_, buffer_.data());
+  const auto nLeft = static_cast<std::size_t>(pEnd_ - buffer_.data());
+  if (nLeft == buffer_.size()) buffer_.resize(std::max(BufferBytes, 2 * nLeft));
+  pNext_ = buffer_.data();
+  pEnd_ = pNext_ + nLeft;
 }
 
 }  // namespace trelin

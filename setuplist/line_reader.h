@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 #include <memory>
 #include <span>
 #include <string>
@@ -25,7 +26,17 @@ class LineReader {
 
   // The next line that lies whole in the buffer; false when there is none. It
   // may be changed where it lies, and stays there until ReadOn.
-  bool NextLine(std::span<char>& line);
+  bool NextLine(std::span<char>& line) {
+    char* const pBegin = pNext_;
+    char* const pEnd = FindLineEnd();
+    char* pNext = pEnd;
+    if (pNext != pEnd_ && *pNext == '\r') ++pNext;
+    if (pNext != pEnd_ && *pNext == '\n') ++pNext;
+    if (pNext == pEnd_ && !IsFinished(pBegin, pNext)) return false;
+    pNext_ = pNext;
+    line = {pBegin, pEnd};
+    return true;
+  }
 
   // Fills the buffer up behind the beginning of a line that is left in it.
   // False at the end of the file. Throws PlatformError when the file cannot be
@@ -36,13 +47,30 @@ class LineReader {
   bool HasTabs() const { return bTabs_; }
 
  private:
+  // The first c, or pLimit.
+  static char* Find(char c, char* pBegin, char* pLimit) {
+    void* pFound = std::memchr(pBegin, c, static_cast<std::size_t>(pLimit - pBegin));
+    return pFound != nullptr ? static_cast<char*>(pFound) : pLimit;
+  }
+
+  // Of the line at pNext_. Nearly all files have no CR but those before an LF.
+  char* FindLineEnd() const {
+    char* const pEnd = Find('\n', pNext_, pEnd_);
+    if (bLoneReturns_) return Find('\r', pNext_, pEnd);
+    return pEnd != pNext_ && pEnd[-1] == '\r' ? pEnd - 1 : pEnd;
+  }
+
+  // Whether a line that ends with the buffer ends there for certain.
+  bool IsFinished(const char* pBegin, const char* pLimit) const {
+    return pBegin != pLimit && (bFileEnd_ || pLimit[-1] == '\n');
+  }
+
   void MakeRoom();
-  char* FindLineEnd(char* pBegin, char* pLimit) const;
 
   std::unique_ptr<InputFile> file_;
   std::vector<char> buffer_;
-  std::size_t nNext_ = 0;  // the part of the buffer that is not read yet
-  std::size_t nEnd_ = 0;
+  char* pNext_ = nullptr;  // the part of the buffer that is not read yet
+  char* pEnd_ = nullptr;
   bool bFileEnd_ = false;      // nothing follows behind the buffer
   bool bTabs_ = false;         // in the buffer
   bool bLoneReturns_ = false;  // in the buffer there is a CR that no LF follows
