@@ -26,11 +26,11 @@ void Dependency::LoadFromFile(BlockParser& objParser) {
 
 void Dependency::ProcessKeyValue(std::string_view sKey, std::string_view sValue) {
   if (sKey == "PRODUCTCODE")
-    sProductCode_ = sValue;
+    sProductCode_ = std::string(sValue);
   else if (sKey == "REVISION")
-    sRevision_ = sValue;
+    sRevision_ = std::string(sValue);
   else if (sKey == "TITLE")
-    sTitle_ = sValue;
+    sTitle_ = std::string(sValue);
   else
     TheSystem().Beep();
 }

@@ -31,8 +31,7 @@ std::int32_t StatusString(const std::optional<InstallationRecord>& record) {
 }  // namespace
 
 void MenuItem::Initialize() {
-  objDependencies_ = std::make_unique<DependencyCollection>();
-  objDependencies_->Initialize();
+  objDependencies_.Initialize();
   for (std::string* sField : {&sTitle_, &sImageFile_, &sReadMeFile_, &sInstallFile_, &sDescription_,
                               &sUninstallName_, &sProductCode_, &sRevision_})
     sField->clear();
@@ -41,10 +40,7 @@ void MenuItem::Initialize() {
   bUpdated_ = false;
 }
 
-void MenuItem::Terminate() {
-  if (objDependencies_) objDependencies_->Terminate();
-  objDependencies_.reset();
-}
+void MenuItem::Terminate() { objDependencies_.Terminate(); }
 
 void MenuItem::LoadFromFile(BlockParser& objParser) {
   for (;;) {
@@ -53,7 +49,7 @@ void MenuItem::LoadFromFile(BlockParser& objParser) {
       ProcessKeyValue(objParser.Key(), objParser.Value());
     } else if (nToken == BlockParser::TokenStartBlock()) {
       ExpectBlockType(objParser, "DEPENDENCY");
-      objDependencies_->AddFromFile(objParser);
+      objDependencies_.AddFromFile(objParser);
     } else {
       return;  // the end of the block or of the file
     }
@@ -62,21 +58,21 @@ void MenuItem::LoadFromFile(BlockParser& objParser) {
 
 void MenuItem::ProcessKeyValue(std::string_view sKey, std::string_view sValue) {
   if (sKey == "PRODUCT")
-    sTitle_ = sValue;
+    sTitle_ = std::string(sValue);
   else if (sKey == "PRODUCTCODE")
-    sProductCode_ = sValue;
+    sProductCode_ = std::string(sValue);
   else if (sKey == "REVISION")
-    sRevision_ = sValue;
+    sRevision_ = std::string(sValue);
   else if (sKey == "DESCRIPTION")
-    sDescription_ = sValue;
+    sDescription_ = std::string(sValue);
   else if (sKey == "IMAGE")
-    sImageFile_ = sValue;
+    sImageFile_ = std::string(sValue);
   else if (sKey == "UNINSTALLNAME")
-    sUninstallName_ = sValue;
+    sUninstallName_ = std::string(sValue);
   else if (sKey == "INSTALLFILE")
-    sInstallFile_ = sValue;
+    sInstallFile_ = std::string(sValue);
   else if (sKey == "READMEFILE")
-    sReadMeFile_ = sValue;
+    sReadMeFile_ = std::string(sValue);
   else
     TheSystem().Beep();
 }
@@ -92,8 +88,8 @@ void MenuItem::CheckInstallation() {
 }
 
 bool MenuItem::CheckDependencies() {
-  for (std::int32_t i = 1; i <= objDependencies_->Count(); ++i)
-    if (!objDependencies_->Item(i)->CheckDependency()) return false;
+  for (std::int32_t i = 1; i <= objDependencies_.Count(); ++i)
+    if (!objDependencies_.Item(i)->CheckDependency()) return false;
   return true;
 }
 

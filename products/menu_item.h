@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -56,8 +55,8 @@ class MenuItem {
   bool NewerVersion() const { return bNewerVersion_; }
 
   // The prerequisites' last error text.
-  std::string LastError() const { return objDependencies_->LastError(); }
-  void ClearError() { objDependencies_->ClearError(); }
+  std::string LastError() const { return objDependencies_.LastError(); }
+  void ClearError() { objDependencies_.ClearError(); }
 
   // Whether the last check changed the status.
   bool Updated() const { return bUpdated_; }
@@ -65,7 +64,7 @@ class MenuItem {
  private:
   void ProcessKeyValue(std::string_view sKey, std::string_view sValue);
 
-  std::unique_ptr<DependencyCollection> objDependencies_;
+  DependencyCollection objDependencies_;
   std::string sTitle_;
   std::string sImageFile_;
   std::string sReadMeFile_;

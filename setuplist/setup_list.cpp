@@ -53,7 +53,7 @@ void SetupList::ReadApplication(BlockParser& objParser) {
 
 void SetupList::ProcessKeyValue(std::string_view sKey, std::string_view sValue) {
   if (sKey == "TITLE")
-    sTitle_ = sValue;
+    sTitle_ = std::string(sValue);
   else
     TheSystem().ShowMessage(FormatResourceString(35013, LoadResourceString(35014), sKey),
                             MessageIcon::None, MessageButtons::Ok, LoadResourceString(35009));

@@ -47,16 +47,19 @@ void HostStringLibraryLoader::Free(LibraryHandle hLibrary) { libraries_.erase(hL
 std::int32_t HostStringLibraryLoader::LoadText(LibraryHandle hLibrary, std::int32_t lId,
                                                char* pBuffer, std::int32_t lSize) {
   if (lSize <= 0) return 0;
-  const std::string sText = Text(hLibrary, lId);
+  pBuffer[0] = '\0';
+  const auto library = libraries_.find(hLibrary);
+  if (library == libraries_.end()) return 0;
+  const std::string& sText = library->second.Text(static_cast<std::uint16_t>(lId));
   const std::size_t nCount = sText.copy(pBuffer, static_cast<std::size_t>(lSize) - 1);
   pBuffer[nCount] = '\0';
   return static_cast<std::int32_t>(nCount);
 }
 
-std::string HostStringLibraryLoader::Text(LibraryHandle hLibrary, std::int32_t lId) const {
-  const auto library = libraries_.find(hLibrary);
-  if (library == libraries_.end()) return {};
-  return FromUtf16(library->second.Text(static_cast<std::uint16_t>(lId)));
+const std::string& HostStringLibraryLoader::Library::Text(std::uint16_t nId) {
+  auto text = texts.find(nId);
+  if (text == texts.end()) text = texts.emplace(nId, FromUtf16(table.Text(nId))).first;
+  return text->second;
 }
 
 }  // namespace trelin

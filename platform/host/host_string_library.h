@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <unordered_map>
+#include <utility>
 
 #include "platform/pe_string_table.h"
 #include "platform/string_library.h"
@@ -22,10 +24,17 @@ class HostStringLibraryLoader : public StringLibraryLoader {
                         std::int32_t lSize) override;
 
  private:
-  std::string Text(LibraryHandle hLibrary, std::int32_t lId) const;
+  struct Library {
+    explicit Library(PeStringTable t) : table(std::move(t)) {}
+
+    const std::string& Text(std::uint16_t nId);
+
+    PeStringTable table;
+    std::unordered_map<std::uint16_t, std::string> texts;  // what was asked for, converted
+  };
 
   LibraryHandle hLast_ = 0;  // no handle is given out twice
-  std::map<LibraryHandle, PeStringTable> libraries_;
+  std::map<LibraryHandle, Library> libraries_;
 };
 
 }  // namespace trelin
