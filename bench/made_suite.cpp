@@ -54,6 +54,8 @@ void AddKeys(std::string& sText, const Keys& keys, const char* sIndent, const ch
 
 std::string MadeProductCode(std::int32_t nProduct) { return "PRODUCT" + Number(nProduct); }
 
+std::string MadeCheckFile(std::int32_t nProduct) { return "product" + Number(nProduct) + ".exe"; }
+
 std::string MadeSetupList(std::int32_t nProducts) {
   std::string sText = "; The benchmark's suite\r\nBLOCK SETUPLIST Suite\r\nTITLE = Suite\r\n";
   for (std::int32_t n = 1; n <= nProducts; ++n) {
@@ -94,7 +96,7 @@ std::string MadeRegistryFile(std::int32_t nProducts, const std::string& sFolder)
   for (std::int32_t n = 1; n <= nProducts; ++n) {
     const std::string sCode = MadeProductCode(n);
     sText += "\"" + sCode + "\"=\"2.1." + std::to_string(n % 7) + "\"\n";
-    sText += "\"" + sCode + "CheckFile\"=\"" + sEscaped + "\\\\product" + Number(n) + ".exe\"\n";
+    sText += "\"" + sCode + "CheckFile\"=\"" + sEscaped + MadeCheckFile(n) + "\"\n";
   }
   return sText;
 }

@@ -14,9 +14,10 @@ std::string MadeSetupList(std::int32_t nProducts);
 std::string MadeIniFile(std::int32_t nProducts);
 
 // A registry file with an installation record of each of those products, whose
-// check files are sFolder\product<number>.exe.
+// check files are in sFolder, which ends in a backslash.
 std::string MadeRegistryFile(std::int32_t nProducts, const std::string& sFolder);
 
 std::string MadeProductCode(std::int32_t nProduct);
+std::string MadeCheckFile(std::int32_t nProduct);  // its name
 
 }  // namespace trelin

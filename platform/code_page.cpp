@@ -102,12 +102,19 @@ void MakeUpperCase1252(std::span<char> text) {
   for (char& c : text) c = UpperTable[static_cast<unsigned char>(c)];
 }
 
+bool IsAscii(std::string_view sText) {
+  unsigned char all = 0;
+  for (const char c : sText) all = static_cast<unsigned char>(all | static_cast<unsigned char>(c));
+  return all < 0x80;
+}
+
 char32_t CodePoint1252(char c) {
   const auto code = static_cast<unsigned char>(c);
   return code >= 0x80 && code <= 0x9F ? HighControls[code - 0x80U] : code;
 }
 
 std::string ToUtf8(std::string_view sText1252) {
+  if (IsAscii(sText1252)) return std::string(sText1252);
   std::string sOut;
   sOut.reserve(sText1252.size());
   for (const char c : sText1252) AppendUtf8(sOut, CodePoint1252(c));
@@ -115,6 +122,7 @@ std::string ToUtf8(std::string_view sText1252) {
 }
 
 std::string FromUtf8(std::string_view sUtf8) {
+  if (IsAscii(sUtf8)) return std::string(sUtf8);
   std::string sOut;
   sOut.reserve(sUtf8.size());
   while (!sUtf8.empty()) {

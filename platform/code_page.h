@@ -15,6 +15,9 @@ char UpperCase1252(char c);
 std::string UpperCase1252(std::string_view sText);
 void MakeUpperCase1252(std::span<char> text);
 
+// Whether the text is the same in every code page and in UTF-8.
+bool IsAscii(std::string_view sText);
+
 std::string ToUtf8(std::string_view sText1252);
 std::string FromUtf8(std::string_view sUtf8);  // bytes that are no UTF-8: one "?" each
 std::string FromUtf16(std::u16string_view sUtf16);

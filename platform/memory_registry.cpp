@@ -38,10 +38,9 @@ std::string_view Name(const std::string& sName) { return sName.c_str(); }
 
 // Takes the next level off the front of a path; false at its end.
 bool NextLevel(std::string_view& sRest, std::string_view& sName) {
-  const std::size_t nStart = std::min(sRest.find_first_not_of('\\'), sRest.size());
-  const std::size_t nEnd = std::min(sRest.find('\\', nStart), sRest.size());
-  sName = sRest.substr(nStart, nEnd - nStart);
-  sRest.remove_prefix(nEnd);
+  while (sRest.starts_with('\\')) sRest.remove_prefix(1);
+  sName = sRest.substr(0, sRest.find('\\'));
+  sRest.remove_prefix(sName.size());
   return !sName.empty();
 }
 

@@ -18,6 +18,10 @@ namespace {
 constexpr int MostTries = 20;
 constexpr std::chrono::milliseconds PauseBetweenTries{5};
 
+// So soon after a look at the file, no other program can have changed it and
+// this one have learned of it.
+constexpr std::chrono::microseconds Moment{1};
+
 std::string Variable(const char* sName) {
   const char* sValue = std::getenv(sName);
   return sValue == nullptr ? "" : sValue;
@@ -42,15 +46,25 @@ std::string FileRegistry::DefaultPath() {
 }
 
 void FileRegistry::Refresh() {
-  if (!bSettled_ || store_.Stamp() != stamp_)
+  if (HasChanged())
     Load();
   else if (fault_)
     throw PlatformError(*fault_);
 }
 
+// Opening a key to see whether it is there, and then to read it, asks the
+// system once.
+bool FileRegistry::HasChanged() {
+  if (!bSettled_) return true;
+  if (std::chrono::steady_clock::now() - asked_ < Moment) return false;
+  if (store_.Stamp() != stamp_) return true;
+  asked_ = std::chrono::steady_clock::now();
+  return false;
+}
+
 // Who does not put a whole new file in the place of the old one, as some
 // editors, leaves it damaged or missing for a moment: it is read again until
-// that has passed.
+// that has passed. No tree: the file holds what the memory holds.
 std::unique_ptr<RegistryNode> FileRegistry::ReadTree() {
   const bool bThere = stamp_.nInode != 0;
   for (int nTry = 1;; ++nTry) {
@@ -61,9 +75,12 @@ std::unique_ptr<RegistryNode> FileRegistry::ReadTree() {
     bWritable_ = content.bWritable;
     bSettled_ = stamp_.Settled();
     const bool bMissing = stamp_.nReason != 0;
-    if (bMissing && (!bThere || nTry == MostTries)) return RegistryNode::NewTree();
+    if (bMissing && (!bThere || nTry == MostTries)) {
+      sKnown_.reset();
+      return RegistryNode::NewTree();
+    }
     try {
-      if (!bMissing) return ReadRegistryText(content.sBytes, ShownPath(store_.Path()));
+      if (!bMissing) return Parse(content.sBytes);
     } catch (const PlatformError&) {
       if (nTry == MostTries) throw;
     }
@@ -71,9 +88,22 @@ std::unique_ptr<RegistryNode> FileRegistry::ReadTree() {
   }
 }
 
+// A file that has just been changed may change again without another stamp, so
+// it is read again and again for a moment; but not every time as a registry.
+std::unique_ptr<RegistryNode> FileRegistry::Parse(const std::string& sBytes) {
+  std::unique_ptr<RegistryNode> tree;
+  if (sKnown_ != sBytes) {
+    tree = ReadRegistryText(sBytes, ShownPath(store_.Path()));
+    ++nParses_;
+  }
+  sKnown_.reset();
+  if (!bSettled_) sKnown_ = sBytes;
+  return tree;
+}
+
 void FileRegistry::Load() {
   try {
-    memory_.ReplaceTree(ReadTree());
+    if (auto tree = ReadTree()) memory_.ReplaceTree(std::move(tree));
     fault_.reset();
   } catch (const PlatformError& error) {
     fault_ = error;
@@ -93,16 +123,21 @@ std::int32_t FileRegistry::Write(const std::function<std::int32_t()>& change) {
   std::int32_t lResult = RegistrySuccess;
   const FileDescriptor lock = store_.Lock(lResult);
   if (lResult != RegistrySuccess) return lResult;
+  asked_ = {};  // another writer may just have given the lock back
   Refresh();
   if (!bWritable_) return RegistryAccessDenied;
+  sKnown_.reset();
   lResult = change();
   if (lResult != RegistrySuccess) return lResult;
   bSettled_ = false;  // until the change is saved
-  lResult = store_.Replace(WriteRegistryText(memory_.Tree()), stamp_);
-  if (lResult != RegistrySuccess)
+  std::string sBytes = WriteRegistryText(memory_.Tree());
+  lResult = store_.Replace(sBytes, stamp_);
+  if (lResult != RegistrySuccess) {
     Load();
-  else
+  } else {
     bSettled_ = stamp_.Settled();
+    sKnown_ = std::move(sBytes);
+  }
   return lResult;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -59,12 +60,15 @@ class FileRegistry : public Registry {
                             std::int32_t& lSize) override;
 
   std::size_t OpenHandles() const { return memory_.OpenHandles(); }
-  std::size_t Reads() const { return nReads_; }  // how often the file was read
+  std::size_t Reads() const { return nReads_; }    // how often the file was read,
+  std::size_t Parses() const { return nParses_; }  // and how often it was another
 
  private:
   void Refresh();
   void Load();
+  bool HasChanged();
   std::unique_ptr<RegistryNode> ReadTree();
+  std::unique_ptr<RegistryNode> Parse(const std::string& sBytes);
   MemoryRegistry& Loaded();  // throws while the file is damaged
   std::int32_t Write(const std::function<std::int32_t()>& change);
 
@@ -73,8 +77,11 @@ class FileRegistry : public Registry {
   std::optional<PlatformError> fault_;  // why memory_ is not what the file holds
   FileStamp stamp_;
   bool bSettled_ = false;  // an equal stamp means an unchanged file
+  std::chrono::steady_clock::time_point asked_;  // when that was seen
+  std::optional<std::string> sKnown_;  // what memory_ holds, as long as it is not settled
   bool bWritable_ = true;
   std::size_t nReads_ = 0;
+  std::size_t nParses_ = 0;
 };
 
 }  // namespace trelin

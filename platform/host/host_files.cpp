@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <string_view>
 
 #include "platform/code_page.h"
 #include "platform/host/host_path.h"
@@ -123,12 +124,18 @@ class OneFileSearch : public FileSearch {
   std::optional<std::string> sName_;
 };
 
-// The file's name when it is one that a search finds; no folder is read.
-std::optional<std::string> FindNormalFile(const std::string& sHostPath) {
-  const std::string sName = sHostPath.substr(sHostPath.rfind('/') + 1);
+// The file's name when it is one that a search finds; no folder is read. Most
+// files have the letter case that they are asked for in.
+std::optional<std::string> FindNormalFile(const std::string& sPath) {
+  std::string sHostPath = WrittenPath(sPath);
   struct stat status = {};
-  const bool bFile = stat(sHostPath.c_str(), &status) == 0 && S_ISREG(status.st_mode);
-  if (!bFile || sName.starts_with('.')) return std::nullopt;
+  bool bFound = stat(sHostPath.c_str(), &status) == 0;
+  if (!bFound) {
+    sHostPath = HostPath(sPath);
+    bFound = stat(sHostPath.c_str(), &status) == 0;
+  }
+  const std::string sName = sHostPath.substr(sHostPath.rfind('/') + 1);
+  if (!bFound || !S_ISREG(status.st_mode) || sName.starts_with('.')) return std::nullopt;
   return FromUtf8(sName);
 }
 
@@ -139,6 +146,12 @@ Folder OpenFolder(const std::string& sHostPath) {
     throw HostError("read the folder", sHostPath, errno);
   }
   return folder;
+}
+
+// Whether sPath names one file and no pattern.
+bool IsOneFile(std::string_view sPath) {
+  return !sPath.ends_with('.') && sPath.find('*') == std::string_view::npos &&
+         sPath.find('?') == std::string_view::npos;
 }
 
 }  // namespace
@@ -162,11 +175,9 @@ std::unique_ptr<InputFile> OpenHostFile(const std::string& sPath) {
 
 std::unique_ptr<FileSearch> SearchHostFiles(const std::string& sPath) {
   RefuseNul("search for the file", sPath);
+  if (IsOneFile(sPath)) return std::make_unique<OneFileSearch>(FindNormalFile(sPath));
   const std::size_t nName = sPath.find_last_of("\\/") + 1;  // 0 without a separator
   const std::string sPattern = sPath.substr(nName);
-  const bool bOneName = sPattern.find_first_of("*?") == std::string::npos;
-  if (bOneName && !sPattern.ends_with('.'))
-    return std::make_unique<OneFileSearch>(FindNormalFile(HostPath(sPath)));
   const std::string sFolder = nName == 0 ? "." : HostPath(sPath.substr(0, nName));
   Folder folder = sPattern.empty() ? nullptr : OpenFolder(sFolder);
   return std::make_unique<HostSearch>(std::move(folder), sFolder, sPattern);

@@ -1,11 +1,11 @@
 #include "platform/host/host_path.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <climits>
 #include <cstring>
-#include <filesystem>
 #include <optional>
-#include <system_error>
 
 #include "platform/code_page.h"
 #include "platform/host/folder_index.h"
@@ -15,8 +15,8 @@ namespace trelin {
 namespace {
 
 bool Exists(const std::string& sHostPath) {
-  std::error_code error;
-  return std::filesystem::exists(std::filesystem::symlink_status(sHostPath, error));
+  struct stat status {};
+  return lstat(sHostPath.c_str(), &status) == 0;
 }
 
 // sWritten has slashes. Goes up only as far as the folders are not there as
@@ -37,9 +37,14 @@ std::string FindPath(const std::string& sWritten) {
 
 }  // namespace
 
-std::string HostPath(const std::string& sPath) {
+std::string WrittenPath(const std::string& sPath) {
   std::string sWritten = ToUtf8(sPath);
   std::replace(sWritten.begin(), sWritten.end(), '\\', '/');
+  return sWritten;
+}
+
+std::string HostPath(const std::string& sPath) {
+  const std::string sWritten = WrittenPath(sPath);
   const bool bNameable = sWritten.size() < PATH_MAX && sWritten.find('\0') == std::string::npos;
   return bNameable ? FindPath(sWritten) : sWritten;
 }

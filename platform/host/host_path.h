@@ -18,6 +18,9 @@ namespace trelin {
 // system's own reason.
 std::string HostPath(const std::string& sPath);
 
+// sPath in this system's words, letter case as it is written.
+std::string WrittenPath(const std::string& sPath);
+
 // The path of the program for sHostPath.
 std::string ProgramPath(const std::string& sHostPath);
 

@@ -22,12 +22,6 @@ std::size_t LineOf(const Text& sText, std::size_t nPosition) {
                  std::count(begin, begin + static_cast<std::ptrdiff_t>(nPosition), '\n'));
 }
 
-bool IsAscii(std::string_view sBytes) {
-  unsigned char all = 0;
-  for (const char c : sBytes) all = static_cast<unsigned char>(all | static_cast<unsigned char>(c));
-  return all < 0x80;
-}
-
 // Says what the bytes at the start of sRest are, which are no plain ASCII.
 std::string Utf8Reason(std::string_view sRest) {
   const auto lead = static_cast<unsigned char>(sRest[0]);

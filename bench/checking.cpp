@@ -1,0 +1,115 @@
+// The installation checks of a suite, against a registry file with a record of
+// each product, whose check files are there.
+
+#include <benchmark/benchmark.h>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "bench/bench_platform.h"
+#include "bench/made_suite.h"
+#include "platform/host/host_path.h"
+#include "platform/host/registry_file.h"
+#include "setuplist/setup_list.h"
+
+namespace trelin {
+
+namespace {
+
+constexpr std::int32_t MostProducts = 32767;
+
+// The suite, loaded and checked once.
+class Suite {
+ public:
+  explicit Suite(std::int32_t nProducts) : nProducts_(nProducts) {
+    for (std::int32_t n = 1; n <= nProducts; ++n) platform_.folder.Write(MadeCheckFile(n), "");
+    WriteRegistry("");
+    platform_.folder.Write("TRELIN.CFG", MadeSetupList(nProducts));
+    list_.Initialize();
+    list_.LoadFromFile(ProgramPath(platform_.folder / "TRELIN.CFG"));
+  }
+
+  void Check() { list_.CheckInstallations(); }
+
+  // A registry file that differs by a comment.
+  void WriteRegistry(const std::string& sComment) {
+    platform_.folder.Write("registry.reg", RegistryText() + ";" + sComment + "\n");
+  }
+
+  std::string RegistryText() const {
+    return MadeRegistryFile(nProducts_, ProgramPath(platform_.folder / ""));
+  }
+
+  std::int32_t Products() const { return nProducts_; }
+  std::size_t Parses() const { return platform_.registry.Parses(); }
+
+ private:
+  std::int32_t nProducts_;
+  BenchPlatform platform_;
+  SetupList list_;
+};
+
+// There is one at a time, as there is one program.
+Suite& SuiteOf(std::int64_t nProducts) {
+  static std::unique_ptr<Suite> suite;
+  if (!suite || suite->Products() != nProducts) {
+    suite.reset();
+    suite = std::make_unique<Suite>(static_cast<std::int32_t>(nProducts));
+  }
+  return *suite;
+}
+
+void Unchanged(benchmark::State& state) {
+  Suite& suite = SuiteOf(state.range(0));
+  for (auto _ : state) suite.Check();
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(Unchanged)->Name("check/unchanged/trelin")->Arg(1000)->Arg(MostProducts);
+
+void LookUps(benchmark::State& state) {
+  std::map<std::string, std::string> records;
+  std::vector<std::string> codes;
+  for (std::int32_t n = 1; n <= state.range(0); ++n) {
+    codes.push_back(MadeProductCode(n));
+    records[codes.back()] = "2.1";
+    records[codes.back() + "CheckFile"] = MadeCheckFile(n);
+  }
+  for (auto _ : state)
+    for (const std::string& sCode : codes) {
+      benchmark::DoNotOptimize(records.find(sCode));
+      benchmark::DoNotOptimize(records.find(sCode + "CheckFile"));
+    }
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(LookUps)->Name("check/lookups/map")->Arg(1000)->Arg(MostProducts);
+
+// Each round finds the file changed.
+void Changed(benchmark::State& state) {
+  Suite& suite = SuiteOf(state.range(0));
+  std::size_t nParses = 0;
+  for (auto _ : state) {
+    state.PauseTiming();
+    suite.WriteRegistry(std::to_string(nParses));
+    const std::size_t nBefore = suite.Parses();
+    state.ResumeTiming();
+    suite.Check();
+    nParses += suite.Parses() - nBefore;
+  }
+  state.counters["parses"] =
+      benchmark::Counter(static_cast<double>(nParses), benchmark::Counter::kAvgIterations);
+}
+BENCHMARK(Changed)->Name("check/changed/trelin")->Arg(1000)->Arg(MostProducts);
+
+void Parse(benchmark::State& state) {
+  const std::string sText = SuiteOf(state.range(0)).RegistryText();
+  for (auto _ : state) benchmark::DoNotOptimize(ReadRegistryText(sText, "registry.reg"));
+}
+BENCHMARK(Parse)->Name("check/parse/trelin")->Arg(1000)->Arg(MostProducts);
+
+}  // namespace
+
+}  // namespace trelin
+
+BENCHMARK_MAIN();
