@@ -29,8 +29,6 @@ constexpr std::array<char, 256> MakeUpperTable() {
   return table;
 }
 
-constexpr std::array<char, 256> UpperTable = MakeUpperTable();
-
 char FromCodePoint(char32_t code) {
   if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) return static_cast<char>(code);
   const auto found = std::find(HighControls.begin(), HighControls.end(), code);
@@ -90,7 +88,7 @@ bool IsPair(char16_t high, char16_t low) {
 
 }  // namespace
 
-char UpperCase1252(char c) { return UpperTable[static_cast<unsigned char>(c)]; }
+constexpr std::array<char, 256> UpperCaseTable1252 = MakeUpperTable();
 
 std::string UpperCase1252(std::string_view sText) {
   std::string sUpper(sText);
@@ -99,7 +97,7 @@ std::string UpperCase1252(std::string_view sText) {
 }
 
 void MakeUpperCase1252(std::span<char> text) {
-  for (char& c : text) c = UpperTable[static_cast<unsigned char>(c)];
+  for (char& c : text) c = UpperCase1252(c);
 }
 
 bool IsAscii(std::string_view sText) {

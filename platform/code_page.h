@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -11,7 +12,9 @@ namespace trelin {
 // have no system function for it. A character that the code page lacks
 // becomes "?".
 
-char UpperCase1252(char c);
+extern const std::array<char, 256> UpperCaseTable1252;
+
+inline char UpperCase1252(char c) { return UpperCaseTable1252[static_cast<unsigned char>(c)]; }
 std::string UpperCase1252(std::string_view sText);
 void MakeUpperCase1252(std::span<char> text);
 

@@ -10,6 +10,9 @@ namespace trelin {
 
 namespace {
 
+// Among so many, comparing finds a key sooner than hashing its name.
+constexpr std::size_t FewKeys = 8;
+
 bool FoldedLess(std::string_view sOne, std::string_view sOther) {
   return std::lexicographical_compare(sOne.begin(), sOne.end(), sOther.begin(), sOther.end(),
                                       [](char one, char other) {
@@ -56,6 +59,13 @@ std::size_t RegistryNode::Depth() const {
 }
 
 RegistryNode* RegistryNode::FindKey(std::string_view sName) const {
+  if (sorted_.size() <= FewKeys) {
+    const auto key =
+        std::find_if(sorted_.begin(), sorted_.end(), [sName](const RegistryNode* node) {
+          return FoldedEqual()(node->sName_, sName);
+        });
+    return key == sorted_.end() ? nullptr : *key;
+  }
   const auto found = keys_.find(sName);
   return found == keys_.end() ? nullptr : found->second.get();
 }

@@ -37,6 +37,12 @@ KeyHandle CreateInternal(RegistryKey hParent, const std::string& sPath) {
   return CreateInternal(level.Get(), sPath.substr(nBackslash + 1));
 }
 
+std::string RegEntry::FullPath(const std::string& sKey) const {
+  std::string sPath;
+  sPath.reserve(sRoot_.size() + 1 + sKey.size());
+  return sPath.append(sRoot_).append("\\").append(sKey);
+}
+
 void RegEntry::OpenKey(const std::string& sKey) {
   CloseKey();
   sCurrentPath_ = FullPath(sKey);

@@ -94,7 +94,7 @@ class RegEntry {
   void SetDefaultRoot(const std::string& s) { sRoot_ = s; }
 
  private:
-  std::string FullPath(const std::string& sKey) const { return sRoot_ + "\\" + sKey; }
+  std::string FullPath(const std::string& sKey) const;
   void CloseKey() { currentKey_.Close(); }
 
   KeyHandle currentKey_;

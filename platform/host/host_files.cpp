@@ -134,7 +134,7 @@ std::optional<std::string> FindNormalFile(const std::string& sPath) {
     sHostPath = HostPath(sPath);
     bFound = stat(sHostPath.c_str(), &status) == 0;
   }
-  const std::string sName = sHostPath.substr(sHostPath.rfind('/') + 1);
+  const std::string_view sName = std::string_view(sHostPath).substr(sHostPath.rfind('/') + 1);
   if (!bFound || !S_ISREG(status.st_mode) || sName.starts_with('.')) return std::nullopt;
   return FromUtf8(sName);
 }
