@@ -1,5 +1,5 @@
 #include <cmath>
-#include <map>
+#include <unordered_map>
 
 #include "menu/main_menu.h"
 #include "startup/numbers.h"
@@ -68,7 +68,7 @@ std::string ImageKey(std::int32_t lItem) { return "n" + std::to_string(lItem); }
 }  // namespace
 
 void frmMainMenu::LoadIcons() {
-  std::map<std::string, std::string> keys;  // by file name: each file is read once
+  std::unordered_map<std::string, std::string> keys;  // by file name: each file is read once
   const std::int32_t lCount = objSetupList->MenuItems().Count();
   for (std::int32_t i = 1; i <= lCount; ++i) {
     const std::string sImageFile = objSetupList->MenuItems().Item(i)->ImageFile();

@@ -163,8 +163,13 @@ void FileDescriptor::Close() {
 std::unique_ptr<InputFile> OpenHostFile(const std::string& sPath) {
   const char* const pOperation = "open the file";
   RefuseNul(pOperation, sPath);
-  const std::string sHostPath = HostPath(sPath);
+  // Most files have the letter case that they are asked for in.
+  std::string sHostPath = WrittenPath(sPath);
   FileDescriptor file = OpenForReading(sHostPath);
+  if (file.Get() < 0) {
+    sHostPath = HostPath(sPath);
+    file = OpenForReading(sHostPath);
+  }
   struct stat status = {};
   if (file.Get() < 0 || fstat(file.Get(), &status) != 0) {
     throw HostError(pOperation, sHostPath, errno);

@@ -1,7 +1,7 @@
 #include <QImage>
 #include <algorithm>
-#include <map>
 #include <memory>
+#include <unordered_map>
 
 #include "platform/host/toolkit_box.h"
 #include "platform/host/toolkit_measure.h"
@@ -12,17 +12,20 @@ namespace trelin {
 struct ImageList::Native {
   QSize size;
   QRgb mask;
-  std::map<std::string, QImage> images;
+  std::unordered_map<std::string, QImage> images;
 };
 
 namespace {
 
+// Of a picture without transparency. A pixel that is opaque or nothing is the
+// same multiplied by its opacity.
 QImage WithoutColor(const QImage& picture, QRgb color) {
   QImage image = picture.convertToFormat(QImage::Format_ARGB32);
   for (int y = 0; y < image.height(); ++y) {
     auto* pLine = reinterpret_cast<QRgb*>(image.scanLine(y));
     std::replace(pLine, pLine + image.width(), color, qRgba(0, 0, 0, 0));
   }
+  image.reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
   return image;
 }
 

@@ -51,7 +51,8 @@ int ChooseIcon(QImageReader& reader) {
 // The exceptions hold the reason alone.
 QImage Decode(const std::string& sBytes) {
   const PictureFormat format = FormatOfPicture(sBytes);
-  QByteArray bytes = QByteArray::fromStdString(sBytes);
+  QByteArray bytes =  // not a copy
+      QByteArray::fromRawData(sBytes.data(), static_cast<qsizetype>(sBytes.size()));
   QBuffer buffer(&bytes);
   QImageReader reader(&buffer, QtName(format));
   reader.setAutoDetectImageFormat(false);
