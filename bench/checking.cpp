@@ -1,5 +1,8 @@
 // The installation checks of a suite, against a registry file with a record of
 // each product, whose check files are there.
+//
+//   bench_checking [OPTIONS OF GOOGLE BENCHMARK]
+//   bench_checking --once PRODUCTS ROUNDS     checks them so many times, to be counted
 
 #include <benchmark/benchmark.h>
 
@@ -112,4 +115,13 @@ BENCHMARK(Parse)->Name("check/parse/trelin")->Arg(1000)->Arg(MostProducts);
 
 }  // namespace trelin
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+  const std::vector<std::string> arguments(argv, argv + argc);
+  if (argc == 4 && arguments[1] == "--once") {
+    for (int nRound = std::stoi(arguments[3]); nRound > 0; --nRound)
+      trelin::SuiteOf(std::stoi(arguments[2])).Check();
+    return 0;
+  }
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+}

@@ -73,6 +73,18 @@ std::string MadeSetupList(std::int32_t nProducts) {
   return sText + "END\r\n";
 }
 
+std::size_t MadeValueBytes(std::int32_t nProducts) {
+  std::size_t nBytes = 0;
+  const auto add = [&nBytes](const Block& block) {
+    for (const auto& [sKey, sValue] : block.keys) nBytes += sValue.size();
+  };
+  for (std::int32_t n = 1; n <= nProducts; ++n) {
+    add(Product(n));
+    for (const Block& block : Prerequisites(n)) add(block);
+  }
+  return nBytes;
+}
+
 std::string MadeIniFile(std::int32_t nProducts) {
   std::string sText = "# The benchmark's suite\n[Suite]\nTITLE = Suite\n";
   for (std::int32_t n = 1; n <= nProducts; ++n) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -9,6 +10,10 @@ namespace trelin {
 // product has, every second one with two prerequisites, about 19 lines and 520
 // bytes each. Lines end with CR LF.
 std::string MadeSetupList(std::int32_t nProducts);
+
+// How many bytes the values of that list have, those of the keys without the
+// names of the blocks.
+std::size_t MadeValueBytes(std::int32_t nProducts);
 
 // The same keys and values as an INI file, a section a block.
 std::string MadeIniFile(std::int32_t nProducts);

@@ -1,9 +1,9 @@
 // Reading a setup list of 32,767 products, beside what else reads such files.
 //
 //   bench_reading [OPTIONS OF GOOGLE BENCHMARK]
-//   bench_reading --memory          prints how far reading makes the process grow
-//   bench_reading --tokens FILE     reads the file once, to be counted
-//   bench_reading --model FILE
+//   bench_reading --memory             how far reading makes the process grow
+//   bench_reading --make PRODUCTS FILE.cfg FILE.ini
+//   bench_reading --once WORK FILE     does a work once, to be counted
 
 #include <benchmark/benchmark.h>
 #include <glib.h>
@@ -13,10 +13,13 @@
 #include <boost/property_tree/ini_parser.hpp>
 #include <boost/property_tree/ptree.hpp>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <memory>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "bench/bench_platform.h"
 #include "bench/made_suite.h"
@@ -35,110 +38,117 @@ void Require(bool bHolds, const char* sWhat) {
   std::abort();
 }
 
-class Files {
- public:
-  Files() {
-    platform_.folder.Write("list.cfg", MadeSetupList(Products));
-    platform_.folder.Write("list.ini", MadeIniFile(Products));
-  }
-  std::string List() const { return platform_.folder / "list.cfg"; }
-  std::string Ini() const { return platform_.folder / "list.ini"; }
+// What a work has read, until it is released.
+using Held = std::shared_ptr<void>;
 
- private:
-  BenchPlatform platform_;
-};
-
-const Files& TheFiles() {
-  static const Files files;
-  return files;
+Held ReadLines(const std::string& sFile) {
+  std::ifstream file(sFile);
+  std::size_t nCharacters = 0;
+  for (std::string sLine; std::getline(file, sLine);) nCharacters += sLine.size();
+  Require(nCharacters > 0, "the lines are missing");
+  return nullptr;
 }
 
-std::size_t CountTokens(const std::string& sHostPath) {
+Held ReadTokens(const std::string& sFile) {
   BlockParser objParser;
-  objParser.OpenFile(ProgramPath(sHostPath), false);
+  objParser.OpenFile(ProgramPath(sFile), false);
   std::size_t nTokens = 0;
   while (objParser.GetToken() != BlockParser::TokenEndFile()) ++nTokens;
-  return nTokens;
+  Require(nTokens > 0, "tokens are missing");
+  return nullptr;
 }
-
-// As the setup list does, but for the check of the installations.
-void ReadModel(const std::string& sHostPath, MenuItemCollection& items) {
-  BlockParser objParser;
-  objParser.OpenFile(ProgramPath(sHostPath), false);
-  objParser.GetToken();
-  for (std::int16_t nToken = 0; (nToken = objParser.GetToken()) != BlockParser::TokenEndBlock();)
-    if (nToken == BlockParser::TokenStartBlock()) items.AddFromFile(objParser);
-}
-
-// Releases what a round has read, so that the next one starts as a new process
-// does: with no memory to use again.
-template <class Release>
-void EndRound(benchmark::State& state, Release release) {
-  state.PauseTiming();
-  release();
-  malloc_trim(0);
-  state.ResumeTiming();
-}
-
-void Lines(benchmark::State& state) {
-  for (auto _ : state) {
-    std::ifstream file(TheFiles().List());
-    std::size_t nCharacters = 0;
-    for (std::string sLine; std::getline(file, sLine);) nCharacters += sLine.size();
-    Require(nCharacters > 16'000'000, "the lines are missing");
-  }
-}
-BENCHMARK(Lines)->Name("read/lines/getline");
-
-void Tokens(benchmark::State& state) {
-  for (auto _ : state) Require(CountTokens(TheFiles().List()) > 400'000, "tokens are missing");
-}
-BENCHMARK(Tokens)->Name("read/tokens/trelin");
 
 int CountEntry(void* pCount, const char*, const char*, const char*) {
   ++*static_cast<std::size_t*>(pCount);
   return 1;
 }
 
-void TokensOfInih(benchmark::State& state) {
-  for (auto _ : state) {
-    std::size_t nEntries = 0;
-    Require(ini_parse(TheFiles().Ini().c_str(), CountEntry, &nEntries) == 0, "inih failed");
-    Require(nEntries > 300'000, "entries are missing");
-  }
+Held ReadTokensOfInih(const std::string& sFile) {
+  std::size_t nEntries = 0;
+  Require(ini_parse(sFile.c_str(), CountEntry, &nEntries) == 0, "inih failed");
+  Require(nEntries > 0, "entries are missing");
+  return nullptr;
 }
-BENCHMARK(TokensOfInih)->Name("read/tokens/inih");
 
-void Model(benchmark::State& state) {
-  for (auto _ : state) {
-    MenuItemCollection items;
-    ReadModel(TheFiles().List(), items);
-    Require(items.Count() == Products, "products are missing");
-    EndRound(state, [&] { items.Terminate(); });
-  }
+// As the setup list does, but for the check of the installations.
+Held ReadModel(const std::string& sFile) {
+  auto items = std::make_shared<MenuItemCollection>();
+  BlockParser objParser;
+  objParser.OpenFile(ProgramPath(sFile), false);
+  objParser.GetToken();
+  for (std::int16_t nToken = 0; (nToken = objParser.GetToken()) != BlockParser::TokenEndBlock();)
+    if (nToken == BlockParser::TokenStartBlock()) items->AddFromFile(objParser);
+  Require(items->Count() > 0, "products are missing");
+  return items;
 }
-BENCHMARK(Model)->Name("read/model/trelin");
 
-void ModelOfGlib(benchmark::State& state) {
-  for (auto _ : state) {
-    GKeyFile* pFile = g_key_file_new();
-    const bool bRead =
-        g_key_file_load_from_file(pFile, TheFiles().Ini().c_str(), G_KEY_FILE_NONE, nullptr);
-    Require(bRead, "GKeyFile failed");
-    EndRound(state, [&] { g_key_file_free(pFile); });
-  }
+Held ReadModelOfGlib(const std::string& sFile) {
+  Held file(g_key_file_new(), [](void* p) { g_key_file_free(static_cast<GKeyFile*>(p)); });
+  Require(g_key_file_load_from_file(static_cast<GKeyFile*>(file.get()), sFile.c_str(),
+                                    G_KEY_FILE_NONE, nullptr),
+          "GKeyFile failed");
+  return file;
 }
-BENCHMARK(ModelOfGlib)->Name("read/model/gkeyfile");
 
-void ModelOfBoost(benchmark::State& state) {
+Held ReadModelOfBoost(const std::string& sFile) {
+  auto tree = std::make_shared<boost::property_tree::ptree>();
+  boost::property_tree::read_ini(sFile, *tree);
+  Require(!tree->empty(), "sections are missing");
+  return tree;
+}
+
+struct Work {
+  const char* sName;
+  bool bIni;  // reads the list as an INI file
+  Held (*read)(const std::string& sFile);
+};
+
+constexpr Work Works[] = {
+    {"read/lines/getline", false, ReadLines},      {"read/tokens/trelin", false, ReadTokens},
+    {"read/tokens/inih", true, ReadTokensOfInih},  {"read/model/trelin", false, ReadModel},
+    {"read/model/gkeyfile", true, ReadModelOfGlib}, {"read/model/boost", true, ReadModelOfBoost},
+};
+
+void WriteFile(const std::string& sFile, const std::string& sText) {
+  std::ofstream file(sFile, std::ios::binary);
+  Require(static_cast<bool>(file << sText), "a file was not written");
+}
+
+// What a round has read is released between the rounds, and its memory given
+// back: each begins as a new process does.
+void Measure(benchmark::State& state, const Work& work, const std::string& sFile) {
   for (auto _ : state) {
-    boost::property_tree::ptree tree;
-    boost::property_tree::read_ini(TheFiles().Ini(), tree);
-    Require(tree.size() > 60'000, "sections are missing");
-    EndRound(state, [&] { tree.clear(); });
+    Held held = work.read(sFile);
+    if (!held) continue;
+    state.PauseTiming();
+    held.reset();
+    malloc_trim(0);
+    state.ResumeTiming();
   }
 }
-BENCHMARK(ModelOfBoost)->Name("read/model/boost");
+
+void MeasureAll(int argc, char** argv) {
+  const BenchPlatform platform;
+  const std::string sList = platform.folder / "list.cfg";
+  const std::string sIni = platform.folder / "list.ini";
+  WriteFile(sList, MadeSetupList(Products));
+  WriteFile(sIni, MadeIniFile(Products));
+  for (const Work& work : Works)
+    benchmark::RegisterBenchmark(work.sName, Measure, work, work.bIni ? sIni : sList);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+}
+
+void DoOnce(const std::string& sName, const std::string& sFile) {
+  const BenchPlatform platform;
+  for (const Work& work : Works)
+    if (work.sName == sName) {
+      // Releasing is no part of it.
+      static const Held held = work.read(sFile);
+      std::_Exit(0);
+    }
+  Require(false, "there is no such work");
+}
 
 // A figure of /proc/self/status, in bytes.
 double StatusBytes(const std::string& sName) {
@@ -148,28 +158,17 @@ double StatusBytes(const std::string& sName) {
   throw std::runtime_error(sName + " is not there");
 }
 
-std::size_t ValueBytes(MenuItemCollection& items) {
-  std::size_t nBytes = 0;
-  for (std::int32_t i = 1; i <= items.Count(); ++i) {
-    const auto item = items.Item(i);
-    for (const std::string* sValue : {&item->Title(), &item->Description(), &item->ImageFile(),
-                                      &item->ReadMeFile(), &item->InstallFile()})
-      nBytes += sValue->size();
-  }
-  return nBytes;
-}
-
 void PrintGrowth() {
-  BenchPlatform platform;
+  const BenchPlatform platform;
   const std::string sList = platform.folder / "list.cfg";
-  platform.folder.Write("list.cfg", MadeSetupList(Products));
-  MenuItemCollection items;
+  WriteFile(sList, MadeSetupList(Products));
+  malloc_trim(0);
   const double before = StatusBytes("VmRSS");
   std::ofstream("/proc/self/clear_refs") << "5";  // the peak counts from here
-  ReadModel(sList, items);
+  const Held held = ReadModel(sList);
   std::cout << "memory/model/trelin\t" << StatusBytes("VmHWM") - before << "\n"
             << "memory/model/file\t" << std::filesystem::file_size(sList) << "\n"
-            << "memory/model/values\t" << ValueBytes(items) << "\n";
+            << "memory/model/values\t" << MadeValueBytes(Products) << "\n";
 }
 
 }  // namespace
@@ -177,17 +176,17 @@ void PrintGrowth() {
 }  // namespace trelin
 
 int main(int argc, char** argv) {
-  const std::string sMode = argc > 1 ? argv[1] : "";
-  if (sMode == "--memory") return trelin::PrintGrowth(), 0;
-  if (sMode == "--tokens" || sMode == "--model") {
-    trelin::BenchPlatform platform;
-    trelin::MenuItemCollection items;
-    if (sMode == "--tokens")
-      trelin::CountTokens(argv[2]);
-    else
-      trelin::ReadModel(argv[2], items);
-    return 0;
+  const std::vector<std::string> arguments(argv, argv + argc);
+  const std::string sMode = argc > 1 ? arguments[1] : "";
+  if (sMode == "--memory") {
+    trelin::PrintGrowth();
+  } else if (sMode == "--make" && argc == 5) {
+    const auto nProducts = static_cast<std::int32_t>(std::stoi(arguments[2]));
+    trelin::WriteFile(arguments[3], trelin::MadeSetupList(nProducts));
+    trelin::WriteFile(arguments[4], trelin::MadeIniFile(nProducts));
+  } else if (sMode == "--once" && argc == 4) {
+    trelin::DoOnce(arguments[2], arguments[3]);
+  } else {
+    trelin::MeasureAll(argc, argv);
   }
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
 }
