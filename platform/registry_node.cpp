@@ -94,28 +94,34 @@ std::vector<RegistryNode*>::iterator RegistryNode::Place(std::string_view sName)
 
 const RegistryValue* RegistryNode::FindValue(std::string_view sName) const {
   const auto found = valueIndex_.find(sName);
-  return found == valueIndex_.end() ? nullptr : &values_[found->second];
+  return found == valueIndex_.end() ? nullptr : &values_[*found];
 }
 
 void RegistryNode::SetValue(const std::string& sName, std::uint32_t lType, std::string sData) {
-  const auto [entry, bNew] = valueIndex_.try_emplace(sName, values_.size());
-  if (bNew) {
-    values_.push_back({sName, lType, std::move(sData)});
+  const auto found = valueIndex_.find(std::string_view(sName));
+  if (found != valueIndex_.end()) {
+    RegistryValue& value = values_[*found];
+    value.lType = lType;
+    value.sData = std::move(sData);
     return;
   }
-  RegistryValue& value = values_[entry->second];
-  value.lType = lType;
-  value.sData = std::move(sData);
+  values_.push_back({sName, lType, std::move(sData)});
+  try {
+    valueIndex_.insert(values_.size() - 1);
+  } catch (...) {
+    values_.pop_back();
+    throw;
+  }
 }
 
+// The positions behind the removed value's are other ones then.
 bool RegistryNode::RemoveValue(std::string_view sName) {
   const auto found = valueIndex_.find(sName);
   if (found == valueIndex_.end()) return false;
-  const std::size_t nRemoved = found->second;
-  valueIndex_.erase(found);
+  const std::size_t nRemoved = *found;
+  valueIndex_.clear();
   values_.erase(std::next(values_.begin(), static_cast<std::ptrdiff_t>(nRemoved)));
-  for (auto& entry : valueIndex_)
-    if (entry.second > nRemoved) --entry.second;
+  for (std::size_t i = 0; i < values_.size(); ++i) valueIndex_.insert(i);
   return true;
 }
 

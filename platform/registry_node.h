@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace trelin {
@@ -34,7 +35,9 @@ struct FoldedEqual {
 class RegistryNode {
  public:
   explicit RegistryNode(std::string sName = "", RegistryNode* parent = nullptr)
-      : sName_(std::move(sName)), parent_(parent) {}
+      : sName_(std::move(sName)),
+        parent_(parent),
+        valueIndex_(0, HashOfName{this}, EqualName{this}) {}
   RegistryNode(const RegistryNode&) = delete;
   RegistryNode& operator=(const RegistryNode&) = delete;
 
@@ -60,17 +63,35 @@ class RegistryNode {
   bool RemoveValue(std::string_view sName);  // false: there is none
 
  private:
-  template <typename T>
-  using NameMap = std::unordered_map<std::string, T, FoldedHash, FoldedEqual>;
+  // A set of positions in values_, found by the names that stand there.
+  struct HashOfName {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view sName) const { return FoldedHash()(sName); }
+    std::size_t operator()(std::size_t nValue) const {
+      return FoldedHash()(node->values_[nValue].sName);
+    }
+    const RegistryNode* node;
+  };
+  struct EqualName {
+    using is_transparent = void;
+    bool operator()(std::size_t nOne, std::size_t nOther) const { return nOne == nOther; }
+    bool operator()(std::string_view sName, std::size_t nValue) const {
+      return FoldedEqual()(sName, node->values_[nValue].sName);
+    }
+    bool operator()(std::size_t nValue, std::string_view sName) const {
+      return (*this)(sName, nValue);
+    }
+    const RegistryNode* node;
+  };
 
   std::vector<RegistryNode*>::iterator Place(std::string_view sName);
 
   std::string sName_;
   RegistryNode* parent_;
-  NameMap<std::unique_ptr<RegistryNode>> keys_;
+  std::unordered_map<std::string, std::unique_ptr<RegistryNode>, FoldedHash, FoldedEqual> keys_;
   std::vector<RegistryNode*> sorted_;  // what keys_ owns, in order
   std::vector<RegistryValue> values_;
-  NameMap<std::size_t> valueIndex_;
+  std::unordered_set<std::size_t, HashOfName, EqualName> valueIndex_;
 };
 
 }  // namespace trelin

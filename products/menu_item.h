@@ -64,18 +64,20 @@ class MenuItem {
  private:
   void ProcessKeyValue(std::string_view sKey, std::string_view sValue);
 
-  DependencyCollection objDependencies_;
-  std::string sTitle_;
-  std::string sImageFile_;
-  std::string sReadMeFile_;
-  std::string sInstallFile_;
-  std::string sStatus_;
-  std::string sDescription_;
-  std::string sUninstallName_;
+  // What a check uses stands together.
   std::string sProductCode_;
   std::string sRevision_;
+  std::string sStatus_;
   bool bNewerVersion_ = false;
   bool bUpdated_ = false;
+
+  std::string sTitle_;
+  std::string sDescription_;
+  std::string sImageFile_;
+  std::string sInstallFile_;
+  std::string sReadMeFile_;
+  std::string sUninstallName_;
+  DependencyCollection objDependencies_;
 };
 
 }  // namespace trelin

@@ -57,12 +57,14 @@ class Reservation {
 // The block base with at least five digits: 0 gives "00000".
 std::string FiveDigits(std::int32_t lBase) {
   std::string sDigits = std::to_string(lBase < 0 ? -static_cast<std::int64_t>(lBase) : lBase);
-  sDigits.insert(0, sDigits.size() < 5 ? 5 - sDigits.size() : 0, '0');
-  return (lBase < 0 ? "-" : "") + sDigits;
+  if (sDigits.size() < 5) sDigits.insert(0, 5 - sDigits.size(), '0');
+  if (lBase < 0) sDigits.insert(0, 1, '-');
+  return sDigits;
 }
 
 std::string LibraryFileName(std::int32_t lId) {
-  return LanguageCode + FiveDigits(ResourceBlockBase(lId)) + ".DLL";
+  std::string sName = LanguageCode;
+  return sName.append(FiveDigits(ResourceBlockBase(lId))).append(".DLL");
 }
 
 LibraryHandle LoadLibraryFile(const std::string& sFileName) {

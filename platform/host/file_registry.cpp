@@ -20,7 +20,7 @@ constexpr std::chrono::milliseconds PauseBetweenTries{5};
 
 // So soon after a look at the file, no other program can have changed it and
 // this one have learned of it.
-constexpr std::chrono::microseconds Moment{1};
+constexpr std::chrono::microseconds Moment{2};
 
 std::string Variable(const char* sName) {
   const char* sValue = std::getenv(sName);
@@ -56,10 +56,10 @@ void FileRegistry::Refresh() {
 // system once.
 bool FileRegistry::HasChanged() {
   if (!bSettled_) return true;
-  if (std::chrono::steady_clock::now() - asked_ < Moment) return false;
-  if (store_.Stamp() != stamp_) return true;
-  asked_ = std::chrono::steady_clock::now();
-  return false;
+  const auto now = std::chrono::steady_clock::now();
+  if (now - asked_ < Moment) return false;
+  asked_ = now;
+  return store_.Stamp() != stamp_;
 }
 
 // Who does not put a whole new file in the place of the old one, as some
