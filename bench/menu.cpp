@@ -49,8 +49,7 @@ class Suite {
   Suite(std::int32_t nProducts, std::int32_t nPictures) {
     platform.folder.Write("TRELIN.CFG", MadeSetupList(nProducts));
     platform.folder.Write(MadeCheckFile(1), "");
-    platform.folder.Write("registry.reg",
-                          MadeRegistryFile(1, ProgramPath(platform.folder / "")));
+    platform.folder.Write("registry.reg", MadeRegistryFile(1, ProgramPath(platform.folder / "")));
     WritePictures(platform.folder, nPictures);
   }
 

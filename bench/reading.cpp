@@ -104,8 +104,8 @@ struct Work {
 };
 
 constexpr Work Works[] = {
-    {"read/lines/getline", false, ReadLines},      {"read/tokens/trelin", false, ReadTokens},
-    {"read/tokens/inih", true, ReadTokensOfInih},  {"read/model/trelin", false, ReadModel},
+    {"read/lines/getline", false, ReadLines},       {"read/tokens/trelin", false, ReadTokens},
+    {"read/tokens/inih", true, ReadTokensOfInih},   {"read/model/trelin", false, ReadModel},
     {"read/model/gkeyfile", true, ReadModelOfGlib}, {"read/model/boost", true, ReadModelOfBoost},
 };
 

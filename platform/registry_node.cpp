@@ -60,10 +60,9 @@ std::size_t RegistryNode::Depth() const {
 
 RegistryNode* RegistryNode::FindKey(std::string_view sName) const {
   if (sorted_.size() <= FewKeys) {
-    const auto key =
-        std::find_if(sorted_.begin(), sorted_.end(), [sName](const RegistryNode* node) {
-          return FoldedEqual()(node->sName_, sName);
-        });
+    const auto key = std::find_if(
+        sorted_.begin(), sorted_.end(),
+        [sName](const RegistryNode* node) { return FoldedEqual()(node->sName_, sName); });
     return key == sorted_.end() ? nullptr : *key;
   }
   const auto found = keys_.find(sName);

@@ -76,9 +76,9 @@ class FileRegistry : public Registry {
   MemoryRegistry memory_;
   std::optional<PlatformError> fault_;  // why memory_ is not what the file holds
   FileStamp stamp_;
-  bool bSettled_ = false;  // an equal stamp means an unchanged file
+  bool bSettled_ = false;                        // an equal stamp means an unchanged file
   std::chrono::steady_clock::time_point asked_;  // when that was seen
-  std::optional<std::string> sKnown_;  // what memory_ holds, as long as it is not settled
+  std::optional<std::string> sKnown_;            // what memory_ holds, as long as it is not settled
   bool bWritable_ = true;
   std::size_t nReads_ = 0;
   std::size_t nParses_ = 0;

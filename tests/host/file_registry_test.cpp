@@ -141,6 +141,22 @@ TEST_F(FileRegistryTest, IsReadAgainOnlyWhenChanged) {
   EXPECT_EQ("<1018>", Get(registry, hKey, "A"));
 }
 
+// As long as the file's stamp may stay when it changes, its bytes are compared.
+TEST_F(FileRegistryTest, AChangeIsParsedOnce) {
+  FileRegistry registry(sPath_);
+  for (const std::string sValue : {"1", "2"}) {
+    Write(LogFile("\"A\"=\"" + sValue + "\"\n"));
+    const std::size_t nBefore = registry.Parses();
+    for (int i = 0; i < 10; ++i) EXPECT_EQ(sValue, Check(registry, "A"));
+    EXPECT_EQ(nBefore + 1, registry.Parses());
+  }
+  const RegistryKey hKey = Open(registry);
+  const std::size_t nBefore = registry.Parses();
+  EXPECT_EQ(RegistrySuccess, Set(registry, hKey, "A", "3"));
+  EXPECT_EQ("3", Check(registry, "A"));
+  EXPECT_EQ(nBefore, registry.Parses()) << "it knows what it has written";
+}
+
 TEST_F(FileRegistryTest, ReplacesTheFileBehindALink) {
   folder_.Write("data/real.reg", LogFile(""));
   folder_.Write("data/real.reg.tmp", "left by a killed writer");

@@ -86,8 +86,9 @@ TEST_F(BlockParserTest, ALineIsOneOfTheKinds) {
 
 TEST_F(BlockParserTest, EveryLineEndCounts) {
   const std::pair<const char*, int> cases[] = {
-      {"", 0},         {";a", 1},       {";a\r\n", 1},   {";a\r\n;b", 2}, {";a\r;b\r", 2},
-      {";a\n;b\n", 2}, {"\r\n\r\n", 2}, {"\r\r\n\n", 3}, {"\n\r", 2},
+      {"", 0},         {";a", 1},       {";a\r\n", 1},         {";a\r\n;b", 2},
+      {";a\r;b\r", 2}, {";a\n;b\n", 2}, {"\r\n\r\n", 2},       {"\r\r\n\n", 3},
+      {"\n\r", 2},     {"\r", 1},       {";a\r\n;b\r;c\n", 3},
   };
   for (const auto& [sText, nLines] : cases) {
     Open(sText);
@@ -105,6 +106,13 @@ TEST_F(BlockParserTest, LinesCrossTheReadBuffer) {
     EXPECT_EQ(NextToken(), "end");
     EXPECT_EQ(NextToken(), "eof");
   }
+  // What is special stands in another buffer than the beginning.
+  for (const char* sEnd : {"\n", "\r", "\r\n"}) {
+    Open(";" + std::string(65534, 'c') + sEnd + "a\tb=1" + sEnd + "c=2" + sEnd);
+    EXPECT_EQ(NextToken(), "A B=1") << testing::PrintToString(sEnd);
+    EXPECT_EQ(NextToken(), "C=2") << testing::PrintToString(sEnd);
+    EXPECT_EQ(parser.CurrentLine(), 3);
+  }
 }
 
 TEST_F(BlockParserTest, PropertiesStayUntilTheirKindComesAgain) {
@@ -120,6 +128,25 @@ TEST_F(BlockParserTest, PropertiesStayUntilTheirKindComesAgain) {
   EXPECT_EQ(NextToken(), "eof");
   EXPECT_EQ(NextToken(), "eof");
   EXPECT_EQ(Properties(), "KEY|1|DEPENDENCY||6");
+}
+
+TEST_F(BlockParserTest, PropertiesOutliveTheLinesThatTheyWereReadFrom) {
+  const std::string sComments(30000, ';');
+  Open("block One Two\nkey = value\n" + sComments + "\n" + sComments + "\n" + sComments +
+       "\nEND\nx = " + std::string(100, 'y'));
+  NextToken();
+  EXPECT_EQ(NextToken(), "KEY=value");
+  EXPECT_EQ(NextToken(), "end");
+  EXPECT_EQ(Properties(), "KEY|value|ONE|Two|6") << "the buffer holds other lines by now";
+  EXPECT_TRUE(parser.ParseKeyValue("a = b"));
+  EXPECT_TRUE(parser.ParseBlock("block three four"));
+  EXPECT_FALSE(parser.ParseKeyValue("five"));
+  EXPECT_EQ(Properties(), "A|b|THREE|four|6");
+  EXPECT_EQ(NextToken(), "X=" + std::string(100, 'y')) << "the file goes on where it was";
+  system.files[sFile] = std::string(70000, ';');
+  parser.OpenFile(sFile, false);
+  EXPECT_EQ(NextToken(), "eof");
+  EXPECT_EQ(Properties(), "X|" + std::string(100, 'y') + "|THREE|four|1");
 }
 
 TEST_F(BlockParserTest, PositionsAre16Bit) {
