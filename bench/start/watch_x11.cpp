@@ -45,7 +45,8 @@ using Owner = std::unique_ptr<T, Free>;
 class Display {
  public:
   Display() : connection_(xcb_connect(nullptr, nullptr)) {
-    if (xcb_connection_has_error(connection_) != 0) throw std::runtime_error("There is no display.");
+    if (xcb_connection_has_error(connection_) != 0)
+      throw std::runtime_error("There is no display.");
     root_ = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root;
     WatchForWindows();
     StartDamage();
@@ -114,10 +115,10 @@ class Display {
   }
 
   xcb_window_t Drawn(const xcb_damage_notify_event_t& damage) {
-    const bool bWhole = damage.area.width >= damage.geometry.width &&
-                        damage.area.height >= damage.geometry.height;
-    const bool bNew = bWhole && mapped_.contains(damage.drawable) &&
-                      drawn_.insert(damage.drawable).second;
+    const bool bWhole =
+        damage.area.width >= damage.geometry.width && damage.area.height >= damage.geometry.height;
+    const bool bNew =
+        bWhole && mapped_.contains(damage.drawable) && drawn_.insert(damage.drawable).second;
     return bNew ? damage.drawable : xcb_window_t{XCB_NONE};
   }
 

@@ -1,4 +1,3 @@
-#include <QApplication>
 #include <exception>
 #include <iostream>
 #include <string>
@@ -36,9 +35,7 @@ int main(int argc, char** argv) {
   try {
     trelin::HostSystem system(argc, argv);  // before Qt takes its own options away
     trelin::sProgramName = trelin::NameOf(argc > 0 ? argv[0] : "");
-    trelin::ToolkitBeforeApplication();
-    QApplication application(argc, argv);
-    trelin::ToolkitAfterApplication(application);
+    const auto application = trelin::MakeApplication(argc, argv);
 
     trelin::FileRegistry registry(trelin::FileRegistry::DefaultPath());
     trelin::HostStringLibraryLoader libraries;

@@ -1,5 +1,8 @@
 #include "platform/host/toolkit_setup.h"
 
+#include <fontconfig/fontconfig.h>
+
+#include <QByteArray>
 #include <QFont>
 #include <QFontDatabase>
 #include <QIcon>
@@ -7,6 +10,8 @@
 #include <QPixmap>
 #include <QStringList>
 #include <QStyleFactory>
+#include <memory>
+#include <thread>
 
 #include "platform/host/toolkit_measure.h"
 #include "platform/host/toolkit_picture.h"
@@ -46,20 +51,48 @@ QPalette ClassicPalette() {
   return palette;
 }
 
+// A variable of the environment for as long as this lives. Programs that are
+// started later are to find it as it was.
+class Variable {
+ public:
+  Variable(const char* pName, const char* pValue)
+      : pName_(pName), bSet_(qEnvironmentVariableIsSet(pName)), before_(qgetenv(pName)) {
+    qputenv(pName, pValue);
+  }
+  ~Variable() { bSet_ ? qputenv(pName_, before_) : qunsetenv(pName_); }
+  Variable(const Variable&) = delete;
+  Variable& operator=(const Variable&) = delete;
+
+ private:
+  const char* pName_;
+  bool bSet_;
+  QByteArray before_;
+};
+
+// The settings of the fonts take as long to read as the display takes to
+// connect, so that is done at the same time. Nothing is ever typed into the
+// program: without an input method, none is loaded.
+std::unique_ptr<QApplication> ConnectToDisplay(int& argc, char** argv) {
+  const std::jthread fonts(FcInit);
+  const Variable inputMethod("QT_IM_MODULE", "none");
+  return std::make_unique<QApplication>(argc, argv);
+}
+
 }  // namespace
 
-// A pixel of Qt is to be a pixel of the screen: the program lays itself out
-// from the screen's dots per inch.
-void ToolkitBeforeApplication() { qputenv("QT_ENABLE_HIGHDPI_SCALING", "0"); }
-
-// The loop of a window ends when it is unloaded, not when Qt sees none left.
-void ToolkitAfterApplication(QApplication& application) {
-  application.setQuitOnLastWindowClosed(false);
+std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv) {
+  // A pixel of Qt is to be a pixel of the screen: the program lays itself out
+  // from the screen's dots per inch.
+  qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
+  auto application = ConnectToDisplay(argc, argv);
+  // The loop of a window ends when it is unloaded, not when Qt sees none left.
+  application->setQuitOnLastWindowClosed(false);
   QApplication::setStyle(QStyleFactory::create("Windows"));
   QApplication::setPalette(ClassicPalette());
   QApplication::setFont(ProgramFont());
   // Of message boxes that no window owns.
   QApplication::setWindowIcon(QIcon(QPixmap::fromImage(Picture::ProgramIcon().Get().image)));
+  return application;
 }
 
 }  // namespace trelin

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <QApplication>
+#include <memory>
 
 namespace trelin {
 
-// What the toolkit needs of Qt: to be called before and after the application
-// object is made.
-void ToolkitBeforeApplication();
-void ToolkitAfterApplication(QApplication& application);
+// Makes Qt's application object with everything that the toolkit needs of it.
+// Qt takes its own options out of the arguments, which have to outlive it.
+std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv);
 
 }  // namespace trelin

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/statvfs.h>
 
-#include <QApplication>
+#include <QtGlobal>
 #include <cstdlib>
 
 #include "platform/host/toolkit_setup.h"
@@ -21,9 +21,7 @@ int main(int argc, char** argv) {
   if (trelin::ActAsInstaller(argc, argv)) return 0;
   testing::InitGoogleTest(&argc, argv);
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  trelin::ToolkitBeforeApplication();
-  QApplication application(argc, argv);
-  trelin::ToolkitAfterApplication(application);
+  const auto application = trelin::MakeApplication(argc, argv);
   UseFoldersInMemory();  // only now: Qt has its own there
   return RUN_ALL_TESTS();
 }
