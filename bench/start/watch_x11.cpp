@@ -50,6 +50,7 @@ class Display {
     root_ = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root;
     WatchForWindows();
     StartDamage();
+    MovePointerAway();
   }
   ~Display() { xcb_disconnect(connection_); }
   Display(const Display&) = delete;
@@ -86,7 +87,12 @@ class Display {
         xcb_damage_query_version_reply(connection_, cookie, nullptr));
   }
 
-  // Asks all the time: a wait would add the time that waking up takes.
+  // A window that opens under the pointer has more to do.
+  void MovePointerAway() {
+    xcb_warp_pointer(connection_, XCB_NONE, root_, 0, 0, 0, 0, INT16_MAX, INT16_MAX);
+  }
+
+  // Asks again and again, so that this end is awake when something happens.
   xcb_generic_event_t* NextEvent(Clock::time_point end) {
     while (Clock::now() < end) {
       if (xcb_generic_event_t* pEvent = xcb_poll_for_event(connection_)) return pEvent;
