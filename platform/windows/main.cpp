@@ -1,5 +1,4 @@
 #include <windows.h>
-#include <objbase.h>
 
 #include <cstdlib>
 #include <exception>
@@ -13,25 +12,6 @@
 #include "platform/windows/windows_system.h"
 
 namespace trelin {
-
-namespace {
-
-// Pictures and the taskbar need COM. Where it does not come up, they fail by
-// themselves.
-class ComSetup {
- public:
-  ComSetup() : lResult_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
-  ~ComSetup() {
-    if (SUCCEEDED(lResult_)) CoUninitialize();
-  }
-  ComSetup(const ComSetup&) = delete;
-  ComSetup& operator=(const ComSetup&) = delete;
-
- private:
-  HRESULT lResult_;
-};
-
-}  // namespace
 
 int& ExitCode() {
   static int nExitCode = 0;
@@ -53,7 +33,6 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
   try {
     // A drive without a disk holds no files; the system is not to ask for one.
     SetThreadErrorMode(SEM_FAILCRITICALERRORS, nullptr);
-    const trelin::ComSetup com;
     trelin::WindowsRegistry registry;
     trelin::WindowsStringLibraryLoader libraries;
     trelin::WindowsSystem system;

@@ -26,7 +26,8 @@ BoxWindow::BoxWindow(PictureBox& box, NativeWindow& container)
     : ControlWindow(PictureBoxClass, 0, 0, container), box_(box) {}
 
 void BoxWindow::SetBorder(BoxBorder border) {
-  SetWindowLongPtrA(Handle(), GWL_EXSTYLE, border == BoxBorder::Sunken ? WS_EX_CLIENTEDGE : 0);
+  const LONG_PTR style = border == BoxBorder::Sunken ? WS_EX_CLIENTEDGE : 0;
+  if (SetWindowLongPtrA(Handle(), GWL_EXSTYLE, style) == style) return;
   SetWindowPos(Handle(), nullptr, 0, 0, 0, 0,
                SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }

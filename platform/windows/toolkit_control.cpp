@@ -23,7 +23,7 @@ ControlWindow& ControlOf(const Control& control) {
 }
 
 // In the client area of the container; of a window without one, on the screen.
-RECT Place(const Control& control) {
+RECT PlaceOf(const Control& control) {
   const HWND hWindow = control.Get().Handle();
   RECT place{};
   GetWindowRect(hWindow, &place);
@@ -71,14 +71,18 @@ void ControlWindow::SetBounds(Twips left, Twips top, Twips width, Twips height) 
   top_ = top;
   width_ = width;
   height_ = height;
-  LayOut();
+  Place();
 }
 
 void ControlWindow::LayOut() {
+  Place();
+  if (font_) SetFont(*font_);
+}
+
+void ControlWindow::Place() {
   const UINT dpi = form_->Dpi();
   SetWindowPos(Handle(), nullptr, Pixels(left_, dpi), Pixels(top_, dpi), Pixels(width_, dpi),
                Pixels(height_, dpi), SWP_NOZORDER | SWP_NOACTIVATE);
-  if (font_) SetFont(*font_);
 }
 
 void ControlWindow::SetFont(const LabelFont& font) {
@@ -106,17 +110,17 @@ void Control::SetBounds(Twips left, Twips top, Twips width, Twips height) {
   ControlOf(*this).SetBounds(left, top, width, height);
 }
 
-Twips Control::Left() const { return ToTwips(Place(*this).left, DpiOf(*this)); }
+Twips Control::Left() const { return ToTwips(PlaceOf(*this).left, DpiOf(*this)); }
 
-Twips Control::Top() const { return ToTwips(Place(*this).top, DpiOf(*this)); }
+Twips Control::Top() const { return ToTwips(PlaceOf(*this).top, DpiOf(*this)); }
 
 Twips Control::Width() const {
-  const RECT place = Place(*this);
+  const RECT place = PlaceOf(*this);
   return ToTwips(place.right - place.left, DpiOf(*this));
 }
 
 Twips Control::Height() const {
-  const RECT place = Place(*this);
+  const RECT place = PlaceOf(*this);
   return ToTwips(place.bottom - place.top, DpiOf(*this));
 }
 

@@ -69,7 +69,9 @@ std::int16_t ImageList::ImageHeight() const { return native_->nHeight; }
 
 void ImageList::Add(const std::string& sKey, const Picture& picture) {
   const IconOwner icon =
-      MakeIcon(Prepare(picture.Get(), native_->mask, native_->nWidth, native_->nHeight));
+      picture.Get().bProgramIcon
+          ? MakeIcon(picture, native_->nWidth)
+          : MakeIcon(Prepare(picture.Get(), native_->mask, native_->nWidth, native_->nHeight));
   const int nNumber = ImageList_AddIcon(native_->list.get(), icon.get());
   if (nNumber < 0) throw std::bad_alloc();
   native_->numbers.insert_or_assign(sKey, nNumber);

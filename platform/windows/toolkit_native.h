@@ -23,7 +23,7 @@ bool IsRelease(UINT message);
 class ControlWindow : public NativeWindow {
  public:
   void SetBounds(Twips left, Twips top, Twips width, Twips height);
-  void LayOut();  // on the pixels of the form's resolution
+  void LayOut();  // anew, when the form's resolution has changed
 
   void SetFont(const LabelFont& font);
 
@@ -46,6 +46,8 @@ class ControlWindow : public NativeWindow {
   std::optional<LRESULT> Answer(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
+  void Place();
+
   FormWindow* form_;
   Twips left_ = 0, top_ = 0, width_ = 0, height_ = 0;
   std::optional<LabelFont> font_;

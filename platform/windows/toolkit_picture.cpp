@@ -12,7 +12,6 @@
 #include "platform/platform_error.h"
 #include "platform/windows/com_owner.h"
 #include "platform/windows/handle.h"
-#include "platform/windows/resources.h"
 
 // Pictures are decoded and scaled by the Windows Imaging Component.
 namespace trelin {
@@ -21,32 +20,56 @@ namespace {
 
 constexpr UINT PixelBytes = 4;
 
-const GUID& ContainerOf(PictureFormat format) {
+// Windows' own decoders: a search would go through all that are installed.
+const CLSID& DecoderOf(PictureFormat format) {
   switch (format) {
     case PictureFormat::Bmp:
-      return GUID_ContainerFormatBmp;
+      return CLSID_WICBmpDecoder;
     case PictureFormat::Ico:
-      return GUID_ContainerFormatIco;
+      return CLSID_WICIcoDecoder;
     case PictureFormat::Gif:
-      return GUID_ContainerFormatGif;
+      return CLSID_WICGifDecoder;
     case PictureFormat::Jpeg:
-      return GUID_ContainerFormatJpeg;
+      return CLSID_WICJpegDecoder;
     case PictureFormat::Png:
       break;
   }
-  return GUID_ContainerFormatPng;
+  return CLSID_WICPngDecoder;
 }
 
-ComOwner<IWICImagingFactory> MakeFactory() {
-  return Made<IWICImagingFactory>([](IWICImagingFactory** ppFactory) {
-    return CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
-                            IID_IWICImagingFactory, reinterpret_cast<void**>(ppFactory));
+template <class Interface>
+ComOwner<Interface> Create(const CLSID& id) {
+  return Made<Interface>([&id](Interface** pp) {
+    return CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(Interface),
+                            reinterpret_cast<void**>(pp));
   });
 }
 
+// COM, without which there is no factory.
+class ComSetup {
+ public:
+  ComSetup() : lResult_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
+  ~ComSetup() {
+    if (SUCCEEDED(lResult_)) CoUninitialize();
+  }
+  ComSetup(const ComSetup&) = delete;
+  ComSetup& operator=(const ComSetup&) = delete;
+
+ private:
+  HRESULT lResult_;
+};
+
+// Looking for it takes the system long. It is made for the first picture and
+// goes at the end of the program, before COM does.
+IWICImagingFactory& Factory() {
+  static const ComSetup com;
+  static const auto factory = Create<IWICImagingFactory>(CLSID_WICImagingFactory);
+  return *factory;
+}
+
 // The stream reads from sBytes, which outlives it.
-ComOwner<IWICStream> StreamOn(IWICImagingFactory& factory, std::string& sBytes) {
-  auto stream = Made<IWICStream>([&](auto** pp) { return factory.CreateStream(pp); });
+ComOwner<IWICStream> StreamOn(std::string& sBytes) {
+  auto stream = Made<IWICStream>([&](auto** pp) { return Factory().CreateStream(pp); });
   Require(stream->InitializeFromMemory(reinterpret_cast<BYTE*>(sBytes.data()),
                                        static_cast<DWORD>(sBytes.size())));
   return stream;
@@ -76,18 +99,18 @@ ComOwner<IWICBitmapFrameDecode> ChooseIcon(IWICBitmapDecoder& decoder) {
   return FrameOf(decoder, 0);
 }
 
-bool PaletteHasAlpha(IWICImagingFactory& factory, IWICBitmapSource& source) {
-  const auto palette = Made<IWICPalette>([&](auto** pp) { return factory.CreatePalette(pp); });
+bool PaletteHasAlpha(IWICBitmapSource& source) {
+  const auto palette = Made<IWICPalette>([&](auto** pp) { return Factory().CreatePalette(pp); });
   BOOL bAlpha = FALSE;
   return SUCCEEDED(source.CopyPalette(palette.get())) && SUCCEEDED(palette->HasAlpha(&bAlpha)) &&
          bAlpha;
 }
 
-bool FormatHasAlpha(IWICImagingFactory& factory, IWICBitmapSource& source) {
+bool FormatHasAlpha(IWICBitmapSource& source) {
   WICPixelFormatGUID format{};
   Require(source.GetPixelFormat(&format));
   const auto info =
-      Made<IWICComponentInfo>([&](auto** pp) { return factory.CreateComponentInfo(format, pp); });
+      Made<IWICComponentInfo>([&](auto** pp) { return Factory().CreateComponentInfo(format, pp); });
   const auto pixels = Made<IWICPixelFormatInfo2>([&](IWICPixelFormatInfo2** pp) {
     return info->QueryInterface(IID_IWICPixelFormatInfo2, reinterpret_cast<void**>(pp));
   });
@@ -105,32 +128,30 @@ Pixels32 CopyPixels(IWICBitmapSource& source) {
   return image;
 }
 
-Pixels32 Convert(IWICImagingFactory& factory, IWICBitmapSource& source) {
+Pixels32 Convert(IWICBitmapSource& source) {
   const auto converter =
-      Made<IWICFormatConverter>([&](auto** pp) { return factory.CreateFormatConverter(pp); });
+      Made<IWICFormatConverter>([&](auto** pp) { return Factory().CreateFormatConverter(pp); });
   Require(converter->Initialize(&source, GUID_WICPixelFormat32bppBGRA, WICBitmapDitherTypeNone,
                                 nullptr, 0, WICBitmapPaletteTypeCustom));
   return CopyPixels(*converter);
 }
 
-Picture::Native DecodeFrame(IWICImagingFactory& factory, IWICBitmapSource& frame, bool bIcon) {
+Picture::Native DecodeFrame(IWICBitmapSource& frame, bool bIcon) {
   const SIZE size = SizeOf(frame);
   RefuseLargePicture(size.cx, size.cy);
-  const bool bOwnMask = bIcon || FormatHasAlpha(factory, frame) || PaletteHasAlpha(factory, frame);
-  return {Convert(factory, frame), bOwnMask, false};
+  const bool bOwnMask = bIcon || FormatHasAlpha(frame) || PaletteHasAlpha(frame);
+  return {Convert(frame), bOwnMask, false};
 }
 
 // The exceptions hold the reason alone.
 Picture::Native Decode(std::string sBytes) {
   const PictureFormat format = FormatOfPicture(sBytes);
-  const auto factory = MakeFactory();
-  const auto stream = StreamOn(*factory, sBytes);
-  const auto decoder = Made<IWICBitmapDecoder>(
-      [&](auto** pp) { return factory->CreateDecoder(ContainerOf(format), nullptr, pp); });
+  const auto stream = StreamOn(sBytes);
+  const auto decoder = Create<IWICBitmapDecoder>(DecoderOf(format));
   Require(decoder->Initialize(stream.get(), WICDecodeMetadataCacheOnDemand));
   const bool bIcon = format == PictureFormat::Ico;
   const auto frame = bIcon ? ChooseIcon(*decoder) : FrameOf(*decoder, 0);
-  return DecodeFrame(*factory, *frame, bIcon);
+  return DecodeFrame(*frame, bIcon);
 }
 
 }  // namespace
@@ -146,32 +167,25 @@ Picture Picture::LoadFromFile(const std::string& sPath) {
   }
 }
 
+// Its images are taken from the program as they are asked for.
 Picture Picture::ProgramIcon() {
-  const IconOwner icon(
-      static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(ICON_PROGRAM),
-                                    IMAGE_ICON, IconPixels, IconPixels, LR_DEFAULTCOLOR)));
-  if (icon == nullptr) throw WindowsError("load the program's icon", "resource 1");
-  const auto factory = MakeFactory();
-  const auto bitmap =
-      Made<IWICBitmap>([&](auto** pp) { return factory->CreateBitmapFromHICON(icon.get(), pp); });
-  return Picture(std::make_shared<const Native>(Native{Convert(*factory, *bitmap), true, true}));
+  return Picture(std::make_shared<const Native>(Native{{}, true, true}));
 }
 
 Pixels32 Scaled(const Pixels32& image, int nWidth, int nHeight) {
-  const auto factory = MakeFactory();
   Pixels32 own = image;
   const auto bitmap = Made<IWICBitmap>([&](auto** pp) {
-    return factory->CreateBitmapFromMemory(
+    return Factory().CreateBitmapFromMemory(
         static_cast<UINT>(own.nWidth), static_cast<UINT>(own.nHeight), GUID_WICPixelFormat32bppBGRA,
         static_cast<UINT>(own.nWidth) * PixelBytes,
         static_cast<UINT>(own.pixels.size()) * PixelBytes,
         reinterpret_cast<BYTE*>(own.pixels.data()), pp);
   });
   const auto scaler =
-      Made<IWICBitmapScaler>([&](auto** pp) { return factory->CreateBitmapScaler(pp); });
+      Made<IWICBitmapScaler>([&](auto** pp) { return Factory().CreateBitmapScaler(pp); });
   Require(scaler->Initialize(bitmap.get(), static_cast<UINT>(nWidth), static_cast<UINT>(nHeight),
                              WICBitmapInterpolationModeFant));
-  return Convert(*factory, *scaler);
+  return Convert(*scaler);
 }
 
 }  // namespace trelin

@@ -19,7 +19,7 @@ constexpr std::uint32_t OpaqueAlpha = 0xFF000000U;
 struct Picture::Native {
   Pixels32 image;
   bool bOwnMask = false;      // it has a mask or transparency of its own
-  bool bProgramIcon = false;  // of which there are images of other sizes
+  bool bProgramIcon = false;  // without pixels here: see MakeIcon
 };
 
 // The image in another size.
