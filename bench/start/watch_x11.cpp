@@ -11,6 +11,7 @@
 // background that the display would paint by itself, so that the damage is what
 // the program has drawn. The damage is watched from the moment that a window is
 // made, so that none is missed.
+#include <poll.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -26,7 +27,6 @@
 #include <set>
 #include <stdexcept>
 #include <string>
-#include <thread>
 
 namespace {
 
@@ -92,12 +92,12 @@ class Display {
     xcb_warp_pointer(connection_, XCB_NONE, root_, 0, 0, 0, 0, INT16_MAX, INT16_MAX);
   }
 
-  // Asks again and again, so that this end is awake when something happens.
   xcb_generic_event_t* NextEvent(Clock::time_point end) {
     while (Clock::now() < end) {
       if (xcb_generic_event_t* pEvent = xcb_poll_for_event(connection_)) return pEvent;
       if (xcb_connection_has_error(connection_) != 0) break;
-      std::this_thread::sleep_for(std::chrono::microseconds(50));
+      pollfd answer{xcb_get_file_descriptor(connection_), POLLIN, 0};
+      poll(&answer, 1, 1000);
     }
     throw std::runtime_error("No window was shown.");
   }

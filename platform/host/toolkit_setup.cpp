@@ -1,7 +1,5 @@
 #include "platform/host/toolkit_setup.h"
 
-#include <fontconfig/fontconfig.h>
-
 #include <QByteArray>
 #include <QFont>
 #include <QFontDatabase>
@@ -11,7 +9,6 @@
 #include <QStringList>
 #include <QStyleFactory>
 #include <memory>
-#include <thread>
 
 #include "platform/host/toolkit_measure.h"
 #include "platform/host/toolkit_picture.h"
@@ -69,11 +66,9 @@ class Variable {
   QByteArray before_;
 };
 
-// The settings of the fonts take as long to read as the display takes to
-// connect, so that is done at the same time. Nothing is ever typed into the
-// program: without an input method, none is loaded.
-std::unique_ptr<QApplication> ConnectToDisplay(int& argc, char** argv) {
-  const std::jthread fonts(FcInit);
+// Nothing is ever typed into the program: without an input method, none is
+// loaded, nor its table of key sequences.
+std::unique_ptr<QApplication> WithoutInputMethod(int& argc, char** argv) {
   const Variable inputMethod("QT_IM_MODULE", "none");
   return std::make_unique<QApplication>(argc, argv);
 }
@@ -84,7 +79,7 @@ std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv) {
   // A pixel of Qt is to be a pixel of the screen: the program lays itself out
   // from the screen's dots per inch.
   qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
-  auto application = ConnectToDisplay(argc, argv);
+  auto application = WithoutInputMethod(argc, argv);
   // The loop of a window ends when it is unloaded, not when Qt sees none left.
   application->setQuitOnLastWindowClosed(false);
   QApplication::setStyle(QStyleFactory::create("Windows"));
