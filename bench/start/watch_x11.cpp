@@ -37,7 +37,10 @@ constexpr std::uint8_t EnterKeyCode = 36;  // on the keyboard that Xvfb has
 constexpr std::uint8_t SentEventBit = 0x80;
 
 struct Free {
-  void operator()(void* p) const { std::free(p); }
+  template <class T>
+  void operator()(T* p) const {
+    std::free(p);
+  }
 };
 template <class T>
 using Owner = std::unique_ptr<T, Free>;

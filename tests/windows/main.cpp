@@ -1,6 +1,4 @@
-#include <windows.h>
 #include <gtest/gtest.h>
-#include <objbase.h>
 
 #include "tests/installer.h"
 
@@ -9,8 +7,5 @@
 int main(int argc, char** argv) {
   if (trelin::ActAsInstaller(argc, argv)) return 0;
   testing::InitGoogleTest(&argc, argv);
-  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-  const int nResult = RUN_ALL_TESTS();
-  CoUninitialize();
-  return nResult;
+  return RUN_ALL_TESTS();
 }
