@@ -136,9 +136,7 @@ BENCHMARK(Tick)->Name("menu/tick/trelin");
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  trelin::ToolkitBeforeApplication();
-  QApplication application(argc, argv);
-  trelin::ToolkitAfterApplication(application);
+  const auto application = trelin::MakeApplication(argc, argv);
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
 }
