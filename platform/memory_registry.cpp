@@ -51,15 +51,6 @@ RegistryNode* Descend(RegistryNode* node, std::string_view sPath) {
   return node;
 }
 
-// Whether sPath can name a key below one at the level nDepth.
-std::int32_t CheckPath(const std::string& sPath, std::size_t nDepth) {
-  std::string_view sRest = sPath.c_str();
-  if (sRest.starts_with('\\')) return RegistryBadPath;
-  for (std::string_view sName; NextLevel(sRest, sName); ++nDepth)
-    if (sName.size() > LongestKeyName || nDepth >= DeepestLevel) return RegistryInvalidParameter;
-  return RegistrySuccess;
-}
-
 // Without a buffer only the length is given.
 std::int32_t CopyOut(std::string_view sData, char* pBuffer, std::uint32_t& lSize) {
   const bool bFits = pBuffer == nullptr || sData.size() <= lSize;
@@ -96,10 +87,16 @@ std::int32_t MemoryRegistry::ResolveForWriting(RegistryKey hKey, RegistryNode*& 
 std::int32_t MemoryRegistry::Walk(RegistryKey hParent, const std::string& sPath,
                                   RegistryNode*& node) const {
   Handle handle;
-  std::int32_t lResult = Resolve(hParent, handle);
-  if (lResult == RegistrySuccess) lResult = CheckPath(sPath, handle.node->Depth());
+  const std::int32_t lResult = Resolve(hParent, handle);
   if (lResult != RegistrySuccess) return lResult;
-  node = Descend(handle.node, sPath.c_str());
+  std::string_view sRest = Name(sPath);
+  if (sRest.starts_with('\\')) return RegistryBadPath;
+  node = handle.node;
+  std::size_t nDepth = node->Depth();
+  for (std::string_view sName; NextLevel(sRest, sName); ++nDepth) {  // to the end, which is checked
+    if (sName.size() > LongestKeyName || nDepth >= DeepestLevel) return RegistryInvalidParameter;
+    if (node != nullptr) node = node->FindKey(sName);
+  }
   return node == nullptr ? RegistryNotFound : RegistrySuccess;
 }
 

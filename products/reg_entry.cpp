@@ -23,6 +23,8 @@ KeyHandle OpenOrCreateLevel(RegistryKey hParent, const std::string& sLevel,
 
 }  // namespace
 
+const std::string RegEntry::StandardRoot = "SOFTWARE\\Korvanta";
+
 KeyHandle OpenInternal(RegistryKey hParent, const std::string& sPath) {
   RegistryKey hKey = RegistryKey::None;
   if (TheRegistry().OpenKey(hParent, sPath, RegistryReadWrite, hKey) != RegistrySuccess)
@@ -39,8 +41,8 @@ KeyHandle CreateInternal(RegistryKey hParent, const std::string& sPath) {
 
 std::string RegEntry::FullPath(const std::string& sKey) const {
   std::string sPath;
-  sPath.reserve(sRoot_.size() + 1 + sKey.size());
-  return sPath.append(sRoot_).append("\\").append(sKey);
+  sPath.reserve(DefaultRoot().size() + 1 + sKey.size());
+  return sPath.append(DefaultRoot()).append("\\").append(sKey);
 }
 
 void RegEntry::OpenKey(const std::string& sKey) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -90,7 +91,7 @@ class RegEntry {
 
   // The path below HKEY_LOCAL_MACHINE that key names are relative to. A new
   // one counts from the next call; the current key stays open.
-  const std::string& DefaultRoot() const { return sRoot_; }
+  const std::string& DefaultRoot() const { return sRoot_ ? *sRoot_ : StandardRoot; }
   void SetDefaultRoot(const std::string& s) { sRoot_ = s; }
 
  private:
@@ -99,7 +100,8 @@ class RegEntry {
 
   KeyHandle currentKey_;
   std::string sCurrentPath_;  // of the current key, below the hive
-  std::string sRoot_ = "SOFTWARE\\Korvanta";
+  static const std::string StandardRoot;
+  std::optional<std::string> sRoot_;  // another one
 };
 
 }  // namespace trelin

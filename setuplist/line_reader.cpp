@@ -13,7 +13,7 @@ constexpr std::size_t BufferBytes = 65536;
 // Whether there is a CR that no LF follows; of the last byte that is not known.
 // Steps of a fixed length let the compiler look at many bytes at once.
 bool HoldsLoneReturn(const char* pBegin, const char* pEnd) {
-  constexpr std::ptrdiff_t Step = 64;
+  constexpr std::ptrdiff_t Step = 1024;
   unsigned char nFound = 0;
   const auto look = [&nFound](const char* p) {
     const bool bLone = (p[0] == '\r') & (p[1] != '\n');
