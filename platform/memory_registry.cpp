@@ -67,12 +67,12 @@ void CopyName(const std::string& sName, char* pName) {
 
 std::int32_t MemoryRegistry::Resolve(RegistryKey hKey, Handle& handle) const {
   if (const char* sHive = HiveName(hKey)) {
-    handle = {root_->FindKey(sHive), true};
+    handle = {root_->FindKey(sHive), true, hKey};
     return RegistrySuccess;
   }
-  const auto found = handles_.find(static_cast<std::int32_t>(hKey));
+  const auto found = FindHandle(hKey);
   if (found == handles_.end()) return RegistryInvalidHandle;
-  handle = found->second;
+  handle = *found;
   return handle.node == nullptr ? RegistryKeyDeleted : RegistrySuccess;
 }
 
@@ -112,9 +112,15 @@ std::int32_t MemoryRegistry::NewHandle(RegistryNode& node, std::uint32_t lAccess
   do {
     if (lLastHandle_ > std::numeric_limits<std::int32_t>::max() - 4) lLastHandle_ = 0;
     lLastHandle_ += 4;
-  } while (!handles_.try_emplace(lLastHandle_, Handle{&node, bWrite}).second);
-  hKey = static_cast<RegistryKey>(lLastHandle_);
+  } while (FindHandle(static_cast<RegistryKey>(lLastHandle_)) != handles_.end());
+  handles_.push_back({&node, bWrite, static_cast<RegistryKey>(lLastHandle_)});
+  hKey = handles_.back().hKey;
   return RegistrySuccess;
+}
+
+MemoryRegistry::Handles::const_iterator MemoryRegistry::FindHandle(RegistryKey hKey) const {
+  return std::find_if(handles_.begin(), handles_.end(),
+                      [hKey](const Handle& handle) { return handle.hKey == hKey; });
 }
 
 std::int32_t MemoryRegistry::OpenKey(RegistryKey hParent, const std::string& sPath,
@@ -150,8 +156,10 @@ std::int32_t MemoryRegistry::CreateKey(RegistryKey hParent, const std::string& s
 
 std::int32_t MemoryRegistry::CloseKey(RegistryKey hKey) noexcept {
   if (HiveName(hKey) != nullptr) return RegistrySuccess;
-  return handles_.erase(static_cast<std::int32_t>(hKey)) == 1 ? RegistrySuccess
-                                                              : RegistryInvalidHandle;
+  const auto found = FindHandle(hKey);
+  if (found == handles_.end()) return RegistryInvalidHandle;
+  handles_.erase(found);
+  return RegistrySuccess;
 }
 
 std::int32_t MemoryRegistry::QueryValue(RegistryKey hKey, const std::string& sName, char* pData,
@@ -218,8 +226,8 @@ std::int32_t MemoryRegistry::DeleteKey(RegistryKey hParent, const std::string& s
   const bool bHive = node->Parent() == root_.get();
   if (bHive || node->KeyCount() > 0 || Refuses(refusedDeletion_, *node))
     return RegistryAccessDenied;
-  for (auto& entry : handles_)
-    if (entry.second.node == node) entry.second.node = nullptr;
+  for (Handle& handle : handles_)
+    if (handle.node == node) handle.node = nullptr;
   node->Parent()->RemoveKey(node->Name());
   return RegistrySuccess;
 }
@@ -240,10 +248,8 @@ std::int32_t MemoryRegistry::QueryDefault(RegistryKey hKey, const std::string& s
 
 void MemoryRegistry::ReplaceTree(std::unique_ptr<RegistryNode> root) {
   std::swap(root_, root);
-  for (auto& entry : handles_) {
-    RegistryNode*& node = entry.second.node;
-    if (node != nullptr) node = Descend(root_.get(), node->Path());
-  }
+  for (Handle& handle : handles_)
+    if (handle.node != nullptr) handle.node = Descend(root_.get(), handle.node->Path());
 }
 
 void MemoryRegistry::SetText(const std::string& sPath, const std::string& sName,

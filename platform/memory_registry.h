@@ -7,7 +7,7 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 #include "platform/registry.h"
 #include "platform/registry_node.h"
@@ -82,7 +82,9 @@ class MemoryRegistry : public Registry {
   struct Handle {
     RegistryNode* node = nullptr;  // nullptr: the key was deleted
     bool bWrite = false;
+    RegistryKey hKey = RegistryKey::None;
   };
+  using Handles = std::vector<Handle>;  // few are open at a time
 
   std::int32_t Resolve(RegistryKey hKey, Handle& handle) const;
   std::int32_t ResolveForWriting(RegistryKey hKey, RegistryNode*& node) const;
@@ -92,7 +94,9 @@ class MemoryRegistry : public Registry {
   static bool Refuses(const FoldedSet& paths, const RegistryNode& node);
 
   std::unique_ptr<RegistryNode> root_;
-  std::unordered_map<std::int32_t, Handle> handles_;
+  Handles::const_iterator FindHandle(RegistryKey hKey) const;
+
+  Handles handles_;
   std::int32_t lLastHandle_ = 0;
   FoldedSet refusedAccess_;
   FoldedSet refusedCreation_;

@@ -27,12 +27,13 @@ class LineReader {
   // The next line that lies whole in the buffer; false when there is none. It
   // may be changed where it lies, and stays there until ReadOn.
   bool NextLine(std::span<char>& line) {
+    if (pNext_ == pEnd_) return false;
     char* const pBegin = pNext_;
     char* const pEnd = FindLineEnd();
     char* pNext = pEnd;
     if (pNext != pEnd_ && *pNext == '\r') ++pNext;
     if (pNext != pEnd_ && *pNext == '\n') ++pNext;
-    if (pNext == pEnd_ && !IsFinished(pBegin, pNext)) return false;
+    if (pNext == pEnd_ && pNext[-1] != '\n' && !bFileEnd_) return false;  // the rest is to come
     pNext_ = pNext;
     line = {pBegin, pEnd};
     return true;
@@ -58,11 +59,6 @@ class LineReader {
     char* const pEnd = Find('\n', pNext_, pEnd_);
     if (bLoneReturns_) return Find('\r', pNext_, pEnd);
     return pEnd != pNext_ && pEnd[-1] == '\r' ? pEnd - 1 : pEnd;
-  }
-
-  // Whether a line that ends with the buffer ends there for certain.
-  bool IsFinished(const char* pBegin, const char* pLimit) const {
-    return pBegin != pLimit && (bFileEnd_ || pLimit[-1] == '\n');
   }
 
   void MakeRoom();

@@ -19,7 +19,7 @@ namespace trelin {
 // empty registry; it and its folder are created by the first change.
 //
 // OpenKey, CreateKey and what changes something work with the file as it is at
-// that moment; the other operations with what these last read. An open handle
+// that moment, give or take two microseconds; the other operations with what these last read. An open handle
 // stays with its path when the file has changed, and counts as one of a
 // deleted key where the path has gone. A change is in the file when its
 // operation returns, or else nowhere: RegistryAccessDenied, RegistryDiskFull
