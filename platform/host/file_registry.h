@@ -19,13 +19,14 @@ namespace trelin {
 // empty registry; it and its folder are created by the first change.
 //
 // OpenKey, CreateKey and what changes something work with the file as it is at
-// that moment, give or take two microseconds; the other operations with what these last read. An
-// open handle stays with its path when the file has changed, and counts as one of a deleted key
-// where the path has gone. A change is in the file when its operation returns, or else nowhere:
-// RegistryAccessDenied, RegistryDiskFull and RegistryWriteFault leave the file and the memory as
-// they were. Names with a line break, which the format cannot hold, are refused with
-// RegistryInvalidParameter. A file that may not be written refuses its keys
-// to everyone who opens them for writing.
+// that moment, give or take two microseconds; the other operations with what
+// these last read. An open handle stays with its path when the file has changed,
+// and counts as one of a deleted key where the path has gone. A change is in the
+// file when its operation returns, or else nowhere: RegistryAccessDenied,
+// RegistryDiskFull and RegistryWriteFault leave the file and the memory as they
+// were. Names with a line break, which the format cannot hold, are refused with
+// RegistryInvalidParameter. A file that may not be written refuses its keys to
+// everyone who opens them for writing.
 //
 // While the file cannot be read or is damaged, every operation except
 // CloseKey throws PlatformError, and the file is left alone. As somebody may be
