@@ -9,7 +9,6 @@
 #include "platform/platform.h"
 #include "startup/error.h"
 #include "startup/messages.h"
-#include "startup/text.h"
 
 namespace trelin {
 
