@@ -255,6 +255,7 @@ TEST_F(FileRegistryTest, AFailedWriteLeavesFileAndMemory) {
   Write(LogFile("\"A\"=\"1\"\n"));
   chmod(sPath_.c_str(), 0666);
   const auto refused = [&](std::int32_t lResult) {
+    Write(LogFile("\"A\"=\"1\"\n"));  // so lately that its date tells nothing
     FileRegistry registry(sPath_);
     const RegistryKey hKey = Open(registry);
     EXPECT_EQ(lResult, Set(registry, hKey, "A", std::string(2000, '2')));
