@@ -125,7 +125,7 @@ MemoryRegistry::Handles::const_iterator MemoryRegistry::FindHandle(RegistryKey h
 
 std::int32_t MemoryRegistry::OpenKey(RegistryKey hParent, const std::string& sPath,
                                      std::uint32_t lAccess, RegistryKey& hKey) {
-  if (hParent == opened_.hHive && sPath == opened_.sPath)
+  if (opened_.node != nullptr && hParent == opened_.hHive && sPath == opened_.sPath)
     return NewHandle(*opened_.node, lAccess, hKey);
   RegistryNode* node = nullptr;
   const std::int32_t lResult = Walk(hParent, sPath, node);

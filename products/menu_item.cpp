@@ -31,6 +31,7 @@ std::int32_t StatusString(const std::optional<InstallationRecord>& record) {
 }  // namespace
 
 void MenuItem::Initialize() {
+  objDependencies_ = DependencyCollection();
   objDependencies_.Initialize();
   for (std::string* sField : {&sTitle_, &sImageFile_, &sReadMeFile_, &sInstallFile_, &sDescription_,
                               &sUninstallName_, &sProductCode_, &sRevision_})

@@ -117,6 +117,18 @@ TEST_P(RegistryContract, DefaultsEndWithTheirNul) {
   registry_.CloseKey(hKey);
 }
 
+TEST(MemoryRegistry, NoKeyIsNoParent) {
+  MemoryRegistry registry;
+  RegistryKey hKey = RegistryKey::None;
+  EXPECT_EQ(RegistryInvalidHandle,
+            registry.OpenKey(RegistryKey::None, "", RegistryReadWrite, hKey));
+  registry.SetText("HKEY_LOCAL_MACHINE\\A", "n", "x");
+  EXPECT_EQ(0, registry.OpenKey(RegistryKey::LocalMachine, "A", RegistryReadWrite, hKey));
+  EXPECT_EQ(0, registry.DeleteKey(RegistryKey::LocalMachine, "A"));
+  EXPECT_EQ(RegistryInvalidHandle,
+            registry.OpenKey(RegistryKey::None, "", RegistryReadWrite, hKey));
+}
+
 }  // namespace
 
 }  // namespace trelin
