@@ -1,5 +1,6 @@
 #include "menu/main_menu.h"
 
+#include "menu/row_layout.h"
 #include "startup/center_form.h"
 #include "startup/numbers.h"
 #include "startup/paths.h"
@@ -16,6 +17,11 @@ void IgnoringErrors(const std::function<void()>& step) {
   } catch (...) {
     return;
   }
+}
+
+void LayOut(Label& label, const LabelPlace& place, Twips rise) {
+  label.SetBounds(place.left, place.top - rise, place.width, place.height);
+  label.SetFont(place.font);
 }
 
 }  // namespace
@@ -55,16 +61,15 @@ void frmMainMenu::LayOutRow(std::int16_t Index) {
   // No key acts on a row or an icon, so Tab would seem to get lost there.
   picListItem[Index].SetTabStop(false);
   picIcon[Index].SetTabStop(false);
-  const Twips labelRise = Index == 0 ? 15.0F : 0.0F;
+  const Twips rise = Index == 0 ? TopRowRise : 0;
   picListItem[Index].SetVisible(false);
   picListItem[Index].SetBounds(0, 1440.0F * static_cast<Twips>(Index), 6645, 1440);
   picListItem[Index].SetTabIndex(static_cast<std::int16_t>(5 + Index));
   picIcon[Index].SetBounds(120, 120, 1365, 1185);
   picIcon[Index].SetTabIndex(static_cast<std::int16_t>(9 + Index));
-  lblTitle[Index].SetBounds(1620, 90 - labelRise, 4890, 315);
-  lblTitle[Index].SetFont({.points = 9.75F, .bBold = true, .bUnderline = true});
-  lblDescription[Index].SetBounds(1620, 405 - labelRise, 4890, 585);
-  lblStatus[Index].SetBounds(1620, 1050 - labelRise, 4890, 240);
+  LayOut(lblTitle[Index], TitlePlace, rise);
+  LayOut(lblDescription[Index], DescriptionPlace, rise);
+  LayOut(lblStatus[Index], StatusPlace, rise);
 }
 
 void frmMainMenu::LayOutButtons() {

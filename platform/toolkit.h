@@ -167,10 +167,15 @@ struct LabelFont {
   bool bUnderline = false;
 };
 
+// Whether a label of that size on a screen of 96 dots per inch shows all of the
+// text, wrapped at its width. Needs no window.
+bool LabelShowsWhole(const std::string& sText, const LabelFont& font, Twips width, Twips height);
+
 // A text that lets its container's background through, shows an ampersand as
-// one, and can be read by an accessibility client. It wraps at its width; lines
-// that do not fit whole are not shown. With an empty OnMouseDown the pointer
-// goes through to the container.
+// one, and can be read by an accessibility client. It wraps at its width, at
+// spaces or within a word that is too long for a line; lines that do not fit
+// whole are not shown, and then the last one ends in an ellipsis. With an empty
+// OnMouseDown the pointer goes through to the container.
 class Label : public Control {
  public:
   explicit Label(Control& container);

@@ -285,6 +285,28 @@ TEST_F(ToolkitWindow, LabelsCanBeReadAndLetTheBackgroundThrough) {
   EXPECT_EQ(Taken(), Events({"box", "label"}));
 }
 
+TEST_F(ToolkitWindow, ALabelThatIsTooSmallShowsNotAllOfItsText) {
+  const std::string sLine = "The quick brown fox jumps over the lazy dog, and once again";
+  const struct {
+    std::string sText;
+    LabelFont font;
+    int nLines;
+    bool bWhole;
+  } cases[] = {
+      {"", {}, 1, true},
+      {sLine, {}, 1, true},
+      {sLine, {.points = 9.75F, .bBold = true}, 1, false},
+      {sLine + ' ' + sLine, {}, 1, false},
+      {sLine + ' ' + sLine, {}, 2, true},
+      {sLine + "\r\n" + sLine + "\r\n" + sLine, {}, 2, false},
+      {std::string(200, 'W'), {}, 1, false},
+  };
+  for (const auto& c : cases)  // as wide as one of the menu
+    EXPECT_EQ(LabelShowsWhole(c.sText, c.font, 4890, 240.0F * static_cast<Twips>(c.nLines)),
+              c.bWhole)
+        << c.sText << " in " << c.nLines;
+}
+
 TEST_F(ToolkitWindow, LinesLeaveOutTheirFinalPixel) {
   box.OnPaint = [this] {
     for (const auto& [x1, y1, x2, y2] : std::vector<std::array<int, 4>>{

@@ -1,13 +1,12 @@
-#include <QApplication>
-#include <QFont>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
-#include <algorithm>
 #include <memory>
 
+#include "platform/host/toolkit_font.h"
 #include "platform/host/toolkit_measure.h"
 #include "platform/host/toolkit_native.h"
+#include "platform/host/toolkit_text_fit.h"
 #include "platform/modal_loop.h"
 
 namespace trelin {
@@ -24,11 +23,13 @@ class LabelWidget : public QLabel {
 
  protected:
   void paintEvent(QPaintEvent* /*pEvent*/) override {
-    const int nLineHeight = fontMetrics().lineSpacing();
-    const int nLines = std::max(1, height() / nLineHeight);
     QPainter painter(this);
-    painter.setClipRect(0, 0, width(), nLines * nLineHeight);
-    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, text());
+    QRect line(0, 0, width(), fontMetrics().lineSpacing());
+    for (const std::u16string& sLine : LinesIn(text(), font(), size()).lines) {
+      painter.drawText(line, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
+                       QString::fromStdU16String(sLine));
+      line.translate(0, line.height());
+    }
   }
   void mousePressEvent(QMouseEvent* pEvent) override {
     KeepFromContainer(*pEvent);
@@ -52,13 +53,7 @@ QLabel& LabelOf(const Label& label) { return static_cast<QLabel&>(*label.Get().w
 Label::Label(Control& container)
     : Control(std::make_unique<Native>(new LabelWidget(*this, container.Get().area))) {}
 
-void Label::SetFont(const LabelFont& font) {
-  QFont qtFont = QApplication::font();
-  qtFont.setPointSizeF(static_cast<double>(font.points));
-  qtFont.setBold(font.bBold);
-  qtFont.setUnderline(font.bUnderline);
-  LabelOf(*this).setFont(qtFont);
-}
+void Label::SetFont(const LabelFont& font) { LabelOf(*this).setFont(FontOf(font)); }
 
 void Label::SetCaption(const std::string& sCaption) { LabelOf(*this).setText(ToQString(sCaption)); }
 

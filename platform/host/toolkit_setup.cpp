@@ -1,37 +1,19 @@
 #include "platform/host/toolkit_setup.h"
 
 #include <QByteArray>
-#include <QFont>
-#include <QFontDatabase>
 #include <QIcon>
 #include <QPalette>
 #include <QPixmap>
-#include <QStringList>
 #include <QStyleFactory>
 #include <memory>
 
+#include "platform/host/toolkit_font.h"
 #include "platform/host/toolkit_measure.h"
 #include "platform/host/toolkit_picture.h"
 
 namespace trelin {
 
 namespace {
-
-constexpr double FontPoints = 8.25;
-
-// MS Sans Serif, or what comes nearest to it.
-QFont ProgramFont() {
-  const QStringList families = QFontDatabase::families();
-  QFont font = QApplication::font();
-  for (const char* pFamily : {"MS Sans Serif", "Microsoft Sans Serif", "Arial", "Liberation Sans",
-                              "Arimo", "Nimbus Sans", "DejaVu Sans"}) {
-    if (!families.contains(QLatin1String(pFamily))) continue;
-    font = QFont(QLatin1String(pFamily));
-    break;
-  }
-  font.setPointSizeF(FontPoints);
-  return font;
-}
 
 QPalette ClassicPalette() {
   const QColor face = ToQColor(Color::ButtonFace);
@@ -84,7 +66,7 @@ std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv) {
   application->setQuitOnLastWindowClosed(false);
   QApplication::setStyle(QStyleFactory::create("Windows"));
   QApplication::setPalette(ClassicPalette());
-  QApplication::setFont(ProgramFont());
+  QApplication::setFont(FontOf(LabelFont()));
   // Of message boxes that no window owns.
   QApplication::setWindowIcon(QIcon(QPixmap::fromImage(Picture::ProgramIcon().Get().image)));
   return application;

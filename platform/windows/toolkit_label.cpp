@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <memory>
 
 #include "platform/windows/toolkit_box.h"
@@ -7,6 +6,7 @@
 #include "platform/windows/toolkit_native.h"
 #include "platform/windows/toolkit_paint.h"
 #include "platform/windows/toolkit_text.h"
+#include "platform/windows/toolkit_text_fit.h"
 
 namespace trelin {
 
@@ -69,14 +69,14 @@ void LabelWindow::Paint() const {
   const HDC hContext = buffer.Context();
   Fill(hContext, buffer.Inside(), ToColorRef(BackColor()));
   SelectObject(hContext, reinterpret_cast<HFONT>(SendMessageA(Handle(), WM_GETFONT, 0, 0)));
-  TEXTMETRICA metrics{};
-  GetTextMetricsA(hContext, &metrics);
-  RECT text = buffer.Inside();
-  text.bottom = std::max(1L, text.bottom / metrics.tmHeight) * metrics.tmHeight;
   SetTextColor(hContext, ToColorRef(Color::ButtonText));
   SetBkMode(hContext, TRANSPARENT);
-  DrawTextA(hContext, WindowCaption(Handle()).c_str(), -1, &text,
-            DT_LEFT | DT_TOP | DT_WORDBREAK | DT_NOPREFIX);
+  const SIZE size = {buffer.Inside().right, buffer.Inside().bottom};
+  int nTop = 0;
+  for (const std::u16string& sLine : LinesIn(WindowCaption(Handle()), hContext, size).lines) {
+    TextOutW(hContext, 0, nTop, Wide(sLine), static_cast<int>(sLine.size()));
+    nTop += LineHeight(hContext);
+  }
 }
 
 }  // namespace

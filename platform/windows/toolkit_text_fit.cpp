@@ -1,0 +1,48 @@
+#include "platform/windows/toolkit_text_fit.h"
+
+#include "platform/toolkit.h"
+#include "platform/windows/handle.h"
+#include "platform/windows/toolkit_font.h"
+#include "platform/windows/toolkit_measure.h"
+
+namespace trelin {
+
+namespace {
+
+constexpr UINT UsualDpi = 96;
+
+std::u16string ToUtf16(const std::string& sText) {
+  const auto nBytes = static_cast<int>(sText.size());
+  std::u16string sWide(sText.size(), u'\0');  // no character is shorter in bytes
+  const int nLength = MultiByteToWideChar(CP_ACP, 0, sText.data(), nBytes,
+                                          reinterpret_cast<wchar_t*>(sWide.data()), nBytes);
+  sWide.resize(static_cast<std::size_t>(nLength));
+  return sWide;
+}
+
+}  // namespace
+
+int LineHeight(HDC hContext) {
+  TEXTMETRICA metrics{};
+  GetTextMetricsA(hContext, &metrics);
+  return metrics.tmHeight;
+}
+
+LabelLines LinesIn(const std::string& sText, HDC hContext, SIZE size) {
+  return BreakIntoLines(
+      ToUtf16(sText), size.cy / LineHeight(hContext), [&](std::u16string_view sPart) {
+        int nFitting = 0;
+        SIZE all{};
+        GetTextExtentExPointW(hContext, reinterpret_cast<const wchar_t*>(sPart.data()),
+                              static_cast<int>(sPart.size()), size.cx, &nFitting, nullptr, &all);
+        return static_cast<std::size_t>(nFitting);
+      });
+}
+
+bool LabelShowsWhole(const std::string& sText, const LabelFont& font, Twips width, Twips height) {
+  const MemoryContextOwner context(CreateCompatibleDC(nullptr));
+  SelectObject(context.get(), FontOf(font, UsualDpi));
+  return LinesIn(sText, context.get(), {Pixels(width, UsualDpi), Pixels(height, UsualDpi)}).bWhole;
+}
+
+}  // namespace trelin
