@@ -14,9 +14,9 @@
 #include <vector>
 
 #include "platform/code_page.h"
-#include "platform/command_line.h"
 #include "platform/host/host_files.h"
 #include "platform/host/host_path.h"
+#include "platform/start_paths.h"
 
 namespace trelin {
 
@@ -190,9 +190,11 @@ bool IsFolder(const std::string& sPath) {
 
 }  // namespace
 
+PathTests StartPathTests() { return {IsFile, IsFolder}; }
+
 void StartHostProgram(const std::string& sCommandLine) {
   RefuseNul(StartOperation, sCommandLine);
-  const CommandLine command = ResolveCommandLine(sCommandLine, {IsFile, IsFolder});
+  const CommandLine command = ResolveCommandLine(sCommandLine, StartPathTests());
   const std::string sHostPath = HostPath(command.sProgram);
   const int lReason = StartDetached(sHostPath, SplitArguments(command.sArguments));
   if (lReason != 0)

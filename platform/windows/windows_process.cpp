@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "platform/command_line.h"
+#include "platform/start_paths.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/windows_error.h"
 #include "platform/windows/windows_files.h"
@@ -57,9 +57,11 @@ std::string StartReason(const std::string& sFile, DWORD lReason) {
 
 }  // namespace
 
+PathTests StartPathTests() { return {IsProgram, IsFolder}; }
+
 void StartWindowsProgram(const std::string& sCommandLine) {
   RefuseNul(StartOperation, sCommandLine);
-  const CommandLine command = ResolveCommandLine(sCommandLine, {IsProgram, IsFolder});
+  const CommandLine command = ResolveCommandLine(sCommandLine, StartPathTests());
   const std::string sFile = ProgramFile(command.sProgram);
   const DWORD lReason = Start(sFile, PassedOn(command, sCommandLine));
   if (lReason == ERROR_SUCCESS) return;

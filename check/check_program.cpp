@@ -1,0 +1,120 @@
+// trelin-check: everything that is wrong with a setup list, at once.
+
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "check/checks.h"
+#include "check/library_check.h"
+#include "check/list_reader.h"
+#include "check/options.h"
+#include "check/results.h"
+#include "check/version.h"
+#include "platform/console.h"
+#include "platform/platform.h"
+#include "platform/platform_error.h"
+#include "platform/start_paths.h"
+#include "startup/string_resources.h"
+
+namespace trelin {
+
+namespace {
+
+constexpr std::int32_t LocaleId = 1033;  // as the launcher
+constexpr const char* ListName = "TRELIN.CFG";
+constexpr const char* LibraryName = "ENU35000.DLL";
+
+// A path as the user writes it, without a "./" that says nothing.
+std::string Shown(const std::string& sPath) {
+  return WrittenByUser(sPath.starts_with(".\\") ? sPath.substr(2) : sPath);
+}
+
+std::string InFolder(const std::string& sFolder, const char* pName) {
+  return sFolder + (sFolder.ends_with('\\') ? "" : "\\") + pName;
+}
+
+std::string FolderOf(const std::string& sPath) {
+  const std::size_t nName = sPath.rfind('\\');
+  return nName == std::string::npos ? "." : sPath.substr(0, nName + 1);
+}
+
+void RequireFolder(const std::string& sFolder) {
+  if (!StartPathTests().isFolder(sFolder))
+    throw PlatformError("find the folder", WrittenByUser(sFolder), "there is none of that name");
+}
+
+CheckedFile CheckList(const std::string& sPath, const std::string& sSourceFolder) {
+  Suite suite;
+  suite.sFolder = FolderOf(sPath);
+  suite.sSourceFolder = sSourceFolder.empty() ? suite.sFolder : sSourceFolder;
+  suite.list = ReadCheckedList(sPath);
+  Findings findings = CheckSuite(suite);
+  return {Shown(sPath), std::move(findings), std::move(suite.list.lines)};
+}
+
+// A suite that has a string library of its own ships it.
+Results CheckFolder(const std::string& sFolder, const std::string& sSourceFolder) {
+  Results results = {CheckList(InFolder(sFolder, ListName), sSourceFolder)};
+  const std::string sLibrary = InFolder(sFolder, LibraryName);
+  if (StartPathTests().isFile(sLibrary))
+    results.push_back({Shown(sLibrary), CheckLibrary(sLibrary), {}});
+  return results;
+}
+
+Results CheckWhatIsAsked(const Options& options) {
+  if (!options.sLibrary.empty())
+    return {{Shown(options.sLibrary), CheckLibrary(options.sLibrary), {}}};
+  if (!options.sSourceFolder.empty()) RequireFolder(options.sSourceFolder);
+  if (StartPathTests().isFolder(options.sPath))
+    return CheckFolder(options.sPath, options.sSourceFolder);
+  return {CheckList(options.sPath, options.sSourceFolder)};
+}
+
+std::string ReportOn(const Results& results, ReportFormat format) {
+  switch (format) {
+    case ReportFormat::Json:
+      return JsonReport(results);
+    case ReportFormat::Sarif:
+      return SarifReport(results);
+    case ReportFormat::Text:
+      break;
+  }
+  return TextReport(results);
+}
+
+// The words of the launcher come from its string library.
+void OpenStringResources() {
+  ResetStringResources();
+  InitStringResources(LocaleId);
+  if (GetResourceLibrary(35000) == 0)
+    throw PlatformError("open the string library",
+                        InFolder(TheSystem().ProgramFolder(), LibraryName),
+                        "it is missing or damaged; it belongs into the folder of trelin-check");
+}
+
+int RunChecks(const Options& options) {
+  OpenStringResources();
+  const Results results = CheckWhatIsAsked(options);
+  WriteOutput(ReportOn(results, options.format));
+  const bool bFailed = CountOf(results, Severity::Error) > 0 ||
+                       (options.bStrict && CountOf(results, Severity::Warning) > 0);
+  return bFailed ? 1 : 0;
+}
+
+}  // namespace
+
+int RunCommand(const std::vector<std::string>& arguments) {
+  try {
+    const Options options = ParseOptions(arguments);
+    if (options.bHelp) return WriteOutput(HelpText()), 0;
+    if (options.bVersion) return WriteOutput(std::string("trelin-check ") + Version + "\n"), 0;
+    return RunChecks(options);
+  } catch (const UsageError& error) {
+    WriteErrorOutput("trelin-check: " + Utf8Of(error.what()) + "\nTry trelin-check --help.\n");
+  } catch (const PlatformError& error) {
+    WriteErrorOutput("trelin-check: " + Utf8Of(error.what()) + "\n");
+  }
+  return FailureCode;
+}
+
+}  // namespace trelin

@@ -1,0 +1,244 @@
+// Checks of how products and prerequisites stand to each other.
+
+#include <algorithm>
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "check/checks.h"
+#include "check/nearest.h"
+#include "check/revision_order.h"
+#include "platform/platform.h"
+
+namespace trelin {
+
+namespace {
+
+// The registry finds a value in any letter case.
+std::string UpperCase(std::string_view sText) {
+  std::string sUpper(sText);
+  TheSystem().MakeUpperCase(sUpper);
+  return sUpper;
+}
+
+std::string CodeOf(const ListBlock& block) { return UpperCase(block.Value("PRODUCTCODE")); }
+
+std::string Quoted(std::string_view sText) { return '"' + std::string(sText) + '"'; }
+
+std::string InLine(const Place& place) { return "line " + std::to_string(place.lLine); }
+
+// Its title and where it stands.
+std::string Naming(const ListBlock& product) {
+  const std::string_view sTitle = product.Value("PRODUCT");
+  const std::string sLine = InLine(product.start);
+  return sTitle.empty() ? "the product in " + sLine : Quoted(sTitle) + " (" + sLine + ")";
+}
+
+using Products = std::vector<const ListBlock*>;
+
+// The numbers, from 0, of the products by their code; of products with the
+// same one the first.
+std::unordered_map<std::string, std::size_t> ByCode(const Products& products) {
+  std::unordered_map<std::string, std::size_t> numbers;
+  for (std::size_t n = 0; n < products.size(); ++n)
+    if (std::string sCode = CodeOf(*products[n]); !sCode.empty())
+      numbers.emplace(std::move(sCode), n);
+  return numbers;
+}
+
+// Calls it for each prerequisite that has a code, with the product that offers
+// it or a null pointer.
+template <class Use>
+void ForEachPrerequisite(const Suite& suite, Use use) {
+  const Products products = suite.list.Products();
+  const auto numbers = ByCode(products);
+  suite.list.ForEachBlock([&](const ListBlock& block) {
+    if (block.kind != BlockKind::Dependency || block.Value("PRODUCTCODE").empty()) return;
+    const auto number = numbers.find(CodeOf(block));
+    use(block, number != numbers.end() ? products[number->second] : nullptr);
+  });
+}
+
+// A code of the list that differs from sCode in a letter or two.
+std::string SimilarCode(const std::unordered_map<std::string, std::size_t>& numbers,
+                        const std::string& sCode) {
+  constexpr std::size_t FewLetters = 2;
+  constexpr std::size_t MostCodes = 1000;  // the time grows with each prerequisite
+  if (numbers.size() > MostCodes) return "";
+  std::map<std::size_t, std::string> byDistance;
+  for (const auto& [sKnown, nNumber] : numbers)
+    byDistance.emplace(EditDistance(sCode, sKnown), sKnown);
+  const auto nearest = byDistance.begin();
+  const bool bSimilar =
+      nearest != byDistance.end() && nearest->first <= FewLetters && nearest->first < sCode.size();
+  return bSimilar ? nearest->second : "";
+}
+
+}  // namespace
+
+void CheckRepeatedCodes(const Suite& suite, Report& report) {
+  const Products products = suite.list.Products();
+  const auto numbers = ByCode(products);
+  for (std::size_t n = 0; n < products.size(); ++n) {
+    const std::string sCode = CodeOf(*products[n]);
+    if (sCode.empty() || numbers.at(sCode) == n) continue;
+    report.Error(products[n]->PlaceOf("PRODUCTCODE"),
+                 "The product code " + Quoted(products[n]->Value("PRODUCTCODE")) + " is that of " +
+                     Naming(*products[numbers.at(sCode)]) +
+                     ", too: both show what is installed of either.",
+                 "Give each product a code of its own.");
+  }
+}
+
+void CheckOffered(const Suite& suite, Report& report) {
+  const auto numbers = ByCode(suite.list.Products());
+  ForEachPrerequisite(suite, [&](const ListBlock& prerequisite, const ListBlock* pProduct) {
+    if (pProduct != nullptr) return;
+    const std::string sSimilar = SimilarCode(numbers, CodeOf(prerequisite));
+    report.Warn(
+        prerequisite.PlaceOf("PRODUCTCODE"),
+        "No product of this list has the code " + Quoted(prerequisite.Value("PRODUCTCODE")) +
+            ": the user cannot install this prerequisite from the menu.",
+        sSimilar.empty() ? "" : "The code that is nearest to it is " + Quoted(sSimilar) + ".");
+  });
+}
+
+// Two revisions that compare the wrong way round have a rule of their own.
+void CheckRevisionsOffered(const Suite& suite, Report& report) {
+  ForEachPrerequisite(suite, [&](const ListBlock& prerequisite, const ListBlock* pProduct) {
+    if (pProduct == nullptr || pProduct->Value("REVISION").empty()) return;
+    const std::string_view sOffered = pProduct->Value("REVISION");
+    const std::string_view sRequired = prerequisite.Value("REVISION");
+    if (sRequired <= sOffered || CompareByNumbers(sRequired, sOffered) < 0) return;
+    report.Error(prerequisite.PlaceOf("REVISION"),
+                 "Revision " + Quoted(sRequired) + " is required, but " + Naming(*pProduct) +
+                     " offers " + Quoted(sOffered) + ", which is lower.",
+                 "Require " + Quoted(sOffered) + " or offer the higher one.");
+  });
+}
+
+namespace {
+
+// Looks for circles among the products along their prerequisites, depth first;
+// without recursion, as a chain may be as long as the list.
+class CircleSearch {
+ public:
+  CircleSearch(const Suite& suite, Report& report)
+      : products_(suite.list.Products()),
+        numbers_(ByCode(products_)),
+        states_(products_.size(), State::New),
+        report_(report) {}
+
+  void Run() {
+    for (std::size_t n = 0; n < products_.size(); ++n)
+      if (states_[n] == State::New) RunFrom(n);
+  }
+
+ private:
+  enum class State { New, OnPath, Done };
+
+  struct Step {
+    std::size_t nProduct;
+    std::size_t nNextBlock = 0;
+  };
+
+  void RunFrom(std::size_t nProduct) {
+    Enter(nProduct);
+    while (!path_.empty()) {
+      Step& step = path_.back();
+      const auto& blocks = products_[step.nProduct]->blocks;
+      if (step.nNextBlock == blocks.size()) {
+        states_[step.nProduct] = State::Done;
+        path_.pop_back();
+        continue;
+      }
+      Follow(blocks[step.nNextBlock++]);
+    }
+  }
+
+  void Enter(std::size_t nProduct) {
+    states_[nProduct] = State::OnPath;
+    path_.push_back({nProduct});
+  }
+
+  void Follow(const ListBlock& block) {
+    if (block.kind != BlockKind::Dependency) return;
+    const auto number = numbers_.find(CodeOf(block));
+    if (number == numbers_.end()) return;
+    if (states_[number->second] == State::New)
+      Enter(number->second);
+    else if (states_[number->second] == State::OnPath)
+      ReportCircle(number->second, block);
+  }
+
+  void ReportCircle(std::size_t nFirst, const ListBlock& prerequisite) {
+    const auto first = std::find_if(path_.begin(), path_.end(),
+                                    [nFirst](const Step& step) { return step.nProduct == nFirst; });
+    std::string sCircle;
+    for (auto step = first; step != path_.end(); ++step)
+      sCircle +=
+          Naming(*products_[step->nProduct]) + (step == first ? " needs " : ", which needs ");
+    report_.Error(prerequisite.PlaceOf("PRODUCTCODE"),
+                  (first + 1 == path_.end() ? "A product needs itself: "
+                                            : "Products wait for each other in a circle: ") +
+                      sCircle + Naming(*products_[nFirst]) + ".",
+                  "None of them can be installed. Remove one of the prerequisites.");
+  }
+
+  Products products_;
+  std::unordered_map<std::string, std::size_t> numbers_;
+  std::vector<State> states_;
+  std::vector<Step> path_;
+  Report& report_;
+};
+
+// The revisions that the list gives of each code, each text once.
+std::map<std::string, std::map<std::string, Place>> RevisionsByCode(const Suite& suite) {
+  std::map<std::string, std::map<std::string, Place>> revisions;
+  suite.list.ForEachBlock([&revisions](const ListBlock& block) {
+    const std::string sCode = CodeOf(block);
+    const std::string_view sRevision = block.Value("REVISION");
+    if (block.kind != BlockKind::SetupList && !sCode.empty() && !sRevision.empty())
+      revisions[sCode].emplace(sRevision, block.PlaceOf("REVISION"));
+  });
+  return revisions;
+}
+
+void ReportOrder(const std::string& sCode, const std::pair<const std::string, Place>& lower,
+                 const std::pair<const std::string, Place>& higher, Report& report) {
+  const auto [sLower, sHigher] = SortableSpelling(lower.first, higher.first);
+  const bool bHelps = sHigher < sLower;
+  report.Error(
+      std::max(lower.second, higher.second,
+               [](const Place& one, const Place& other) { return one.lLine < other.lLine; }),
+      "Of " + Quoted(sCode) + " the list gives the revisions " + Quoted(lower.first) + " (" +
+          InLine(lower.second) + ") and " + Quoted(higher.first) + " (" + InLine(higher.second) +
+          "). The launcher compares them as texts, and " + Quoted(lower.first) +
+          " is the lower one.",
+      bHelps ? "Write " + Quoted(sHigher) + " and " + Quoted(sLower) +
+                   ", also in the installers: these sort right."
+             : "Give all revisions the same number of digits.");
+}
+
+}  // namespace
+
+void CheckCircles(const Suite& suite, Report& report) { CircleSearch(suite, report).Run(); }
+
+// Of revisions in the order of their texts, neighbours show whether all are in
+// the order of their numbers.
+void CheckRevisionOrder(const Suite& suite, Report& report) {
+  for (const auto& [sCode, revisions] : RevisionsByCode(suite)) {
+    for (auto higher = revisions.begin(); higher != revisions.end(); ++higher) {
+      if (higher == revisions.begin()) continue;
+      const auto lower = std::prev(higher);
+      if (CompareByNumbers(lower->first, higher->first) > 0)
+        ReportOrder(sCode, *lower, *higher, report);
+    }
+  }
+}
+
+}  // namespace trelin

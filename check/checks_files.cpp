@@ -1,0 +1,220 @@
+// Checks of the files that the list names. Windows starts a program also when
+// its name lacks the ".exe", and finds files in any letter case.
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "check/checks.h"
+#include "platform/command_line.h"
+#include "platform/platform.h"
+#include "platform/platform_error.h"
+#include "platform/start_paths.h"
+#include "platform/toolkit.h"
+#include "startup/paths.h"
+
+namespace trelin {
+
+namespace {
+
+// Calls it for each product's entry of that key that counts and has a value.
+template <class Use>
+void ForEachFile(const Suite& suite, const char* pKey, Use use) {
+  for (const ListBlock* pProduct : suite.list.Products())
+    if (!pProduct->Value(pKey).empty()) use(*pProduct->Find(pKey));
+}
+
+std::string NameIn(const std::string& sPath) { return sPath.substr(sPath.find_last_of("\\/") + 1); }
+
+bool IsProgram(const std::string& sPath) {
+  const PathTests tests = StartPathTests();
+  const bool bLacksExtension = NameIn(sPath).find('.') == std::string::npos;
+  return tests.isFile(sPath) || (bLacksExtension && tests.isFile(sPath + ".exe"));
+}
+
+bool IsFolder(const std::string& sPath) { return StartPathTests().isFolder(sPath); }
+
+// As the launcher makes them.
+std::string PicturePath(const Suite& suite, const std::string& sValue) {
+  return suite.sFolder + (suite.sFolder.ends_with('\\') ? "" : "\\") + sValue;
+}
+std::string InstallerPath(const Suite& suite, const std::string& sValue) {
+  return JoinPath(suite.sSourceFolder, sValue);
+}
+
+std::string PathHint(const std::string& sValue, const std::string& sFolder) {
+  if (sValue.find('"') != std::string::npos)
+    return "Quotation marks count as part of the name: leave them out.";
+  if (sValue.starts_with("\\") || sValue.starts_with("/") || sValue.substr(0, 2).ends_with(':'))
+    return "The name is appended to " + sFolder + ": a full path does not work.";
+  return "";
+}
+
+// The sentence that the launcher would have for it.
+std::string OpenFailure(const std::string& sPath) {
+  try {
+    TheSystem().OpenInput(sPath);
+  } catch (const PlatformError& error) {
+    return error.what();
+  }
+  return "";
+}
+
+std::string PictureFailure(const std::string& sPath) {
+  try {
+    Picture::LoadFromFile(sPath);
+  } catch (const PlatformError& error) {
+    return error.what();
+  }
+  return "";
+}
+
+// Remembers what it found out about a path, as many products may name one.
+class Remembered {
+ public:
+  explicit Remembered(std::function<std::string(const std::string&)> find)
+      : find_(std::move(find)) {}
+
+  const std::string& operator()(const std::string& sPath) {
+    const auto [found, bNew] = found_.try_emplace(sPath);
+    if (bNew) found->second = find_(sPath);
+    return found->second;
+  }
+
+ private:
+  std::function<std::string(const std::string&)> find_;
+  std::unordered_map<std::string, std::string> found_;
+};
+
+std::string ReadMeLine(const Suite& suite, const std::string& sValue) {
+  return JoinPath(suite.sFolder, sValue);
+}
+
+// The program as it stands in a read-me entry, taken apart as the launcher does
+// when it starts it; empty when there is none.
+std::string ReadMeProgram(const Suite& suite, const std::string& sValue) {
+  const std::string sLine = ReadMeLine(suite, sValue);
+  const CommandLine command = ResolveCommandLine(sLine, {IsProgram, IsFolder});
+  if (!IsProgram(command.sProgram)) return "";
+  return sValue.substr(0, command.sProgram.size() - (sLine.size() - sValue.size()));
+}
+
+// Other files that the same entry might mean: shorter parts of the name that
+// are files, too.
+std::vector<std::string> OtherReadMes(const Suite& suite, const std::string& sProgram) {
+  std::vector<std::string> others;
+  const std::size_t nName = sProgram.size() - NameIn(sProgram).size();
+  for (std::size_t n = sProgram.find(' ', nName); n != std::string::npos;
+       n = sProgram.find(' ', n + 1)) {
+    const std::string sPart = sProgram.substr(0, n);
+    if (IsProgram(ReadMeLine(suite, sPart))) others.push_back(sPart);
+  }
+  return others;
+}
+
+bool EndsWithAnyCase(const std::string& sName, std::string_view sUpperEnd) {
+  if (sName.size() < sUpperEnd.size()) return false;
+  std::string sEnd = sName.substr(sName.size() - sUpperEnd.size());
+  TheSystem().MakeUpperCase(sEnd);
+  return sEnd == sUpperEnd;
+}
+
+// Kinds of files that Windows opens with another program, which the launcher
+// does not look for.
+constexpr std::array NoPrograms = {".MSI", ".MSP", ".MSU",  ".ZIP", ".7Z",  ".CAB",  ".ISO", ".TXT",
+                                   ".PDF", ".HTM", ".HTML", ".RTF", ".DOC", ".DOCX", ".CHM", ".HLP",
+                                   ".PS1", ".VBS", ".JS",   ".REG", ".INF", ".LNK",  ".URL", ".MD"};
+
+void ReportNoProgram(const std::string& sProgram, const Place& place, Report& report) {
+  for (const char* pEnd : NoPrograms) {
+    if (!EndsWithAnyCase(sProgram, pEnd)) continue;
+    const bool bInstallerFile = std::string_view(pEnd).starts_with(".MS");
+    report.Warn(
+        place,
+        "\"" + sProgram + "\" is no program by its name, and the launcher starts programs only.",
+        bInstallerFile ? "Name a program that starts msiexec with it."
+                       : "Name a program that opens it.");
+  }
+}
+
+}  // namespace
+
+void CheckPicturesThere(const Suite& suite, Report& report) {
+  Remembered failure(OpenFailure);
+  ForEachFile(suite, "IMAGE", [&](const ListEntry& entry) {
+    const std::string& sFailure = failure(PicturePath(suite, entry.sValue));
+    if (!sFailure.empty())
+      report.Error(entry.value,
+                   "The picture is missing: the product shows the launcher's own. " + sFailure,
+                   PathHint(entry.sValue, "the folder of the list"));
+  });
+}
+
+void CheckPicturesLoad(const Suite& suite, Report& report) {
+  Remembered failure([](const std::string& sPath) {
+    return OpenFailure(sPath).empty() ? PictureFailure(sPath) : "";
+  });
+  ForEachFile(suite, "IMAGE", [&](const ListEntry& entry) {
+    const std::string& sFailure = failure(PicturePath(suite, entry.sValue));
+    if (!sFailure.empty())
+      report.Error(entry.value,
+                   "The picture does not load: the product shows the launcher's own. " + sFailure,
+                   "Use a BMP, ICO, GIF, JPEG or PNG file, 32 by 32 pixels.");
+  });
+}
+
+void CheckInstallersThere(const Suite& suite, Report& report) {
+  Remembered failure(
+      [](const std::string& sPath) { return IsProgram(sPath) ? "" : OpenFailure(sPath); });
+  ForEachFile(suite, "INSTALLFILE", [&](const ListEntry& entry) {
+    const std::string& sFailure = failure(InstallerPath(suite, entry.sValue));
+    if (sFailure.empty()) return;
+    const std::string sFirstWord = entry.sValue.substr(0, entry.sValue.find(' '));
+    const bool bArguments =
+        sFirstWord != entry.sValue && IsProgram(InstallerPath(suite, sFirstWord));
+    report.Error(entry.value, "The installer is missing from the source folder. " + sFailure,
+                 bArguments
+                     ? "An installer gets no arguments: the whole text is taken for its name."
+                     : PathHint(entry.sValue, "the source folder"));
+  });
+}
+
+void CheckReadMesThere(const Suite& suite, Report& report) {
+  ForEachFile(suite, "READMEFILE", [&](const ListEntry& entry) {
+    if (!ReadMeProgram(suite, entry.sValue).empty()) return;
+    report.Error(entry.value,
+                 "The read-me program is missing from the folder of the list. " +
+                     OpenFailure(ReadMeLine(suite, entry.sValue)),
+                 PathHint(entry.sValue, "the folder of the list"));
+  });
+}
+
+void CheckReadMesClear(const Suite& suite, Report& report) {
+  ForEachFile(suite, "READMEFILE", [&](const ListEntry& entry) {
+    const std::string sProgram = ReadMeProgram(suite, entry.sValue);
+    if (NameIn(sProgram).find(' ') == std::string::npos) return;
+    std::string sOthers;
+    for (const std::string& sOther : OtherReadMes(suite, sProgram))
+      sOthers += (sOthers.empty() ? " It could also be \"" : ", \"") + sOther + "\"";
+    report.Warn(entry.value,
+                "The name of the read-me program has spaces, where its arguments might begin: the "
+                "launcher takes \"" +
+                    sProgram + "\", the longest part that is a file." + sOthers +
+                    (sOthers.empty() ? "" : "."),
+                "Give the program a name without spaces.");
+  });
+}
+
+void CheckPrograms(const Suite& suite, Report& report) {
+  ForEachFile(suite, "INSTALLFILE",
+              [&](const ListEntry& entry) { ReportNoProgram(entry.sValue, entry.value, report); });
+  ForEachFile(suite, "READMEFILE", [&](const ListEntry& entry) {
+    ReportNoProgram(ReadMeProgram(suite, entry.sValue), entry.value, report);
+  });
+}
+
+}  // namespace trelin

@@ -1,0 +1,30 @@
+// Checks of the room that texts have in the menu.
+
+#include <string>
+
+#include "check/checks.h"
+#include "menu/row_layout.h"
+
+namespace trelin {
+
+namespace {
+
+void ReportLong(const ListBlock& product, const char* pKey, const LabelPlace& place,
+                const char* pWhat, Report& report) {
+  const std::string sText(product.Value(pKey));
+  if (LabelShowsWhole(sText, place.font, place.width, place.height)) return;
+  report.Warn(product.PlaceOf(pKey),
+              std::string(pWhat) + " does not fit into its place in the menu: its end is cut off.",
+              "Shorten it.");
+}
+
+}  // namespace
+
+void CheckTextsFit(const Suite& suite, Report& report) {
+  for (const ListBlock* pProduct : suite.list.Products()) {
+    ReportLong(*pProduct, "PRODUCT", TitlePlace, "The title", report);
+    ReportLong(*pProduct, "DESCRIPTION", DescriptionPlace, "The description", report);
+  }
+}
+
+}  // namespace trelin

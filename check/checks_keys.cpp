@@ -1,0 +1,142 @@
+// Checks of the entries of each block by itself.
+
+#include <limits>
+#include <map>
+#include <string>
+
+#include "check/checks.h"
+#include "check/nearest.h"
+#include "startup/messages.h"
+#include "startup/string_resources.h"
+
+namespace trelin {
+
+namespace {
+
+bool IsKnown(BlockKind kind, const std::string& sKey) {
+  for (const char* pKnown : KeysOf(kind))
+    if (sKey == pKnown) return true;
+  return false;
+}
+
+// What another kind of block calls it, or the key that is nearest by its
+// letters.
+std::string NearestKey(BlockKind kind, const std::string& sKey) {
+  if (kind == BlockKind::Application && (sKey == "TITLE" || sKey == "NAME")) return "PRODUCT";
+  if (kind == BlockKind::Dependency && (sKey == "PRODUCT" || sKey == "NAME")) return "TITLE";
+  return NearestWord(sKey, KeysOf(kind));
+}
+
+// In the outer block the launcher says so itself.
+std::string UnknownKeyMessage(BlockKind kind, const std::string& sKey) {
+  if (kind == BlockKind::SetupList)
+    return FormatResourceString(35013, LoadResourceString(35014), sKey);
+  return LoadResourceString(35014) + " does not know the entry \"" + sKey + "\" in a block " +
+         NameOf(kind) + ". It beeps and leaves it out.";
+}
+
+// Where the key belongs, if it is known at all.
+std::string WhereKnown(const std::string& sKey) {
+  std::string sBlocks;
+  for (const BlockKind kind :
+       {BlockKind::SetupList, BlockKind::Application, BlockKind::Dependency}) {
+    if (!IsKnown(kind, sKey)) continue;
+    sBlocks += sBlocks.empty() ? " It is a key of a block " : " or ";
+    sBlocks += NameOf(kind);
+  }
+  return sBlocks.empty() ? sBlocks : sBlocks + ".";
+}
+
+// Reports each block that use accepts and in which the key is missing or has
+// no value.
+template <class Use>
+void ForEachWithout(const Suite& suite, const char* pKey, Use use) {
+  suite.list.ForEachBlock([&](const ListBlock& block) {
+    if (block.kind != BlockKind::SetupList && block.Value(pKey).empty())
+      use(block, block.PlaceOf(pKey));
+  });
+}
+
+}  // namespace
+
+void CheckUnknownKeys(const Suite& suite, Report& report) {
+  suite.list.ForEachBlock([&report](const ListBlock& block) {
+    for (const ListEntry& entry : block.entries) {
+      if (IsKnown(block.kind, entry.sKey)) continue;
+      report.Error(entry.key, UnknownKeyMessage(block.kind, entry.sKey),
+                   "The known key that is nearest to it is " + NearestKey(block.kind, entry.sKey) +
+                       "." + WhereKnown(entry.sKey));
+    }
+  });
+}
+
+void CheckRepeatedKeys(const Suite& suite, Report& report) {
+  suite.list.ForEachBlock([&report](const ListBlock& block) {
+    std::map<std::string, std::int32_t> lines;  // by key
+    for (const ListEntry& entry : block.entries) {
+      const auto [first, bNew] = lines.emplace(entry.sKey, entry.key.lLine);
+      if (bNew || !IsKnown(block.kind, entry.sKey)) continue;
+      report.Warn(entry.key,
+                  entry.sKey + " is given twice in this block, first in line " +
+                      std::to_string(first->second) + ". The later value counts.",
+                  "Remove one of the two lines.");
+    }
+  });
+}
+
+void CheckProductCount(const Suite& suite, Report& report) {
+  constexpr std::size_t MostProducts = std::numeric_limits<std::int16_t>::max();
+  const auto products = suite.list.Products();
+  if (products.size() <= MostProducts) return;
+  report.Error(products[MostProducts]->start,
+               "The setup list names " + std::to_string(products.size()) +
+                   " products, but the menu can show 32767 at the most.",
+               "Divide the suite into several lists, each in a folder of its own.");
+}
+
+void CheckTitles(const Suite& suite, Report& report) {
+  suite.list.ForEachBlock([&report](const ListBlock& block) {
+    if (block.kind == BlockKind::Application && block.Value("PRODUCT").empty())
+      report.Error(block.PlaceOf("PRODUCT"), "The product has no title: its row has no name.",
+                   "Add an entry \"PRODUCT = ...\".");
+    if (block.kind == BlockKind::Dependency && block.Value("TITLE").empty())
+      report.Warn(block.PlaceOf("TITLE"),
+                  "The prerequisite has no title: the message about it does not name it.",
+                  "Add an entry \"TITLE = ...\".");
+  });
+}
+
+void CheckInstallersNamed(const Suite& suite, Report& report) {
+  ForEachWithout(suite, "INSTALLFILE", [&](const ListBlock& block, const Place& place) {
+    if (block.kind == BlockKind::Application)
+      report.Warn(place, "The product has no installer: Setup only says so.",
+                  "Add an entry \"INSTALLFILE = ...\" unless it is there to be read only.");
+  });
+}
+
+void CheckCodesNamed(const Suite& suite, Report& report) {
+  ForEachWithout(suite, "PRODUCTCODE", [&](const ListBlock& block, const Place& place) {
+    const std::string sHint = "Add an entry \"PRODUCTCODE = ...\".";
+    if (block.kind == BlockKind::Application)
+      report.Warn(place, "The product has no product code: it always shows as not installed.",
+                  sHint);
+    else
+      report.Error(place, "The prerequisite has no product code: it never counts as installed.",
+                   sHint);
+  });
+}
+
+void CheckRevisionsNamed(const Suite& suite, Report& report) {
+  ForEachWithout(suite, "REVISION", [&](const ListBlock& block, const Place& place) {
+    if (block.kind != BlockKind::Application) return;
+    const std::string sHint = "Add an entry \"REVISION = ...\".";
+    if (block.Value("PRODUCTCODE").empty())
+      report.Warn(place, "The product has no revision.", sHint);
+    else
+      report.Error(place,
+                   "The product has no revision: whatever is installed counts as a newer one.",
+                   sHint);
+  });
+}
+
+}  // namespace trelin

@@ -1,0 +1,70 @@
+#include "check/encoding.h"
+
+#include <algorithm>
+
+namespace trelin {
+
+namespace {
+
+unsigned char Byte(std::string_view sText, std::size_t n) {
+  return n < sText.size() ? static_cast<unsigned char>(sText[n]) : 0;
+}
+
+bool IsAsciiByte(unsigned char c) { return c < 0x80; }
+
+// The length of the UTF-8 character of more than one byte at nAt; 0 when there
+// is none.
+std::size_t Utf8Length(std::string_view sText, std::size_t nAt) {
+  const unsigned char c = Byte(sText, nAt);
+  const std::size_t nLength = c >= 0xF0 ? 4 : c >= 0xE0 ? 3 : 2;
+  if (c < 0xC2 || c > 0xF4) return 0;
+  for (std::size_t n = 1; n < nLength; ++n)
+    if ((Byte(sText, nAt + n) & 0xC0U) != 0x80U) return 0;
+  return nLength;
+}
+
+// Whether all that is not ASCII in the line is UTF-8. In a text of the ANSI
+// code page a letter beyond ASCII hardly ever has the neighbours for that.
+bool IsUtf8(std::string_view sLine) {
+  for (std::size_t n = 0; n < sLine.size();) {
+    const std::size_t nLength = IsAsciiByte(Byte(sLine, n)) ? 1 : Utf8Length(sLine, n);
+    if (nLength == 0) return false;
+    n += nLength;
+  }
+  return true;
+}
+
+// The five codes that Windows-1252 leaves open.
+bool StandsForNothing(unsigned char c) {
+  return c == 0x81 || c == 0x8D || c == 0x8F || c == 0x90 || c == 0x9D;
+}
+
+bool IsControl(unsigned char c) { return (c < 0x20 && c != '\t') || c == 0x7F; }
+
+std::string InHex(unsigned char c) {
+  const char* const pDigits = "0123456789ABCDEF";
+  return {pDigits[c >> 4U], pDigits[c & 0xFU]};
+}
+
+}  // namespace
+
+bool IsUtf16(std::string_view sFile) {
+  if (sFile.starts_with("\xFF\xFE") || sFile.starts_with("\xFE\xFF")) return true;
+  const std::string_view sBegin = sFile.substr(0, 64);
+  const auto nZeros = static_cast<std::size_t>(std::count(sBegin.begin(), sBegin.end(), '\0'));
+  return sBegin.size() >= 4 && nZeros >= sBegin.size() / 2 - 1;
+}
+
+std::optional<ForeignText> FindForeignText(std::string_view sLine) {
+  const bool bUtf8 = IsUtf8(sLine);
+  for (std::size_t n = 0; n < sLine.size(); ++n) {
+    const unsigned char c = Byte(sLine, n);
+    if (bUtf8 && !IsAsciiByte(c)) return ForeignText{n, Utf8Length(sLine, n), "is UTF-8"};
+    if (StandsForNothing(c))
+      return ForeignText{n, 1, "has the code " + InHex(c) + ", which stands for no character,"};
+    if (IsControl(c)) return ForeignText{n, 1, "has the control character " + InHex(c)};
+  }
+  return std::nullopt;
+}
+
+}  // namespace trelin

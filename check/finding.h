@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "check/rules.h"
+
+namespace trelin {
+
+// A stretch of one line of the checked file. Lines and columns count from 1,
+// a column is one character of the ANSI code page; a tab is one. Line 0 is
+// the file as a whole.
+struct Place {
+  std::int32_t lLine = 0;
+  std::int32_t lColumn = 1;
+  std::int32_t lLength = 1;
+
+  bool operator==(const Place&) const = default;
+};
+
+// An error is what the launcher's user would meet: a message, a beep, a
+// product that cannot be installed or a state that is wrong. A warning is what
+// works, but is hardly meant.
+enum class Severity { Warning, Error };
+
+// Texts are in the ANSI code page and may have several lines.
+struct Finding {
+  Rule rule;
+  Severity severity;
+  Place place;
+  std::string sMessage;
+  std::string sHint;         // what to do; may be empty
+  std::int32_t lNumber = 0;  // of the text of a string library; 0 in a setup list
+};
+
+using Findings = std::vector<Finding>;
+
+}  // namespace trelin

@@ -1,0 +1,50 @@
+// The form is documented in docs/trelin-check.md; what is there stays.
+
+#include "check/json_writer.h"
+#include "check/results.h"
+#include "check/version.h"
+#include "platform/console.h"
+
+namespace trelin {
+
+namespace {
+
+void WriteFinding(const CheckedFile& file, const Finding& finding, JsonWriter& json) {
+  const Place& place = finding.place;
+  json.Begin('{');
+  json.Member("file", Utf8Of(file.sPath));
+  if (place.lLine > 0) {
+    json.NumberMember("line", place.lLine);
+    json.NumberMember("column", place.lColumn);
+    json.NumberMember("length", place.lLength);
+    json.Member("source", Utf8Of(file.lines.Line(place.lLine)));
+  }
+  if (finding.lNumber > 0) json.NumberMember("number", finding.lNumber);
+  json.Member("severity", NameOf(finding.severity));
+  json.Member("rule", TextOf(finding.rule).pName);
+  json.Member("message", Utf8Of(finding.sMessage));
+  if (!finding.sHint.empty()) json.Member("hint", Utf8Of(finding.sHint));
+  json.End('}');
+}
+
+}  // namespace
+
+std::string JsonReport(const Results& results) {
+  constexpr int FormVersion = 1;
+  JsonWriter json;
+  json.Begin('{');
+  json.NumberMember("version", FormVersion);
+  json.Member("tool", "trelin-check");
+  json.Member("toolVersion", Version);
+  json.NumberMember("errors", static_cast<long long>(CountOf(results, Severity::Error)));
+  json.NumberMember("warnings", static_cast<long long>(CountOf(results, Severity::Warning)));
+  json.Key("findings");
+  json.Begin('[');
+  for (const CheckedFile& file : results)
+    for (const Finding& finding : file.findings) WriteFinding(file, finding, json);
+  json.End(']');
+  json.End('}');
+  return json.Text();
+}
+
+}  // namespace trelin

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+#include "check/finding.h"
+#include "platform/pe_string_table.h"
+
+namespace trelin {
+
+// Compares a string library with the program's own: the numbers of its texts,
+// their placeholders, and what the menu needs of some of them. The notice may
+// have any number of lines.
+Findings CompareLibraries(const PeStringTable& own, const PeStringTable& library);
+
+// Reads the library at sPath and compares it with the program's own, which lies
+// in the program's folder. Throws PlatformError when either cannot be read, and
+// std::runtime_error when the program's own is damaged.
+Findings CheckLibrary(const std::string& sPath);
+
+}  // namespace trelin

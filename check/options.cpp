@@ -1,0 +1,121 @@
+#include "check/options.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <map>
+
+namespace trelin {
+
+namespace {
+
+std::string ProgramPathOf(std::string sArgument) {
+  std::replace(sArgument.begin(), sArgument.end(), '/', '\\');
+  return sArgument;
+}
+
+ReportFormat FormatOf(const std::string& sName) {
+  static const std::map<std::string, ReportFormat> formats = {
+      {"text", ReportFormat::Text}, {"json", ReportFormat::Json}, {"sarif", ReportFormat::Sarif}};
+  const auto format = formats.find(sName);
+  if (format == formats.end())
+    throw UsageError("The format \"" + sName + "\" is none of text, json and sarif.");
+  return format->second;
+}
+
+class OptionReader {
+ public:
+  explicit OptionReader(const std::vector<std::string>& arguments) : arguments_(arguments) {}
+
+  Options Read() {
+    for (; nNext_ < arguments_.size(); ++nNext_) {
+      const std::string& sArgument = arguments_[nNext_];
+      if (bOptionsEnd_ || !sArgument.starts_with('-') || sArgument == "-")
+        TakePath(sArgument);
+      else
+        TakeOption(sArgument);
+    }
+    if (bPath_ && !options_.sLibrary.empty())
+      throw UsageError("Either a setup list or a string library can be checked at a time.");
+    return options_;
+  }
+
+ private:
+  void TakePath(const std::string& sArgument) {
+    if (bPath_) throw UsageError("One folder or file can be checked at a time.");
+    if (sArgument.empty()) throw UsageError("The name of the folder or file is empty.");
+    options_.sPath = ProgramPathOf(sArgument);
+    bPath_ = true;
+  }
+
+  void TakeOption(const std::string& sArgument) {
+    sName_ = sArgument.substr(0, sArgument.find('='));
+    if (sArgument == "--")
+      bOptionsEnd_ = true;
+    else if (sArgument == "--help" || sArgument == "-h")
+      options_.bHelp = true;
+    else if (sArgument == "--version")
+      options_.bVersion = true;
+    else if (sArgument == "--strict")
+      options_.bStrict = true;
+    else if (sName_ == "--format")
+      options_.format = FormatOf(TakeValue());
+    else if (sName_ == "--source")
+      options_.sSourceFolder = ProgramPathOf(TakeValue());
+    else if (sName_ == "--library")
+      options_.sLibrary = ProgramPathOf(TakeValue());
+    else
+      throw UsageError("The option \"" + sArgument + "\" is unknown.");
+  }
+
+  // Behind an equals sign, or the next argument.
+  std::string TakeValue() {
+    const std::string& sArgument = arguments_[nNext_];
+    if (sName_ != sArgument) return NotEmpty(sArgument.substr(sName_.size() + 1));
+    if (nNext_ + 1 == arguments_.size())
+      throw UsageError("The option \"" + sName_ + "\" needs a value.");
+    return NotEmpty(arguments_[++nNext_]);
+  }
+
+  std::string NotEmpty(const std::string& sValue) const {
+    if (sValue.empty()) throw UsageError("The value of the option \"" + sName_ + "\" is empty.");
+    return sValue;
+  }
+
+  const std::vector<std::string>& arguments_;
+  std::size_t nNext_ = 0;
+  std::string sName_;  // of the option at hand
+  Options options_;
+  bool bPath_ = false;
+  bool bOptionsEnd_ = false;
+};
+
+}  // namespace
+
+Options ParseOptions(const std::vector<std::string>& arguments) {
+  return OptionReader(arguments).Read();
+}
+
+std::string HelpText() {
+  return R"(Checks the setup list of a suite before it ships.
+
+  trelin-check [--source FOLDER] [--format FORMAT] [--strict] [FOLDER|FILE]
+  trelin-check --library FILE [--format FORMAT] [--strict]
+
+FOLDER is the suite's folder, which holds TRELIN.CFG and what it names; without
+it, the current folder. FILE is a setup list of any name.
+
+  --source FOLDER   the folder that installers are started from, if it is another
+                    one than that of the list
+  --format FORMAT   text (the usual one), json or sarif
+  --strict          warnings count as errors
+  --library FILE    compares a translated string library with the program's own
+  --help            shows this
+  --version         shows the version
+
+An error is what the user of the launcher would meet; a warning is what works,
+but is hardly meant. The exit code is 0 without errors, 1 with errors (with
+--strict also with warnings), 2 when something cannot be read.
+)";
+}
+
+}  // namespace trelin

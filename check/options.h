@@ -1,0 +1,32 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace trelin {
+
+enum class ReportFormat { Text, Json, Sarif };
+
+// What trelin-check is asked to do. Paths are those of the program.
+struct Options {
+  bool bHelp = false;
+  bool bVersion = false;
+  bool bStrict = false;  // warnings count as errors
+  ReportFormat format = ReportFormat::Text;
+  std::string sPath = ".";    // a folder with a TRELIN.CFG, or a setup list
+  std::string sSourceFolder;  // empty: the folder of the list
+  std::string sLibrary;       // not empty: the string library to check instead
+};
+
+// A command line that does not say what to do; what() tells the user.
+class UsageError : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+// Throws UsageError.
+Options ParseOptions(const std::vector<std::string>& arguments);
+
+std::string HelpText();
+
+}  // namespace trelin

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "check/finding.h"
+#include "check/source_lines.h"
+
+namespace trelin {
+
+// What was found in one file.
+struct CheckedFile {
+  std::string sPath;  // as the user writes it
+  Findings findings;
+  SourceLines lines;  // none of a string library
+};
+
+using Results = std::vector<CheckedFile>;
+
+std::size_t CountOf(const Results& results, Severity severity);
+
+const char* NameOf(Severity severity);  // "error", "warning"
+
+// The results in one of the formats, in UTF-8.
+std::string TextReport(const Results& results);
+std::string JsonReport(const Results& results);
+std::string SarifReport(const Results& results);
+
+}  // namespace trelin

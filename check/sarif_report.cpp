@@ -1,0 +1,129 @@
+// SARIF 2.1.0, the Static Analysis Results Interchange Format of OASIS, which
+// code hosts show beside the lines of a change.
+
+#include <algorithm>
+#include <string>
+
+#include "check/json_writer.h"
+#include "check/results.h"
+#include "check/version.h"
+#include "platform/console.h"
+
+namespace trelin {
+
+namespace {
+
+bool IsUriCharacter(char c) {
+  const bool bAlphanumeric =
+      (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+  return bAlphanumeric || std::string_view("-._~/:").find(c) != std::string_view::npos;
+}
+
+// A relative reference, or a file URI for a full path.
+std::string UriOf(std::string sUtf8Path) {
+  std::replace(sUtf8Path.begin(), sUtf8Path.end(), '\\', '/');
+  const bool bDrive = sUtf8Path.size() > 1 && sUtf8Path[1] == ':';
+  std::string sUri = bDrive ? "file:///" : sUtf8Path.starts_with('/') ? "file://" : "";
+  const char* const pDigits = "0123456789ABCDEF";
+  for (const char c : sUtf8Path) {
+    const auto nByte = static_cast<unsigned char>(c);
+    if (IsUriCharacter(c))
+      sUri += c;
+    else
+      sUri.append(1, '%').append(1, pDigits[nByte >> 4U]).append(1, pDigits[nByte & 0xFU]);
+  }
+  return sUri;
+}
+
+void WriteText(const char* pKey, const std::string& sUtf8, JsonWriter& json) {
+  json.Key(pKey);
+  json.Begin('{');
+  json.Member("text", sUtf8);
+  json.End('}');
+}
+
+void WriteRules(JsonWriter& json) {
+  json.Key("rules");
+  json.Begin('[');
+  for (const RuleText& rule : Rules()) {
+    json.Begin('{');
+    json.Member("id", rule.pName);
+    WriteText("shortDescription", rule.pSummary, json);
+    json.End('}');
+  }
+  json.End(']');
+}
+
+void WriteTool(JsonWriter& json) {
+  json.Key("tool");
+  json.Begin('{');
+  json.Key("driver");
+  json.Begin('{');
+  json.Member("name", "trelin-check");
+  json.Member("semanticVersion", Version);
+  WriteRules(json);
+  json.End('}');
+  json.End('}');
+}
+
+void WriteRegion(const Place& place, JsonWriter& json) {
+  if (place.lLine == 0) return;
+  json.Key("region");
+  json.Begin('{');
+  json.NumberMember("startLine", place.lLine);
+  json.NumberMember("startColumn", place.lColumn);
+  json.NumberMember("endColumn", place.lColumn + std::max(place.lLength, 1));
+  json.End('}');
+}
+
+void WriteLocation(const CheckedFile& file, const Finding& finding, JsonWriter& json) {
+  json.Key("locations");
+  json.Begin('[');
+  json.Begin('{');
+  json.Key("physicalLocation");
+  json.Begin('{');
+  json.Key("artifactLocation");
+  json.Begin('{');
+  json.Member("uri", UriOf(Utf8Of(file.sPath)));
+  json.End('}');
+  WriteRegion(finding.place, json);
+  json.End('}');
+  json.End('}');
+  json.End(']');
+}
+
+void WriteResult(const CheckedFile& file, const Finding& finding, JsonWriter& json) {
+  const std::string sHint = finding.sHint.empty() ? "" : "\n\n" + finding.sHint;
+  json.Begin('{');
+  json.Member("ruleId", TextOf(finding.rule).pName);
+  json.NumberMember("ruleIndex", static_cast<long long>(finding.rule));
+  json.Member("level", NameOf(finding.severity));
+  WriteText("message", Utf8Of(finding.sMessage + sHint), json);
+  WriteLocation(file, finding, json);
+  json.End('}');
+}
+
+}  // namespace
+
+std::string SarifReport(const Results& results) {
+  JsonWriter json;
+  json.Begin('{');
+  json.Member("$schema", "https://json.schemastore.org/sarif-2.1.0.json");
+  json.Member("version", "2.1.0");
+  json.Key("runs");
+  json.Begin('[');
+  json.Begin('{');
+  WriteTool(json);
+  json.Member("columnKind", "unicodeCodePoints");
+  json.Key("results");
+  json.Begin('[');
+  for (const CheckedFile& file : results)
+    for (const Finding& finding : file.findings) WriteResult(file, finding, json);
+  json.End(']');
+  json.End('}');
+  json.End(']');
+  json.End('}');
+  return json.Text();
+}
+
+}  // namespace trelin

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+// What a command-line program and the platform under it ask of each other, in
+// the place of entry.h. The platform's main sets up everything but windows; the
+// registry is an empty one of the program's own.
+namespace trelin {
+
+// The program, defined once a program. Arguments are in the ANSI code page,
+// without the program's name. Returns the exit code. What it throws is written
+// to the standard error output, and the exit code is FailureCode.
+int RunCommand(const std::vector<std::string>& arguments);
+
+constexpr int FailureCode = 2;
+
+// A path of the program as the user would write it on this system.
+std::string WrittenByUser(const std::string& sPath);
+
+// A text of the ANSI code page in UTF-8.
+std::string Utf8Of(const std::string& sText);
+
+// Write a text in UTF-8 to the standard output, and to that for errors; a
+// console shows its letters. Throws PlatformError when it cannot be written.
+void WriteOutput(const std::string& sUtf8);
+void WriteErrorOutput(const std::string& sUtf8);
+
+}  // namespace trelin

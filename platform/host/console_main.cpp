@@ -1,0 +1,69 @@
+#include <QGuiApplication>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "platform/code_page.h"
+#include "platform/console.h"
+#include "platform/host/host_path.h"
+#include "platform/host/host_string_library.h"
+#include "platform/host/host_system.h"
+#include "platform/memory_registry.h"
+#include "platform/platform.h"
+
+namespace trelin {
+
+namespace {
+
+void Write(const std::string& sText, std::FILE* pOutput) {
+  const bool bWritten = std::fwrite(sText.data(), 1, sText.size(), pOutput) == sText.size() &&
+                        std::fflush(pOutput) == 0;
+  if (!bWritten) throw HostError("write to", "the standard output", errno);
+}
+
+// What Qt misses of a desktop is of no interest to the user of a terminal.
+void DropMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/,
+                 const QString& /*message*/) {}
+
+// Texts are measured by Qt, which needs neither a display nor the arguments.
+QGuiApplication& WithoutDisplay() {
+  qInstallMessageHandler(DropMessage);
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  static int argc = 1;
+  static std::array<char, 1> name{};
+  static std::array<char*, 2> argv = {name.data(), nullptr};
+  static QGuiApplication application(argc, argv.data());
+  return application;
+}
+
+}  // namespace
+
+std::string WrittenByUser(const std::string& sPath) { return ShownPath(HostPath(sPath)); }
+
+std::string Utf8Of(const std::string& sText) { return ToUtf8(sText); }
+
+void WriteOutput(const std::string& sUtf8) { Write(sUtf8, stdout); }
+
+void WriteErrorOutput(const std::string& sUtf8) { Write(sUtf8, stderr); }
+
+}  // namespace trelin
+
+int main(int argc, char** argv) {
+  try {
+    trelin::HostSystem system(argc, argv);
+    trelin::MemoryRegistry registry;
+    trelin::HostStringLibraryLoader libraries;
+    trelin::UsePlatform({&registry, &libraries, &system});
+    trelin::WithoutDisplay();
+
+    std::vector<std::string> arguments;
+    for (int i = 1; i < argc; ++i) arguments.push_back(trelin::FromUtf8(argv[i]));
+    return trelin::RunCommand(arguments);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", trelin::ToUtf8(error.what()).c_str());
+    return trelin::FailureCode;
+  }
+}
