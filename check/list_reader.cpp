@@ -71,7 +71,8 @@ class StructureReader {
                FormatResourceString(35010, "BLOCK", Next().place.lLine, Outer, Next().sWord), "");
     }
     list_.outer.start = Next().place;
-    if (MeantType(Next().sWord, Outer) == Outer) ++nNext_;
+    bOuterStarted_ = MeantType(Next().sWord, Outer) == Outer;
+    if (bOuterStarted_) ++nNext_;
     return true;
   }
 
@@ -90,10 +91,14 @@ class StructureReader {
         AddEntry(block, statement);
         ++nNext_;
       }
-      // The END that is missing may be that of this block alone.
-      if (bEndImplied_ && Accepts(block.kind, MeantType(Next().sWord, ""))) bEndImplied_ = false;
+      // The END that is missing may be that of this block alone; that of the
+      // outer one is not.
+      if (bEndImplied_ &&
+          (block.kind == BlockKind::SetupList || Accepts(block.kind, MeantType(Next().sWord, ""))))
+        bEndImplied_ = false;
     }
-    if (AtEnd() && !bAfterEndReported_) AddMissingEnd(block);
+    const bool bStarted = &block != &list_.outer || bOuterStarted_;
+    if (AtEnd() && bStarted && !bAfterEndReported_) AddMissingEnd(block);
   }
 
   void AddEntry(ListBlock& block, const Statement& statement) const {
@@ -121,7 +126,7 @@ class StructureReader {
     const std::string sType = Next().sWord;
     const std::string sMeant = MeantType(sType, ExpectedIn(block.kind));
     if (!Accepts(block.kind, sType)) {
-      const bool bEndMissing = ClosesBlock(block.kind, sMeant) && !IsNested();
+      const bool bEndMissing = ClosesBlock(block.kind, MeantType(sType, "")) && !IsNested();
       ReportInner(block, bEndMissing);
       if (bEndMissing) {
         bEndImplied_ = true;
@@ -216,6 +221,7 @@ class StructureReader {
   std::int32_t lDepth_ = 1;    // blocks that are open
   std::int32_t lEnd_ = 0;      // the line of the last END
   std::size_t nReported_ = 0;  // the inner block that was reported last
+  bool bOuterStarted_ = false;
   bool bEndImplied_ = false;
   bool bAfterEndReported_ = false;
 };

@@ -1,6 +1,5 @@
 #include <QGuiApplication>
 #include <array>
-#include <cerrno>
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -8,7 +7,6 @@
 
 #include "platform/code_page.h"
 #include "platform/console.h"
-#include "platform/host/host_path.h"
 #include "platform/host/host_string_library.h"
 #include "platform/host/host_system.h"
 #include "platform/memory_registry.h"
@@ -17,12 +15,6 @@
 namespace trelin {
 
 namespace {
-
-void Write(const std::string& sText, std::FILE* pOutput) {
-  const bool bWritten = std::fwrite(sText.data(), 1, sText.size(), pOutput) == sText.size() &&
-                        std::fflush(pOutput) == 0;
-  if (!bWritten) throw HostError("write to", "the standard output", errno);
-}
 
 // What Qt misses of a desktop is of no interest to the user of a terminal.
 void DropMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/,
@@ -40,14 +32,6 @@ QGuiApplication& WithoutDisplay() {
 }
 
 }  // namespace
-
-std::string WrittenByUser(const std::string& sPath) { return ShownPath(HostPath(sPath)); }
-
-std::string Utf8Of(const std::string& sText) { return ToUtf8(sText); }
-
-void WriteOutput(const std::string& sUtf8) { Write(sUtf8, stdout); }
-
-void WriteErrorOutput(const std::string& sUtf8) { Write(sUtf8, stderr); }
 
 }  // namespace trelin
 
