@@ -1,0 +1,96 @@
+// The input is the setup list file. What trelin-check says of it is what the
+// launcher does with it: the first fault of the format is the launcher's
+// message, and unknown keys are as many as it complains of.
+
+#include "check/checked_list.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <string>
+
+#include "check/checks.h"
+#include "check/encoding.h"
+#include "check/list_reader.h"
+#include "fuzz/fuzz_platform.h"
+#include "fuzz/target.h"
+#include "setuplist/setup_list.h"
+#include "startup/error.h"
+
+namespace trelin {
+
+namespace {
+
+constexpr const char* Path = "C:\\Suite\\TRELIN.CFG";
+
+// What the launcher says at the end of its reading; empty when it reads the
+// whole list.
+std::string LaunchersFault() {
+  SetupList list;
+  list.Initialize();
+  std::string sFault;
+  try {
+    list.LoadFromFile(Path);
+  } catch (const Error& error) {
+    sFault = error.Description();
+  } catch (const std::overflow_error& error) {
+    sFault = error.what();
+  }
+  list.Terminate();
+  return sFault;
+}
+
+std::string FirstFault(Findings faults) {
+  std::erase_if(faults, [](const Finding& f) { return f.severity != Severity::Error; });
+  std::stable_sort(faults.begin(), faults.end(), [](const Finding& one, const Finding& other) {
+    return one.place.lLine < other.place.lLine;
+  });
+  return faults.empty() ? "" : faults.front().sMessage;
+}
+
+Findings Run(CheckFunction check, const Suite& suite, Rule rule) {
+  Findings findings;
+  Report report(rule, findings);
+  check(suite, report);
+  return findings;
+}
+
+void CheckPlaces(const Findings& findings, const SourceLines& lines) {
+  for (const Finding& finding : findings) {
+    const Place& place = finding.place;
+    Check(place.lLine >= 0 && place.lLine <= lines.Count(), "a finding is in a line of the file");
+    const auto nSize = lines.Line(place.lLine).size();
+    Check(place.lColumn >= 1 && place.lLength >= 1 &&
+              static_cast<std::size_t>(place.lColumn) <= nSize + 1,
+          "a finding is in its line or right behind it");
+  }
+}
+
+}  // namespace
+
+void Try(std::string_view sInput) {
+  FuzzPlatform platform;
+  platform.system.file.sBytes = sInput;
+  const std::string sFault = LaunchersFault();
+  const auto nComplaints = static_cast<std::size_t>(platform.system.nBeeps) +
+                           static_cast<std::size_t>(std::count(platform.system.sShown.begin(),
+                                                               platform.system.sShown.end(), '('));
+
+  const Suite suite{ReadCheckedList(Path), "C:\\Suite", "C:\\Suite"};
+  Check(platform.system.nOpenFiles == 0, "the file is closed");
+  CheckPlaces(suite.list.faults, suite.list.lines);
+  if (IsUtf16(sInput)) return;
+  CheckEqual(sFault, FirstFault(suite.list.faults), "the first fault is what the launcher says");
+
+  const Findings unknown = Run(CheckUnknownKeys, suite, Rule::UnknownKey);
+  if (sFault.empty() && nComplaints == 0)
+    Check(unknown.empty(), "the launcher knows every key that the check knows");
+  if (sFault.empty() && nComplaints > 0)
+    Check(!unknown.empty(), "the check knows no key that the launcher does not know");
+  for (const CheckFunction check :
+       {CheckLineLengths, CheckCodePage, CheckRepeatedKeys, CheckTitles, CheckCodesNamed,
+        CheckRevisionsNamed, CheckRepeatedCodes, CheckOffered, CheckRevisionsOffered, CheckCircles,
+        CheckRevisionOrder})
+    CheckPlaces(Run(check, suite, Rule::LongText), suite.list.lines);
+}
+
+}  // namespace trelin
