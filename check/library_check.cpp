@@ -14,6 +14,7 @@
 
 #include "menu/row_layout.h"
 #include "platform/code_page.h"
+#include "platform/pe_string_table.h"
 #include "platform/platform.h"
 #include "platform/read_file.h"
 #include "startup/paths.h"
@@ -29,10 +30,8 @@ constexpr std::size_t LongestText = 1023;
 constexpr std::array<std::uint16_t, 5> States = {35015, 35016, 35017, 35018, 35032};
 constexpr std::array<std::uint16_t, 3> Buttons = {35024, 35027, 35028};
 
-using Texts = std::map<std::uint16_t, std::u16string>;
-
-Texts TextsOf(const PeStringTable& table) {
-  Texts texts;
+LibraryTexts TextsOf(const PeStringTable& table) {
+  LibraryTexts texts;
   for (std::uint16_t n = FirstNumber; n <= LastNumber; ++n)
     if (std::u16string sText = table.Text(n); !sText.empty()) texts.emplace(n, std::move(sText));
   return texts;
@@ -51,7 +50,7 @@ bool IsNoticeLine(std::uint16_t nNumber) {
 }
 
 // The numbers that the program asks for, given how many lines the notice has.
-std::set<std::uint16_t> NumbersAskedFor(const Texts& own, const Texts& texts) {
+std::set<std::uint16_t> NumbersAskedFor(const LibraryTexts& own, const LibraryTexts& texts) {
   std::set<std::uint16_t> numbers;
   for (const auto& [nNumber, sText] : own)
     if (!IsNoticeLine(nNumber)) numbers.insert(nNumber);
@@ -79,8 +78,8 @@ std::string Listed(const std::set<char16_t>& digits) {
 
 class LibraryComparison {
  public:
-  LibraryComparison(const PeStringTable& own, const PeStringTable& library)
-      : own_(TextsOf(own)), texts_(TextsOf(library)), askedFor_(NumbersAskedFor(own_, texts_)) {}
+  LibraryComparison(const LibraryTexts& own, const LibraryTexts& texts)
+      : own_(own), texts_(texts), askedFor_(NumbersAskedFor(own, texts)) {}
 
   Findings Run() {
     CompareNumbers();
@@ -194,30 +193,33 @@ class LibraryComparison {
           "does not fit into its place in the menu: its end is cut off.", "Shorten it.");
   }
 
-  Texts own_;
-  Texts texts_;
+  const LibraryTexts& own_;
+  const LibraryTexts& texts_;
   std::set<std::uint16_t> askedFor_;
   Findings findings_;
 };
 
-std::optional<PeStringTable> ReadTable(const std::string& sPath) {
+// Nothing when the file is no library, or a damaged one.
+std::optional<LibraryTexts> ReadTexts(const std::string& sPath) {
   const std::unique_ptr<InputFile> file = TheSystem().OpenInput(sPath);
   std::optional<std::string> sBytes = ReadWholeFile(*file);
   if (!sBytes) return std::nullopt;
-  return PeStringTable::Parse(std::move(*sBytes));
+  const std::optional<PeStringTable> table = PeStringTable::Parse(std::move(*sBytes));
+  if (!table) return std::nullopt;
+  return TextsOf(*table);
 }
 
 }  // namespace
 
-Findings CompareLibraries(const PeStringTable& own, const PeStringTable& library) {
+Findings CompareLibraries(const LibraryTexts& own, const LibraryTexts& library) {
   return LibraryComparison(own, library).Run();
 }
 
 Findings CheckLibrary(const std::string& sPath) {
   const std::string sOwnPath = ProgramFile("ENU35000.DLL");
-  const std::optional<PeStringTable> own = ReadTable(sOwnPath);
+  const std::optional<LibraryTexts> own = ReadTexts(sOwnPath);
   if (!own) throw std::runtime_error("The string library \"" + sOwnPath + "\" is damaged.");
-  const std::optional<PeStringTable> library = ReadTable(sPath);
+  const std::optional<LibraryTexts> library = ReadTexts(sPath);
   if (library) return CompareLibraries(*own, *library);
   return {{Rule::LibraryDamaged,
            Severity::Error,

@@ -1,0 +1,80 @@
+#include "check/library_check.h"
+
+#include "tests/check/suite_folder.h"
+
+namespace trelin {
+namespace {
+
+// A small program's own texts, with each kind of them.
+const LibraryTexts Own = {
+    {35000, u"Text %0% is missing."},
+    {35010, u"Line %1%: %0% %2%, not %3%."},
+    {35015, u"Not installed"},
+    {35016, u"Installed"},
+    {35024, u"E&xit"},
+    {35027, u"&Setup"},
+    {35028, u"&Read Me"},
+    {35040, u"2"},
+    {35041, u"First line"},
+    {35042, u"Second line"},
+};
+
+// The findings, one a line: "35010 error placeholders".
+std::string Compare(const LibraryTexts& changes) {
+  LibraryTexts texts = Own;
+  for (const auto& [nNumber, sText] : changes) {
+    texts[nNumber] = sText;
+    if (sText.empty()) texts.erase(nNumber);
+  }
+  std::string sLines;
+  for (const Finding& finding : CompareLibraries(Own, texts))
+    sLines += std::to_string(finding.lNumber) +
+              (finding.severity == Severity::Error ? " error " : " warning ") +
+              TextOf(finding.rule).pName + "\n";
+  return sLines;
+}
+
+TEST(LibraryCheck, ComparesWithTheProgramsOwn) {
+  const struct {
+    const char* pWhat;
+    LibraryTexts changes;
+    const char* pFindings;
+  } cases[] = {
+      {"the same", {}, ""},
+      {"a translation",
+       {{35010, u"%3% statt %2%: %0%, Zeile %1%, %1%"}, {35027, u"&Einrichten"}},
+       ""},
+      {"a text is missing", {{35010, u""}}, "35010 error missing-text\n"},
+      {"one too many", {{35011, u"x"}}, "35011 warning unknown-text\n"},
+      {"a placeholder is missing", {{35010, u"Line %1%: %0% %2%."}}, "35010 error placeholders\n"},
+      {"a wrong placeholder", {{35000, u"Text %1% is missing."}}, "35000 error placeholders\n"},
+      {"a percent sign is none", {{35015, u"0% and 5 % and %x%"}}, ""},
+      {"more lines of the notice", {{35040, u"3"}, {35043, u"Third"}}, ""},
+      {"fewer", {{35040, u"1"}, {35042, u""}}, ""},
+      {"more than there are", {{35040, u"3"}}, "35043 error missing-text\n"},
+      {"as long as can be", {{35041, std::u16string(1023, u'x')}}, ""},
+      {"longer", {{35041, std::u16string(1024, u'x')}}, "35041 error text-too-long\n"},
+      {"letters of the code page", {{35041, u"\u00E4\u20AC?"}}, ""},
+      {"others", {{35041, u"\u0105"}}, "35041 warning text-not-ansi\n"},
+      {"states alike", {{35015, u"Installed"}}, "35016 error alike-texts\n"},
+      {"a long state", {{35015, std::u16string(200, u'w')}}, "35015 warning long-text\n"},
+      {"no access key", {{35027, u"Setup && more"}}, "35027 warning access-key\n"},
+      {"one for two buttons", {{35028, u"&setup"}}, "35028 warning access-key\n"},
+      {"a long button", {{35027, u"&Installationsprogramm starten"}}, "35027 warning long-text\n"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(Compare(c.changes), c.pFindings) << c.pWhat;
+}
+
+class LibraryFileCheck : public CheckTest {};
+
+TEST_F(LibraryFileCheck, TheProgramsOwnIsCleanAndADamagedOneIsNamed) {
+  const std::string sBytes = FileBytes(TRELIN_BUILD_DIR "/ENU35000.DLL");
+  folder.Write("own.dll", sBytes);
+  folder.Write("cut.dll", sBytes.substr(0, sBytes.size() / 2));
+  EXPECT_EQ(Summary(CheckLibrary(ProgramPath(folder / "own.dll"))), "");
+  EXPECT_EQ(Summary(CheckLibrary(ProgramPath(folder / "cut.dll"))), "0:1 error library-damaged\n");
+  EXPECT_THROW(CheckLibrary(ProgramPath(folder / "none.dll")), PlatformError);
+}
+
+}  // namespace
+}  // namespace trelin
