@@ -2,7 +2,8 @@
 """Draws the pictures of the demonstration suite and the program's icon.
 
     demo/pictures/draw.py          writes the pictures next to this script
-                                   and menu/trelin.ico
+                                   and menu/trelin.ico, and the same
+                                   icons into packaging/icons
 
 The pictures are committed; the build does not run this. The output is the
 same bytes every time.
@@ -136,8 +137,21 @@ def reports():
     ]
 
 
+def smooth_icon():
+    return render_smooth(icon_256(), 256, 6)
+
+
+def opaque(pixels):
+    """With an opacity, as PNG has it."""
+    return [[(0, 0, 0, 0) if c is None else (*c, 255) for c in row] for row in pixels]
+
+
 def main():
     here = Path(__file__).resolve().parent
+    small_icons = {
+        size: render(shapes, BLACK, size)
+        for size, shapes in {16: icon_16(), 32: icon_32(), 48: icon_48()}.items()
+    }
     for name, picture in {
         "runtime.bmp": bmp(render(runtime())),
         "sensors.gif": gif(render(sensors())),
@@ -146,13 +160,14 @@ def main():
         "optics.ico": ico(icon_image(render(optics()))),
         "reports.gif": gif(render(reports())),
         "../../menu/trelin.ico": ico(
-            icon_image(render(icon_32(), BLACK, 32), VGA, 4),
-            icon_image(render(icon_16(), BLACK, 16), VGA, 4),
-            icon_image(render(icon_48(), BLACK, 48), VGA, 4),
-            png_image(render_smooth(icon_256(), 256, 6)),
+            *(icon_image(small_icons[size], VGA, 4) for size in (32, 16, 48)),
+            png_image(smooth_icon()),
         ),
     }.items():
         (here / name).write_bytes(picture)
+    icons = {size: opaque(pixels) for size, pixels in small_icons.items()} | {256: smooth_icon()}
+    for size, pixels in icons.items():
+        (here / f"../../packaging/icons/{size}.png").write_bytes(png_image(pixels)[2])
 
 
 if __name__ == "__main__":
