@@ -1,0 +1,31 @@
+# For scripts (bash) that use the programs on a display of their own, with mouse
+# and keyboard. What is in pids ends with the script.
+
+pids=()
+trap 'kill "${pids[@]}" 2>/dev/null || true' EXIT
+
+start_display() {
+  local number
+  exec {answer}< <(exec Xvfb -displayfd 1 -screen 0 "${1:-1024x768}x24" -nolisten tcp 2>/dev/null)
+  pids+=($!)
+  read -r -t 30 number <&"$answer"
+  export DISPLAY=:$number
+  unset QT_QPA_PLATFORM WAYLAND_DISPLAY
+  icewm -t win95/default.theme -c /dev/null >/dev/null 2>&1 &
+  pids+=($!)
+}
+
+# Waits until a window of that title is there.
+window() {
+  local id
+  for _ in $(seq 150); do
+    id=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | tail -n 1)
+    [ -z "$id" ] || { echo "$id"; return; }
+    sleep 0.1
+  done
+  echo "The window \"$1\" did not come." >&2
+  return 1
+}
+
+# Presses a point of the window, given from the corner of its contents.
+press() { xdotool mousemove --window "$1" "$2" "$3" click 1; }
