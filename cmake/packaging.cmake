@@ -5,10 +5,7 @@ set(programs lib/${PROJECT_NAME})
 set(documents ${CMAKE_BINARY_DIR}/package-documents)
 
 # The programs that users start stand in bin; they find the rest beside them.
-install(TARGETS trelin demo_installer demo_readme DESTINATION ${programs})
-if(TARGET trelin-check)
-  install(TARGETS trelin-check DESTINATION ${programs})
-endif()
+install(TARGETS trelin trelin-check demo_installer demo_readme DESTINATION ${programs})
 install(FILES ${CMAKE_BINARY_DIR}/ENU35000.DLL DESTINATION ${programs})
 install(PROGRAMS packaging/trelin packaging/trelin-demo DESTINATION bin)
 install(CODE "file(CREATE_LINK ../${programs}/trelin-check
@@ -44,7 +41,7 @@ compress(${CMAKE_SOURCE_DIR}/CHANGELOG.md ${documents}/changelog.gz)
 install(FILES ${documents}/changelog.gz packaging/copyright DESTINATION share/doc/${PROJECT_NAME})
 
 add_custom_target(package_contents DEPENDS ${compressed})
-add_dependencies(package_contents trelin string_library demo)
+add_dependencies(package_contents trelin trelin-check string_library demo)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ${PROJECT_NAME})
