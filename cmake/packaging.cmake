@@ -17,6 +17,8 @@ install(DIRECTORY demo/texts DESTINATION share/${PROJECT_NAME}/demo FILES_MATCHI
 install(DIRECTORY demo/pictures DESTINATION share/${PROJECT_NAME}/demo
   FILES_MATCHING PATTERN *.bmp PATTERN *.gif PATTERN *.ico)
 
+install(FILES strings/enu35000.rc DESTINATION share/${PROJECT_NAME})  # for translators
+
 install(FILES packaging/trelin-demo.desktop DESTINATION share/applications)
 foreach(size 16 32 48 256)
   install(FILES packaging/icons/${size}.png
