@@ -39,6 +39,35 @@ std::int16_t ListModel::MaxTopIndex() const { return ItemNumber(ItemCount() - nV
 
 void ListModel::ScrollTo(std::int16_t nTopIndex) { objSetupList_.SetTopIndex(nTopIndex); }
 
+// May lie outside the list.
+std::int32_t ListModel::Target(Step step, std::int32_t lItem) const {
+  switch (step) {
+    case Step::Up:
+      return lItem - 1;
+    case Step::Down:
+      return lItem + 1;
+    case Step::PageUp:
+      return lItem - nVisibleRows_;
+    case Step::PageDown:
+      return lItem + nVisibleRows_;
+    case Step::Home:
+      return 1;
+    case Step::End:
+      break;
+  }
+  return ItemCount();
+}
+
+// The list as a whole is entered at its top row.
+std::optional<ListModel::Place> ListModel::Go(Step step, std::optional<std::int16_t> nRow) const {
+  if (nVisibleRows_ == 0) return std::nullopt;
+  const bool bEnters = !nRow && step != Step::Home && step != Step::End;
+  const std::int32_t lTarget = bEnters ? FirstItem() : Target(step, FirstItem() + nRow.value_or(0));
+  const std::int32_t lItem = std::clamp<std::int32_t>(lTarget, 1, ItemCount());
+  const std::int32_t lTop = std::clamp<std::int32_t>(FirstItem(), lItem - nVisibleRows_ + 1, lItem);
+  return Place{ItemNumber(lTop), ItemNumber(lItem - lTop)};
+}
+
 void ListModel::Select(std::int16_t nRow) {
   objSetupList_.SetCurrentIndex(ItemNumber(FirstItem() + nRow));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "setuplist/setup_list.h"
 
@@ -34,6 +35,15 @@ class ListModel {
   std::int16_t MaxTopIndex() const;
   void ScrollTo(std::int16_t nTopIndex);
 
+  // Where a step leads from row nRow, or from the list as a whole, and which
+  // product the top row shows then. Nowhere in an empty list.
+  enum class Step { Up, Down, PageUp, PageDown, Home, End };
+  struct Place {
+    std::int16_t nTopIndex, nRow;
+    bool operator==(const Place&) const = default;
+  };
+  std::optional<Place> Go(Step step, std::optional<std::int16_t> nRow) const;
+
   // Selects the product that row nRow shows.
   void Select(std::int16_t nRow);
   bool SetupEnabled() const;
@@ -55,6 +65,7 @@ class ListModel {
 
  private:
   std::int16_t ItemCount() const;
+  std::int32_t Target(Step step, std::int32_t lItem) const;
 
   SetupList& objSetupList_;
   std::int16_t nVisibleRows_ = 0;

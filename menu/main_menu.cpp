@@ -52,15 +52,13 @@ void frmMainMenu::LayOutList() {
   picList.SetBounds(75, 120, 6975, 5820);
   picList.SetBorder(BoxBorder::Sunken);
   picList.SetTabIndex(3);
+  picList.SetTabStop(false);  // it is covered by its rows, to which Tab goes
   VScroll.SetBounds(6660, 0, 255, 5760);
   VScroll.SetTabIndex(4);
   for (std::int16_t i = 0; i < Rows; ++i) LayOutRow(i);
 }
 
 void frmMainMenu::LayOutRow(std::int16_t Index) {
-  // No key acts on a row or an icon, so Tab would seem to get lost there.
-  picListItem[Index].SetTabStop(false);
-  picIcon[Index].SetTabStop(false);
   const Twips rise = Index == 0 ? TopRowRise : 0;
   picListItem[Index].SetVisible(false);
   picListItem[Index].SetBounds(0, 1440.0F * static_cast<Twips>(Index), 6645, 1440);
@@ -87,6 +85,7 @@ void frmMainMenu::ConnectEvents() {
   OnLoad = [this] { Form_Load(); };
   OnUnload = [this] { Form_Unload(); };
   for (std::int16_t i = 0; i < Rows; ++i) ConnectRowEvents(i);
+  picList.OnKey = [this](BoxKey key) { picList_Key(key); };
   VScroll.OnChange = [this] { VScroll_Change(); };
   VScroll.OnScroll = [this] { VScroll_Scroll(); };
   cmdSetup.OnClick = [this] { cmdSetup_Click(); };
@@ -98,6 +97,8 @@ void frmMainMenu::ConnectEvents() {
 void frmMainMenu::ConnectRowEvents(std::int16_t Index) {
   picListItem[Index].OnPaint = [this, Index] { picListItem_Paint(Index); };
   picListItem[Index].OnClick = [this, Index] { picListItem_Click(Index); };
+  picListItem[Index].OnKey = [this, Index](BoxKey key) { picListItem_Key(Index, key); };
+  picIcon[Index].OnKey = [this, Index](BoxKey key) { picIcon_Key(Index, key); };
   picIcon[Index].OnPaint = [this, Index] { picIcon_Paint(Index); };
   picIcon[Index].OnMouseDown = [this, Index](Twips, Twips) { picIcon_MouseDown(Index); };
   picIcon[Index].OnMouseMove = [this, Index](Twips X, Twips Y) { picIcon_MouseMove(Index, X, Y); };

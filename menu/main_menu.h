@@ -75,7 +75,13 @@ class frmMainMenu : public Form {
   void VScroll_Change();
   void VScroll_Scroll();
   void Timer1_Timer();
-  void ShowSelection();
+  void ShowSelection(std::int16_t Index);
+
+  // main_menu_keys.cpp
+  void picList_Key(BoxKey key);
+  void picListItem_Key(std::int16_t Index, BoxKey key);
+  void picIcon_Key(std::int16_t Index, BoxKey key);
+  void MoveFocus(ControlArray<PictureBox>& picBoxes, BoxKey key, std::optional<std::int16_t> nRow);
 
   // main_menu_commands.cpp
   void cmdSetup_Click();

@@ -56,6 +56,14 @@ void DrawSunkenFrame(PictureBox& picBox, std::int32_t W, std::int32_t H, PixelSi
                     });
 }
 
+// The given number of pixels away from the edges.
+void DrawFocus(PictureBox& picBox, std::int16_t nPixels) {
+  if (!picBox.ShowsFocus()) return;
+  const Twips x = Screen::TwipsPerPixelX() * nPixels;
+  const Twips y = Screen::TwipsPerPixelY() * nPixels;
+  picBox.DrawFocusRectangle(x, y, picBox.Width() - 2 * x, picBox.Height() - 2 * y);
+}
+
 // Where an image begins that is centred in a box, in twips.
 std::int16_t CenteredOffset(Twips boxSize, std::int16_t nImagePixels, std::int16_t nTwipsPerPixel) {
   const std::int32_t lImage = std::int32_t{nImagePixels} * nTwipsPerPixel;
@@ -117,6 +125,7 @@ void frmMainMenu::RefreshRows() {
 
 void frmMainMenu::picListItem_Paint(std::int16_t Index) {
   PictureBox& picBox = picListItem[Index];
+  DrawFocus(picBox, 3);
   if (picBox.BackColor() == Color::ButtonFace) return;
   const Twips bottom = picBox.Height() - Screen::TwipsPerPixelY();
   picBox.Line(0, 0, picBox.Width(), 0, picBox.ForeColor());
@@ -130,6 +139,7 @@ void frmMainMenu::picIcon_Paint(std::int16_t Index) {
   const bool bPressed = model_->bIconPressed();
   (bPressed ? DrawSunkenFrame : DrawRaisedFrame)(picBox, W, H, PixelSize());
   DrawIcon(picBox, ToInt16(model_->FirstItem() + Index, "The product's number"), bPressed);
+  DrawFocus(picBox, 4);
 }
 
 void frmMainMenu::DrawIcon(PictureBox& picBox, std::int16_t nItem, bool bPressed) {

@@ -14,15 +14,15 @@ bool IsInside(const PictureBox& picBox, Twips X, Twips Y) {
 
 void frmMainMenu::picListItem_Click(std::int16_t Index) {
   model_->Select(Index);
-  ShowSelection();
+  ShowSelection(Index);
 }
 
-void frmMainMenu::ShowSelection() {
+void frmMainMenu::ShowSelection(std::int16_t Index) {
   cmdSetup.SetEnabled(model_->SetupEnabled());
   cmdReadMe.SetEnabled(model_->ReadMeEnabled());
   RefreshRows();
-  // Away from a button, so that Enter is Setup.
-  picList.SetFocus();
+  // Away from a button, so that Enter is Setup, and to where keys go on from.
+  picListItem[Index].SetFocus();
 }
 
 void frmMainMenu::lblTitle_MouseDown(std::int16_t Index) { picListItem_Click(Index); }
@@ -35,7 +35,7 @@ void frmMainMenu::picIcon_MouseDown(std::int16_t Index) {
   PictureBox& picBox = picIcon[Index];
   picBox.CapturePointer();
   model_->PressIcon(Index);
-  ShowSelection();
+  ShowSelection(Index);
   picBox.Refresh();
 }
 

@@ -131,6 +131,8 @@ class Form : public Control {
 
 enum class BoxBorder { None, Sunken };
 
+enum class BoxKey { Space, Up, Down, PageUp, PageDown, Home, End };
+
 // A rectangle that the program paints, and a container of other controls.
 // Pointer positions are relative to the inside of its border; they may lie
 // outside while the pointer is captured or a button is held down. All buttons
@@ -149,7 +151,16 @@ class PictureBox : public Control {
   // towards the second, whose pixel is left out. Only from OnPaint.
   void Line(Twips x1, Twips y1, Twips x2, Twips y2, Color color);
 
+  // Draws the system's focus rectangle, one pixel wide, inside the given one.
+  // Only from OnPaint.
+  void DrawFocusRectangle(Twips left, Twips top, Twips width, Twips height);
+
   void Refresh();  // requests a repaint
+
+  // Whether the box has the focus and is to show it: while its form is used by
+  // keys, from Tab or a key of OnKey until the next press of the pointer. The
+  // box is repainted when that changes.
+  bool ShowsFocus() const;
 
   void CapturePointer();
   void ReleasePointer();
@@ -159,6 +170,10 @@ class PictureBox : public Control {
   std::function<void(Twips x, Twips y)> OnMouseDown;
   std::function<void(Twips x, Twips y)> OnMouseMove;
   std::function<void(Twips x, Twips y)> OnMouseUp;
+
+  // Pressed while the box has the focus, without Ctrl or Alt. While a key is
+  // held down it repeats, but not Space.
+  std::function<void(BoxKey key)> OnKey;
 };
 
 struct LabelFont {

@@ -25,7 +25,20 @@ struct PixelRect {
 };
 std::ostream& operator<<(std::ostream& out, const PixelRect& rect);
 
-enum class Key { Enter, KeypadEnter, Escape, Tab, Space, Down, PageDown };
+enum class Key {
+  Enter,
+  KeypadEnter,
+  Escape,
+  Tab,
+  BackTab,
+  Space,
+  Up,
+  Down,
+  PageUp,
+  PageDown,
+  Home,
+  End
+};
 
 namespace Driver {
 

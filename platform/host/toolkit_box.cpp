@@ -1,5 +1,8 @@
 #include "platform/host/toolkit_box.h"
 
+#include <QApplication>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
 #include <memory>
 
 #include "platform/host/toolkit_form.h"
@@ -20,6 +23,29 @@ void DispatchPointer(const PointerHandler& handler, const QMouseEvent& event) {
   const Twips x = TwipsX(event.position().x());
   const Twips y = TwipsY(event.position().y());
   DispatchInput([handler, x, y] { handler(x, y); });
+}
+
+std::optional<BoxKey> KeyOf(const QKeyEvent& event) {
+  if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0)
+    return std::nullopt;
+  switch (event.key()) {
+    case Qt::Key_Space:
+      return BoxKey::Space;
+    case Qt::Key_Up:
+      return BoxKey::Up;
+    case Qt::Key_Down:
+      return BoxKey::Down;
+    case Qt::Key_PageUp:
+      return BoxKey::PageUp;
+    case Qt::Key_PageDown:
+      return BoxKey::PageDown;
+    case Qt::Key_Home:
+      return BoxKey::Home;
+    case Qt::Key_End:
+      return BoxKey::End;
+    default:
+      return std::nullopt;
+  }
 }
 
 }  // namespace
@@ -63,6 +89,18 @@ void BoxArea::Draw(const Image& image, const QImage& pixels) {
     Refresh();
   }
 }
+
+void BoxArea::keyPressEvent(QKeyEvent* pEvent) {
+  const std::optional<BoxKey> key = KeyOf(*pEvent);
+  if (!key || !box_.OnKey) return QWidget::keyPressEvent(pEvent);
+  FormOf(*this).ShowFocus(true);
+  if (*key != BoxKey::Space || !pEvent->isAutoRepeat())
+    DispatchInput([handler = box_.OnKey, key] { handler(*key); });
+}
+
+void BoxArea::focusInEvent(QFocusEvent* /*pEvent*/) { Refresh(); }
+
+void BoxArea::focusOutEvent(QFocusEvent* /*pEvent*/) { Refresh(); }
 
 void BoxArea::TakeFocus() {
   if (box_.OnClick || property(TabIndexProperty).isValid()) setFocus(Qt::MouseFocusReason);
@@ -140,6 +178,17 @@ void PictureBox::Line(Twips x1, Twips y1, Twips x2, Twips y2, Color color) {
       bHorizontal ? QRect(nFirst, from.y(), nCount, 1) : QRect(from.x(), nFirst, 1, nCount);
   pPainter->fillRect(line, ToQColor(color));
 }
+
+void PictureBox::DrawFocusRectangle(Twips left, Twips top, Twips width, Twips height) {
+  QPainter* const pPainter = AreaOf(*this).CurrentPainter();
+  if (pPainter == nullptr) return;
+  QStyleOptionFocusRect option;
+  option.rect = QRect(PixelsX(left), PixelsY(top), PixelsX(width), PixelsY(height));
+  option.backgroundColor = ToQColor(BackColor());
+  QApplication::style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, pPainter);
+}
+
+bool PictureBox::ShowsFocus() const { return HasFocus() && FormOf(AreaOf(*this)).ShowsFocus(); }
 
 void PictureBox::Refresh() { AreaOf(*this).Refresh(); }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QFocusEvent>
 #include <QFrame>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -46,6 +48,9 @@ class BoxArea : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* pEvent) override;
+  void keyPressEvent(QKeyEvent* pEvent) override;
+  void focusInEvent(QFocusEvent* pEvent) override;
+  void focusOutEvent(QFocusEvent* pEvent) override;
   void mousePressEvent(QMouseEvent* pEvent) override;
   void mouseMoveEvent(QMouseEvent* pEvent) override;
   void mouseReleaseEvent(QMouseEvent* pEvent) override;

@@ -4,7 +4,9 @@
 #include <QIcon>
 #include <algorithm>
 #include <memory>
+#include <optional>
 
+#include "platform/host/toolkit_box.h"
 #include "platform/host/toolkit_measure.h"
 #include "platform/host/toolkit_native.h"
 #include "platform/host/toolkit_picture.h"
@@ -19,11 +21,14 @@ Qt::WindowFlags Flags(bool bShowInTaskbar) {
          Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 }
 
-int TabIndex(const QWidget* pWidget) { return pWidget->property(TabIndexProperty).toInt(); }
+std::optional<int> TabIndex(const QWidget& widget) {
+  const QVariant index = widget.property(TabIndexProperty);
+  return index.isValid() ? std::optional(index.toInt()) : std::nullopt;
+}
 
 bool IsTabStop(const QWidget& widget) {
   const QVariant stop = widget.property(TabStopProperty);
-  return widget.property(TabIndexProperty).isValid() && (!stop.isValid() || stop.toBool());
+  return TabIndex(widget) && (!stop.isValid() || stop.toBool());
 }
 
 // Runs its action when the scope is left, also by an exception.
@@ -87,7 +92,13 @@ void FormWidget::closeEvent(QCloseEvent* pEvent) {
   DispatchInput([this] { Unload(); });
 }
 
+void FormWidget::ShowFocus(bool bShow) {
+  if (std::exchange(bShowsFocus_, bShow) == bShow) return;
+  if (auto* pArea = dynamic_cast<BoxArea*>(focusWidget())) pArea->Refresh();
+}
+
 bool FormWidget::eventFilter(QObject* /*pObject*/, QEvent* pEvent) {
+  if (pEvent->type() == QEvent::MouseButtonPress) ShowFocus(false);
   return pEvent->type() == QEvent::KeyPress && AnswerKey(static_cast<QKeyEvent&>(*pEvent));
 }
 
@@ -108,6 +119,7 @@ bool FormWidget::AnswerKey(const QKeyEvent& event) {
       return true;
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
+      ShowFocus(true);
       focusNextPrevChild(event.key() == Qt::Key_Tab);
       return true;
     default:
@@ -131,7 +143,7 @@ std::vector<QWidget*> FormWidget::TabOrder() const {
       order.push_back(pWidget);
   }
   std::stable_sort(order.begin(), order.end(),
-                   [](auto* p1, auto* p2) { return TabIndex(p1) < TabIndex(p2); });
+                   [](auto* p1, auto* p2) { return TabIndex(*p1) < TabIndex(*p2); });
   return order;
 }
 
@@ -140,9 +152,13 @@ bool FormWidget::focusNextPrevChild(bool bNext) {
   std::vector<QWidget*> order = TabOrder();
   if (order.empty()) return false;
   if (!bNext) std::reverse(order.begin(), order.end());
-  auto place = std::find(order.begin(), order.end(), focusWidget());
-  if (place == order.end() || ++place == order.end()) place = order.begin();
-  (*place)->setFocus(bNext ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  const QWidget* const pFocused = focusWidget();
+  const auto from = pFocused != nullptr ? TabIndex(*pFocused) : std::nullopt;
+  const auto place = std::find_if(order.begin(), order.end(), [&](auto* pWidget) {
+    return bNext ? TabIndex(*pWidget) > from : TabIndex(*pWidget) < from;
+  });
+  (place != order.end() ? *place : order.front())
+      ->setFocus(bNext ? Qt::TabFocusReason : Qt::BacktabFocusReason);
   return true;
 }
 

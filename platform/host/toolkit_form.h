@@ -34,6 +34,10 @@ class FormWidget : public QWidget {
   // At once, or when the window is shown.
   void GiveFocus(QWidget& area);
 
+  // Whether keys are used, so that the focus is to be seen.
+  void ShowFocus(bool bShow);
+  bool ShowsFocus() const { return bShowsFocus_; }
+
   void SetDefault(QPushButton& button) { default_ = &button; }
   void SetCancel(QPushButton& button) { cancel_ = &button; }
   bool AnswersEnter(const QPushButton& button) const;
@@ -55,6 +59,7 @@ class FormWidget : public QWidget {
   Form& form_;
   bool bShowInTaskbar_;
   bool bLoaded_ = false;
+  bool bShowsFocus_ = false;
   WindowLoop* loop_ = nullptr;  // while shown
   QPointer<QPushButton> default_;
   QPointer<QPushButton> cancel_;

@@ -18,6 +18,27 @@ POINT PointOf(LPARAM lParam) {
   return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
 }
 
+std::optional<BoxKey> KeyOf(WPARAM key) {
+  switch (key) {
+    case VK_SPACE:
+      return BoxKey::Space;
+    case VK_UP:
+      return BoxKey::Up;
+    case VK_DOWN:
+      return BoxKey::Down;
+    case VK_PRIOR:
+      return BoxKey::PageUp;
+    case VK_NEXT:
+      return BoxKey::PageDown;
+    case VK_HOME:
+      return BoxKey::Home;
+    case VK_END:
+      return BoxKey::End;
+    default:
+      return std::nullopt;
+  }
+}
+
 }  // namespace
 
 BoxWindow& BoxOf(const PictureBox& box) { return static_cast<BoxWindow&>(*box.Get().window); }
@@ -44,6 +65,7 @@ void BoxWindow::SetBackColor(Color color) {
 void BoxWindow::Refresh() { InvalidateRect(Handle(), nullptr, FALSE); }
 
 std::optional<LRESULT> BoxWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (IsPress(message)) Form().ShowFocus(false);
   if (IsPress(message) || IsRelease(message)) {
     IsPress(message) ? Press(PointOf(lParam)) : Release(PointOf(lParam));
     return 0;
@@ -54,6 +76,9 @@ std::optional<LRESULT> BoxWindow::Answer(UINT message, WPARAM wParam, LPARAM lPa
     case WM_PAINT:
       Paint();
       return 0;
+    case WM_KEYDOWN:
+      if (TakeKey(wParam, lParam)) return 0;
+      break;
     case WM_MOUSEMOVE:
       Move(PointOf(lParam));
       return 0;
@@ -61,8 +86,9 @@ std::optional<LRESULT> BoxWindow::Answer(UINT message, WPARAM wParam, LPARAM lPa
       if (reinterpret_cast<HWND>(lParam) != Handle()) LoseCapture();
       return 0;
     default:
-      return ControlWindow::Answer(message, wParam, lParam);
+      break;
   }
+  return ControlWindow::Answer(message, wParam, lParam);
 }
 
 void BoxWindow::Paint() {
@@ -81,6 +107,16 @@ void BoxWindow::Draw(const BoxImage& image) {
   } else if (drawn_ != image) {
     Refresh();
   }
+}
+
+bool BoxWindow::TakeKey(WPARAM key, LPARAM lParam) {
+  const std::optional<BoxKey> boxKey = KeyOf(key);
+  if (!boxKey || !box_.OnKey || GetKeyState(VK_CONTROL) < 0) return false;
+  Form().ShowFocus(true);
+  const bool bRepeated = (HIWORD(lParam) & KF_REPEAT) != 0;
+  if (*boxKey != BoxKey::Space || !bRepeated)
+    Form().Dispatch([handler = box_.OnKey, boxKey] { handler(*boxKey); });
+  return true;
 }
 
 void BoxWindow::TakeFocus() {
@@ -167,6 +203,20 @@ void PictureBox::Line(Twips x1, Twips y1, Twips x2, Twips y2, Color color) {
                                 : RECT{from.x, nFirst, from.x + 1, nFirst + nCount};
   Fill(hContext, line, ToColorRef(color));
 }
+
+// The system inverts what is below.
+void PictureBox::DrawFocusRectangle(Twips left, Twips top, Twips width, Twips height) {
+  const HDC hContext = BoxOf(*this).CurrentContext();
+  if (hContext == nullptr) return;
+  const UINT dpi = BoxOf(*this).Form().Dpi();
+  const RECT place = {Pixels(left, dpi), Pixels(top, dpi), Pixels(left, dpi) + Pixels(width, dpi),
+                      Pixels(top, dpi) + Pixels(height, dpi)};
+  SetTextColor(hContext, RGB(0, 0, 0));
+  SetBkColor(hContext, RGB(255, 255, 255));
+  DrawFocusRect(hContext, &place);
+}
+
+bool PictureBox::ShowsFocus() const { return HasFocus() && BoxOf(*this).Form().ShowsFocus(); }
 
 void PictureBox::Refresh() { BoxOf(*this).Refresh(); }
 

@@ -47,6 +47,7 @@ class BoxWindow : public ControlWindow {
 
   void Paint();
   void TakeFocus();
+  bool TakeKey(WPARAM key, LPARAM lParam);
   void Press(POINT point);
   void Move(POINT point);
   void Release(POINT point);

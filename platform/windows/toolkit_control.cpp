@@ -97,6 +97,7 @@ bool ControlWindow::IsTabStop() const {
 
 std::optional<LRESULT> ControlWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_SETFOCUS) form_->FocusMoved(Handle());
+  if (IsPress(message)) form_->ShowFocus(false);
   if (form_->AnswerKey(message, wParam, lParam)) return 0;
   if (message == WM_MOUSEWHEEL && form_->AnswerWheel(Handle(), wParam, lParam)) return 0;
   return NativeWindow::Answer(message, wParam, lParam);

@@ -41,6 +41,10 @@ class FormWindow : public NativeWindow {
   void LeaveControl(HWND hControl);  // which cannot keep it
   HWND Focus() const { return hFocus_; }
 
+  // Whether keys are used, so that the focus is to be seen.
+  void ShowFocus(bool bShow);
+  bool ShowsFocus() const { return bShowsFocus_; }
+
   void SetDefault(ButtonWindow& button) { default_ = &button; }
   void SetCancel(ButtonWindow& button) { cancel_ = &button; }
   void Forget(const ButtonWindow& button);
@@ -78,6 +82,7 @@ class FormWindow : public NativeWindow {
   IconOwner bigIcon_, smallIcon_;
   UINT dpi_;
   bool bLoaded_ = false;
+  bool bShowsFocus_ = false;
   WindowLoop* loop_ = nullptr;  // while shown
   ButtonWindow* default_ = nullptr;
   ButtonWindow* cancel_ = nullptr;

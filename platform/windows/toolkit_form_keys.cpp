@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/windows/toolkit_box.h"
 #include "platform/windows/toolkit_button.h"
 #include "platform/windows/toolkit_form.h"
 #include "platform/windows/toolkit_scroll_bar.h"
@@ -18,6 +19,12 @@ BOOL CALLBACK CollectControl(HWND hWindow, LPARAM pControls) {
 
 bool CanHaveFocus(HWND hControl) {
   return hControl != nullptr && IsWindowVisible(hControl) && IsWindowEnabled(hControl);
+}
+
+// Which may show whether it has the focus.
+void RefreshBox(HWND hControl) {
+  if (hControl == nullptr) return;
+  if (auto* pBox = dynamic_cast<BoxWindow*>(NativeWindow::Of(hControl))) pBox->Refresh();
 }
 
 }  // namespace
@@ -43,10 +50,12 @@ bool FormWindow::AnswerKey(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 bool FormWindow::AnswerKeyDown(WPARAM key) {
-  if (key == VK_TAB)
+  if (key == VK_TAB) {
+    ShowFocus(true);
     MoveFocus(GetKeyState(VK_SHIFT) >= 0);
-  else if (ButtonWindow* pButton = key == VK_RETURN ? EnterButton() : cancel_)
+  } else if (ButtonWindow* pButton = key == VK_RETURN ? EnterButton() : cancel_) {
     pButton->Click();
+  }
   return true;
 }
 
@@ -114,10 +123,13 @@ void FormWindow::MoveFocus(bool bNext) {
   std::vector<ControlWindow*> order = TabOrder();
   if (order.empty()) return;
   if (!bNext) std::reverse(order.begin(), order.end());
-  auto place =
-      std::find_if(order.begin(), order.end(), [this](auto* p) { return p->Handle() == hFocus_; });
-  if (place == order.end() || ++place == order.end()) place = order.begin();
-  GiveFocus((*place)->Handle());
+  const auto* const pFocused =
+      dynamic_cast<ControlWindow*>(hFocus_ != nullptr ? Of(hFocus_) : nullptr);
+  const auto from = pFocused != nullptr ? pFocused->TabIndex() : std::nullopt;
+  const auto place = std::find_if(order.begin(), order.end(), [&](auto* pControl) {
+    return bNext ? pControl->TabIndex() > from : pControl->TabIndex() < from;
+  });
+  GiveFocus((place != order.end() ? *place : order.front())->Handle());
 }
 
 void FormWindow::GiveFocus(HWND hControl) {
@@ -126,7 +138,15 @@ void FormWindow::GiveFocus(HWND hControl) {
 }
 
 void FormWindow::FocusMoved(HWND hControl) {
-  if (std::exchange(hFocus_, hControl) != hControl) ShowDefaultButton();
+  const HWND hBefore = std::exchange(hFocus_, hControl);
+  if (hBefore == hControl) return;
+  ShowDefaultButton();
+  RefreshBox(hBefore);
+  RefreshBox(hControl);
+}
+
+void FormWindow::ShowFocus(bool bShow) {
+  if (std::exchange(bShowsFocus_, bShow) != bShow) RefreshBox(hFocus_);
 }
 
 void FormWindow::LeaveControl(HWND hControl) {

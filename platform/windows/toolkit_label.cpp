@@ -34,6 +34,7 @@ class LabelWindow : public ControlWindow {
 // A press that the program does not want goes through to the container.
 std::optional<LRESULT> LabelWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
   if (IsPress(message)) {
+    Form().ShowFocus(false);
     Form().Dispatch(label_.OnMouseDown);
     return 0;
   }

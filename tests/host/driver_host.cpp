@@ -30,8 +30,9 @@ constexpr int RepaintMilliseconds = 30;
 constexpr int WheelNotch = 120;
 
 // In the order of Key.
-constexpr Qt::Key QtKeys[] = {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape,  Qt::Key_Tab,
-                              Qt::Key_Space,  Qt::Key_Down,  Qt::Key_PageDown};
+constexpr Qt::Key QtKeys[] = {Qt::Key_Return,  Qt::Key_Enter,    Qt::Key_Escape, Qt::Key_Tab,
+                              Qt::Key_Backtab, Qt::Key_Space,    Qt::Key_Up,     Qt::Key_Down,
+                              Qt::Key_PageUp,  Qt::Key_PageDown, Qt::Key_Home,   Qt::Key_End};
 
 QWidget& Area(const Control& control) { return *control.Get().area; }
 

@@ -1,5 +1,7 @@
 #include "menu/main_menu.h"
 
+#include <algorithm>
+#include <functional>
 #include <vector>
 
 #include "tests/program_window.h"
@@ -22,10 +24,6 @@ TEST_F(MainMenuWindow, OpensWithTheListInFocusAndNothingSelected) {
     EXPECT_TRUE(Driver::HasFocus(MainMenu().picList));
     Driver::Type(Key::Enter);
     EXPECT_TRUE(MainMenu().Loaded());
-    Driver::Type(Key::Tab);
-    EXPECT_TRUE(Driver::HasFocus(MainMenu().VScroll));
-    Driver::Type(Key::Tab);
-    EXPECT_TRUE(Driver::HasFocus(MainMenu().cmdExit)) << "past the rows and disabled buttons";
     EXPECT_EQ(MainMenu().VScroll.Max(), 4);
     EXPECT_EQ(MainMenu().VScroll.LargeChange(), 4);
   });
@@ -164,6 +162,107 @@ TEST_F(MainMenuWindow, ScrollsAndKeepsItsSelection) {
     EXPECT_EQ(Rows(), "45[6]7");
     MainMenu().VScroll.SetValue(1);
     EXPECT_EQ(Rows(), "1234");
+  });
+}
+
+TEST_F(MainMenuWindow, TabGoesThroughTheWindowAndBack) {
+  UseMenu(5, [&] {
+    auto& menu = MainMenu();
+    const auto expectOrder = [&](Key key, std::vector<const Control*> order) {
+      for (std::size_t i = 0; i < order.size(); ++i) {
+        Driver::Type(key);
+        EXPECT_TRUE(Driver::HasFocus(*order[i])) << "place " << i;
+      }
+    };
+    expectOrder(Key::Tab, {&menu.VScroll, &menu.picListItem[0], &menu.picListItem[1],
+                           &menu.picListItem[2], &menu.picListItem[3], &menu.picIcon[0],
+                           &menu.picIcon[1], &menu.picIcon[2], &menu.picIcon[3], &menu.cmdExit});
+    PressRow(1);
+    expectOrder(Key::BackTab, {&menu.picListItem[0], &menu.VScroll, &menu.cmdExit, &menu.cmdReadMe,
+                               &menu.cmdSetup, &menu.picIcon[3]});
+  });
+  UseMenu(1, [&] {
+    auto& menu = MainMenu();
+    for (const Control* pControl : std::initializer_list<const Control*>{
+             &menu.picListItem[0], &menu.picIcon[0], &menu.cmdExit, &menu.picListItem[0]}) {
+      Driver::Type(Key::Tab);
+      EXPECT_TRUE(Driver::HasFocus(*pControl)) << "past what is hidden or disabled";
+    }
+  });
+}
+
+TEST_F(MainMenuWindow, IsUsedWithKeysAlone) {
+  UseMenu(7, [&] {
+    auto& menu = MainMenu();
+    const struct {
+      Key key;
+      std::int16_t nFocus;
+      const char* sRows;
+    } cases[] = {
+        {Key::Down, 0, "1234"},     {Key::Down, 1, "1234"},   {Key::Space, 1, "1[2]34"},
+        {Key::PageDown, 3, "3456"}, {Key::Up, 2, "3456"},     {Key::Space, 2, "34[5]6"},
+        {Key::End, 3, "4[5]67"},    {Key::Down, 3, "4[5]67"}, {Key::Home, 0, "1234"},
+        {Key::PageUp, 0, "1234"},   {Key::Up, 0, "1234"},
+    };
+    for (const auto& c : cases) {
+      Driver::Type(c.key);
+      EXPECT_EQ(Rows(), c.sRows) << "step " << &c - cases;
+      EXPECT_TRUE(Driver::HasFocus(menu.picListItem[c.nFocus])) << "step " << &c - cases;
+      EXPECT_EQ(menu.VScroll.Value(), menu.objSetupList->TopIndex()) << "step " << &c - cases;
+    }
+    Driver::Type(Key::Enter);
+    EXPECT_EQ(system.started, (std::vector<std::string>{"\"C:\\Suite\\p5.exe\""}))
+        << "Enter is Setup for the selected product, wherever the focus is";
+
+    menu.picIcon[0].SetFocus();
+    Driver::Type(Key::End);
+    EXPECT_TRUE(Driver::HasFocus(menu.picIcon[3])) << "icons are a column of their own";
+    Driver::Type(Key::Space);
+    EXPECT_EQ(Rows(), "456[7]");
+    EXPECT_EQ(system.started.back(), "\"C:\\Suite\\p7.exe\"");
+    EXPECT_TRUE(Driver::HasFocus(menu.picIcon[3]));
+  });
+}
+
+TEST_F(MainMenuWindow, KeysDoNothingInAnEmptyList) {
+  UseMenu(0, [&] {
+    for (const Key key : {Key::Down, Key::Home, Key::End, Key::Space, Key::Enter}) {
+      Driver::Type(key);
+      EXPECT_TRUE(Driver::HasFocus(MainMenu().picList));
+    }
+    Driver::Type(Key::Tab);
+    EXPECT_TRUE(Driver::HasFocus(MainMenu().cmdExit));
+  });
+}
+
+// Whether the pixels of a row of them, from the left, are not all alike.
+bool IsDotted(const std::vector<Rgb>& pixels) {
+  return std::adjacent_find(pixels.begin(), pixels.end(), std::not_equal_to()) != pixels.end();
+}
+
+TEST_F(MainMenuWindow, ShowsTheFocusWhileItIsUsedByKeys) {
+  UseMenu(4, [&] {
+    auto& menu = MainMenu();
+    const auto showsFocus = [](const PictureBox& box, int nAway) {
+      const auto pixels = Driver::PixelsOf(box);
+      const auto nY = static_cast<std::size_t>(nAway);
+      return IsDotted({pixels[nY].begin() + nAway, pixels[nY].end() - nAway});
+    };
+    PressRow(1);
+    EXPECT_FALSE(showsFocus(menu.picListItem[1], 3)) << "as long as the pointer is used";
+    Driver::Type(Key::Up);
+    EXPECT_TRUE(showsFocus(menu.picListItem[0], 3));
+    EXPECT_FALSE(showsFocus(menu.picListItem[1], 3));
+    Driver::Type(Key::Down);
+    EXPECT_TRUE(showsFocus(menu.picListItem[1], 3)) << "on a selected row";
+    EXPECT_FALSE(showsFocus(menu.picListItem[0], 3));
+    const auto pixels = Driver::PixelsOf(menu.picListItem[1]);
+    for (const std::size_t nY : {std::size_t{0}, pixels.size() - 1})
+      EXPECT_EQ(pixels[nY], std::vector(pixels[nY].size(), Rgb{0, 0, 0})) << "its frame is whole";
+    for (int i = 0; i < 3; ++i) Driver::Type(Key::Tab);
+    EXPECT_TRUE(showsFocus(menu.picIcon[0], 4));
+    PressRow(1);
+    EXPECT_FALSE(showsFocus(menu.picListItem[1], 3));
   });
 }
 

@@ -27,8 +27,8 @@ constexpr UINT PollMilliseconds = 10;
 constexpr auto LongestShown = 10s;
 
 // In the order of Key; the keypad's Enter is told by a flag.
-constexpr WORD VirtualKeys[] = {VK_RETURN, VK_RETURN, VK_ESCAPE, VK_TAB,
-                                VK_SPACE,  VK_DOWN,   VK_NEXT};
+constexpr WORD VirtualKeys[] = {VK_RETURN, VK_RETURN, VK_ESCAPE, VK_TAB,  VK_TAB,  VK_SPACE,
+                                VK_UP,     VK_DOWN,   VK_PRIOR,  VK_NEXT, VK_HOME, VK_END};
 
 HWND HandleOf(const Control& control) { return control.Get().Handle(); }
 
@@ -246,13 +246,12 @@ void Driver::TurnWheel(const Control& control, int nNotches) {
 }
 
 void Driver::Type(Key key) {
-  TypeKey(VirtualKeys[static_cast<int>(key)],
-          key == Key::KeypadEnter || key == Key::Down || key == Key::PageDown
-              ? KEYEVENTF_EXTENDEDKEY
-              : 0U);
+  const bool bExtended = key == Key::KeypadEnter || key >= Key::Up;
+  TypeKey(VirtualKeys[static_cast<int>(key)], bExtended ? KEYEVENTF_EXTENDEDKEY : 0U,
+          key == Key::BackTab ? VK_SHIFT : WORD{0});
 }
 
-void Driver::TypeAccessKey(char c) { TypeWithAlt(static_cast<WORD>(c)); }
+void Driver::TypeAccessKey(char c) { TypeKey(static_cast<WORD>(c), 0, VK_MENU); }
 
 std::string Driver::WindowTitle() {
   const HWND hWindow = UsedWindow();

@@ -65,16 +65,13 @@ void TurnWheelAt(POINT point, int nNotches) {
   PostPointer(point, WM_MOUSEWHEEL, MAKEWPARAM(0, delta));
 }
 
-void TypeKey(WORD key, DWORD flags) {
+void TypeKey(WORD key, DWORD flags, WORD modifier) {
+  if (modifier != 0) SendKey(modifier, 0);
   SendKey(key, flags);
   SendKey(key, flags | KEYEVENTF_KEYUP);
   PumpMessages();
-}
-
-void TypeWithAlt(WORD key) {
-  SendKey(VK_MENU, 0);
-  TypeKey(key);
-  SendKey(VK_MENU, KEYEVENTF_KEYUP);
+  if (modifier == 0) return;
+  SendKey(modifier, KEYEVENTF_KEYUP);
   PumpMessages();
 }
 

@@ -14,8 +14,8 @@ void ReleaseAt(POINT point);
 void ClickAt(POINT point);
 void TurnWheelAt(POINT point, int nNotches);  // below 0: down
 
-// Keys by their virtual codes; flags are those of KEYBDINPUT.
-void TypeKey(WORD key, DWORD flags = 0);
-void TypeWithAlt(WORD key);
+// Keys by their virtual codes; flags are those of KEYBDINPUT. The modifier, if
+// there is one, is held down meanwhile.
+void TypeKey(WORD key, DWORD flags = 0, WORD modifier = 0);
 
 }  // namespace trelin
