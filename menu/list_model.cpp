@@ -72,6 +72,12 @@ void ListModel::Select(std::int16_t nRow) {
   objSetupList_.SetCurrentIndex(ItemNumber(FirstItem() + nRow));
 }
 
+std::optional<std::int16_t> ListModel::SelectedRow() const {
+  const std::int16_t nItem = objSetupList_.CurrentIndex();
+  if (nItem == 0 || nItem < FirstItem() || nItem > LastItem()) return std::nullopt;
+  return static_cast<std::int16_t>(nItem - FirstItem());
+}
+
 bool ListModel::SetupEnabled() const { return objSetupList_.CurrentIndex() != 0; }
 
 bool ListModel::ReadMeEnabled() const {

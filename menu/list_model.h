@@ -46,6 +46,7 @@ class ListModel {
 
   // Selects the product that row nRow shows.
   void Select(std::int16_t nRow);
+  std::optional<std::int16_t> SelectedRow() const;  // none while it is not in view
   bool SetupEnabled() const;
   bool ReadMeEnabled() const;
 

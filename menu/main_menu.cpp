@@ -52,6 +52,7 @@ void frmMainMenu::LayOutList() {
   picList.SetBounds(75, 120, 6975, 5820);
   picList.SetBorder(BoxBorder::Sunken);
   picList.SetTabIndex(3);
+  picList.SetRole(BoxRole::List);
   picList.SetTabStop(false);  // it is covered by its rows, to which Tab goes
   VScroll.SetBounds(6660, 0, 255, 5760);
   VScroll.SetTabIndex(4);
@@ -60,6 +61,8 @@ void frmMainMenu::LayOutList() {
 
 void frmMainMenu::LayOutRow(std::int16_t Index) {
   const Twips rise = Index == 0 ? TopRowRise : 0;
+  picListItem[Index].SetRole(BoxRole::ListItem);
+  picIcon[Index].SetRole(BoxRole::Button);
   picListItem[Index].SetVisible(false);
   picListItem[Index].SetBounds(0, 1440.0F * static_cast<Twips>(Index), 6645, 1440);
   picListItem[Index].SetTabIndex(static_cast<std::int16_t>(5 + Index));
@@ -118,6 +121,7 @@ bool frmMainMenu::Initialize() {
 
 void frmMainMenu::Form_Load() {
   SetCaption(LoadResourceString(35014));
+  picList.SetAccessibleName(Caption());
   cmdSetup.SetCaption(LoadResourceString(35027));
   cmdReadMe.SetCaption(LoadResourceString(35028));
   cmdExit.SetCaption(LoadResourceString(35024));

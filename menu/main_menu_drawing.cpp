@@ -56,6 +56,21 @@ void DrawSunkenFrame(PictureBox& picBox, std::int32_t W, std::int32_t H, PixelSi
                     });
 }
 
+// What a screen reader says of a product's row.
+std::string RowName(const MenuItem& objItem) {
+  std::string sName = objItem.Title();
+  for (const std::string& sText : {objItem.Description(), objItem.Status()}) {
+    if (!sName.empty() && !sText.empty()) sName += ", ";
+    sName += sText;
+  }
+  return sName;
+}
+
+std::string WithoutAmpersand(std::string sCaption) {
+  std::erase(sCaption, '&');
+  return sCaption;
+}
+
 // The given number of pixels away from the edges.
 void DrawFocus(PictureBox& picBox, std::int16_t nPixels) {
   if (!picBox.ShowsFocus()) return;
@@ -110,6 +125,9 @@ void frmMainMenu::ShowItem(std::int16_t nItem, std::int16_t nRow) {
   lblTitle[nRow].SetCaption(objItem->Title());
   lblDescription[nRow].SetCaption(objItem->Description());
   lblStatus[nRow].SetCaption(objItem->Status());
+  picListItem[nRow].SetAccessibleName(RowName(*objItem));
+  picListItem[nRow].SetSelected(nItem == objSetupList->CurrentIndex());
+  picIcon[nRow].SetAccessibleName(WithoutAmpersand(cmdSetup.Caption()) + ": " + objItem->Title());
   picListItem[nRow].SetVisible(true);
   if (nItem == objSetupList->CurrentIndex()) {
     picListItem[nRow].SetBackColor(Color::Cyan);

@@ -72,6 +72,7 @@ void frmMainMenu::Timer1_Timer() {
   }
   if (!objItem->Updated()) return;
   RefreshRows();
+  if (const std::optional<std::int16_t> nRow = model_->SelectedRow()) lblStatus[*nRow].Announce();
   Timer1.SetEnabled(false);
 }
 

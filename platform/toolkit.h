@@ -133,6 +133,9 @@ enum class BoxBorder { None, Sunken };
 
 enum class BoxKey { Space, Up, Down, PageUp, PageDown, Home, End };
 
+// What an accessibility client takes a box for.
+enum class BoxRole { Pane, List, ListItem, Button };
+
 // A rectangle that the program paints, and a container of other controls.
 // Pointer positions are relative to the inside of its border; they may lie
 // outside while the pointer is captured or a button is held down. All buttons
@@ -162,6 +165,12 @@ class PictureBox : public Control {
   // box is repainted when that changes.
   bool ShowsFocus() const;
 
+  // What an accessibility client is told of the box, and of each change. When it
+  // asks a list item or a button to act, that is Space (OnKey).
+  void SetRole(BoxRole role);
+  void SetAccessibleName(const std::string& sName);
+  void SetSelected(bool bSelected);  // among the items of its list
+
   void CapturePointer();
   void ReleasePointer();
 
@@ -189,8 +198,9 @@ bool LabelShowsWhole(const std::string& sText, const LabelFont& font, Twips widt
 // A text that lets its container's background through, shows an ampersand as
 // one, and can be read by an accessibility client. It wraps at its width, at
 // spaces or within a word that is too long for a line; lines that do not fit
-// whole are not shown, and then the last one ends in an ellipsis. With an empty
-// OnMouseDown the pointer goes through to the container.
+// whole are not shown, and then the last one ends in an ellipsis and a tooltip
+// holds all of the text. With an empty OnMouseDown the pointer goes through to
+// the container, and there is no tooltip.
 class Label : public Control {
  public:
   explicit Label(Control& container);
@@ -198,6 +208,8 @@ class Label : public Control {
   void SetFont(const LabelFont& font);
   void SetCaption(const std::string& sCaption);
   std::string Caption() const;
+
+  void Announce() const;  // has a screen reader say the caption
 
   std::function<void()> OnMouseDown;
 };

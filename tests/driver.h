@@ -80,8 +80,17 @@ void TypeAccessKey(char c);  // with Alt
 std::string WindowTitle();  // of the window that is in use
 void CloseWindow();         // by its close box
 
-// What an accessibility client is told.
+// What an accessibility client is told: a text; a control as role, name and
+// states, as in "list item <Cable> focused selected"; and what lies in it.
 std::string ReadText(const Control& control);
+std::string Describe(const Control& control);
+std::vector<std::string> DescribeChildren(const Control& control);
+
+// Asks a control for its action, as such a client does.
+void Act(const Control& control);
+
+// Rests the pointer on the middle of a control. Empty when no tooltip comes.
+std::string TooltipOver(const Control& control);
 
 // What is on the screen: a pixel relative to the inside of a control, and all
 // that lies inside of it, by row and column.

@@ -1,5 +1,6 @@
 #include "platform/host/toolkit_box.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
@@ -94,8 +95,30 @@ void BoxArea::keyPressEvent(QKeyEvent* pEvent) {
   const std::optional<BoxKey> key = KeyOf(*pEvent);
   if (!key || !box_.OnKey) return QWidget::keyPressEvent(pEvent);
   FormOf(*this).ShowFocus(true);
-  if (*key != BoxKey::Space || !pEvent->isAutoRepeat())
-    DispatchInput([handler = box_.OnKey, key] { handler(*key); });
+  if (*key != BoxKey::Space || !pEvent->isAutoRepeat()) DispatchKey(*key);
+}
+
+void BoxArea::DispatchKey(BoxKey key) {
+  if (box_.OnKey) DispatchInput([handler = box_.OnKey, key] { handler(key); });
+}
+
+bool BoxArea::CanAct() const {
+  return box_.OnKey && (role_ == BoxRole::ListItem || role_ == BoxRole::Button);
+}
+
+void BoxArea::Act() {
+  if (FormOf(*this).ReceivesEvents()) DispatchKey(BoxKey::Space);
+}
+
+void BoxArea::SetSelected(bool bSelected) {
+  if (std::exchange(bSelected_, bSelected) == bSelected) return;
+  QAccessible::State changed;
+  changed.selected = true;
+  QAccessibleStateChangeEvent stateEvent(this, changed);
+  QAccessible::updateAccessibility(&stateEvent);
+  QAccessibleEvent selectionEvent(
+      this, bSelected ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
+  QAccessible::updateAccessibility(&selectionEvent);
 }
 
 void BoxArea::focusInEvent(QFocusEvent* /*pEvent*/) { Refresh(); }
@@ -191,6 +214,14 @@ void PictureBox::DrawFocusRectangle(Twips left, Twips top, Twips width, Twips he
 bool PictureBox::ShowsFocus() const { return HasFocus() && FormOf(AreaOf(*this)).ShowsFocus(); }
 
 void PictureBox::Refresh() { AreaOf(*this).Refresh(); }
+
+void PictureBox::SetRole(BoxRole role) { AreaOf(*this).SetRole(role); }
+
+void PictureBox::SetAccessibleName(const std::string& sName) {
+  AreaOf(*this).setAccessibleName(ToQString(sName));
+}
+
+void PictureBox::SetSelected(bool bSelected) { AreaOf(*this).SetSelected(bSelected); }
 
 void PictureBox::CapturePointer() { AreaOf(*this).grabMouse(); }
 

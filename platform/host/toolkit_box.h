@@ -36,6 +36,14 @@ class BoxArea : public QWidget {
   Color BackColor() const { return backColor_; }
   void Refresh();
 
+  // For accessibility clients; the widget's accessible name is the name.
+  void SetRole(BoxRole role) { role_ = role; }
+  void SetSelected(bool bSelected);
+  BoxRole Role() const { return role_; }
+  bool Selected() const { return bSelected_; }
+  bool CanAct() const;
+  void Act();  // as Space does
+
   // Draws it while the box is being painted, else has the box painted anew
   // unless this is what was drawn last.
   void Draw(const Image& image, const QImage& pixels);
@@ -59,12 +67,15 @@ class BoxArea : public QWidget {
  private:
   void Paint();
   void TakeFocus();
+  void DispatchKey(BoxKey key);
 
   PictureBox& box_;
   QPixmap painted_;
   bool bPainted_ = false;
   std::optional<Image> drawn_;  // last in painted_
   Color backColor_ = Color::ButtonFace;
+  BoxRole role_ = BoxRole::Pane;
+  bool bSelected_ = false;
   QPainter* pPainter_ = nullptr;
   bool bPressed_ = false;
 };

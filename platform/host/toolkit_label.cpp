@@ -1,6 +1,9 @@
+#include <QAccessible>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <memory>
 
 #include "platform/host/toolkit_font.h"
@@ -22,6 +25,11 @@ class LabelWidget : public QLabel {
   }
 
  protected:
+  bool event(QEvent* pEvent) override {
+    if (pEvent->type() != QEvent::ToolTip) return QLabel::event(pEvent);
+    ShowTooltip(static_cast<QHelpEvent&>(*pEvent).globalPos());
+    return true;
+  }
   void paintEvent(QPaintEvent* /*pEvent*/) override {
     QPainter painter(this);
     QRect line(0, 0, width(), fontMetrics().lineSpacing());
@@ -39,6 +47,14 @@ class LabelWidget : public QLabel {
   void mouseReleaseEvent(QMouseEvent* pEvent) override { KeepFromContainer(*pEvent); }
 
  private:
+  // As rich text, which wraps.
+  void ShowTooltip(const QPoint& point) {
+    if (label_.OnMouseDown && !LinesIn(text(), font(), size()).bWhole)
+      QToolTip::showText(point, Qt::convertFromPlainText(text()), this, rect());
+    else
+      QToolTip::hideText();
+  }
+
   void KeepFromContainer(QMouseEvent& event) const {
     event.setAccepted(static_cast<bool>(label_.OnMouseDown));
   }
@@ -56,6 +72,11 @@ Label::Label(Control& container)
 void Label::SetFont(const LabelFont& font) { LabelOf(*this).setFont(FontOf(font)); }
 
 void Label::SetCaption(const std::string& sCaption) { LabelOf(*this).setText(ToQString(sCaption)); }
+
+void Label::Announce() const {
+  QAccessibleEvent event(native_->widget, QAccessible::Alert);
+  QAccessible::updateAccessibility(&event);
+}
 
 std::string Label::Caption() const { return FromQString(LabelOf(*this).text()); }
 

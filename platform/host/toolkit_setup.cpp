@@ -7,6 +7,7 @@
 #include <QStyleFactory>
 #include <memory>
 
+#include "platform/host/toolkit_accessible.h"
 #include "platform/host/toolkit_font.h"
 #include "platform/host/toolkit_measure.h"
 #include "platform/host/toolkit_picture.h"
@@ -62,6 +63,7 @@ std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv) {
   // from the screen's dots per inch.
   qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
   auto application = WithoutInputMethod(argc, argv);
+  InstallAccessibility();
   // The loop of a window ends when it is unloaded, not when Qt sees none left.
   application->setQuitOnLastWindowClosed(false);
   QApplication::setStyle(QStyleFactory::create("Windows"));

@@ -10,6 +10,9 @@
 
 namespace trelin {
 
+// Sets up COM on the program's thread until its end; once is enough.
+void SetUpCom();
+
 struct ComReleaser {
   void operator()(IUnknown* pObject) const { pObject->Release(); }
 };

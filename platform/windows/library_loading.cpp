@@ -1,7 +1,5 @@
 #include "platform/windows/library_loading.h"
 
-#include <windows.h>
-
 #include <array>
 #include <string>
 
@@ -24,16 +22,14 @@ SetDefaultFolders FindSetDefaultFolders() {
 constexpr std::array SystemLibraries = {"cryptbase", "dwmapi",  "msimg32",      "propsys",
                                         "uxtheme",   "version", "windowscodecs"};
 
-// A name that is loaded already is not looked for again.
-void LoadFromSystemFolder() {
+}  // namespace
+
+HMODULE LoadFromSystemFolder(const char* pName) {
   std::array<char, MAX_PATH> folder{};
   GetSystemDirectoryA(folder.data(), folder.size());
-  for (const char* pName : SystemLibraries)
-    LoadLibraryExA((std::string(folder.data()) + "\\" + pName + ".dll").c_str(), nullptr,
-                   LOAD_WITH_ALTERED_SEARCH_PATH);
+  return LoadLibraryExA((std::string(folder.data()) + "\\" + pName + ".dll").c_str(), nullptr,
+                        LOAD_WITH_ALTERED_SEARCH_PATH);
 }
-
-}  // namespace
 
 // Started programs inherit what the second function sets: it is for the systems
 // that need it.
@@ -42,7 +38,8 @@ void RestrictLibraryLoading() {
     pSet(LOAD_LIBRARY_SEARCH_SYSTEM32);
   else
     SetDllDirectoryA("");  // not from the current folder
-  LoadFromSystemFolder();
+  // A name that is loaded already is not looked for again.
+  for (const char* pName : SystemLibraries) LoadFromSystemFolder(pName);
 }
 
 }  // namespace trelin

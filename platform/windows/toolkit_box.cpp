@@ -5,9 +5,11 @@
 #include <utility>
 
 #include "platform/modal_loop.h"
+#include "platform/windows/toolkit_accessible.h"
 #include "platform/windows/toolkit_form.h"
 #include "platform/windows/toolkit_measure.h"
 #include "platform/windows/toolkit_paint.h"
+#include "platform/windows/toolkit_text.h"
 
 namespace trelin {
 
@@ -76,6 +78,12 @@ std::optional<LRESULT> BoxWindow::Answer(UINT message, WPARAM wParam, LPARAM lPa
     case WM_PAINT:
       Paint();
       return 0;
+    case WM_GETOBJECT:
+      if (role_ == BoxRole::Pane || static_cast<LONG>(lParam) != OBJID_CLIENT) break;
+      return AccessibleObjectOf(*this, wParam);
+    case ActMessage:
+      if (CanAct()) DispatchKey(BoxKey::Space);
+      return 0;
     case WM_KEYDOWN:
       if (TakeKey(wParam, lParam)) return 0;
       break;
@@ -114,9 +122,28 @@ bool BoxWindow::TakeKey(WPARAM key, LPARAM lParam) {
   if (!boxKey || !box_.OnKey || GetKeyState(VK_CONTROL) < 0) return false;
   Form().ShowFocus(true);
   const bool bRepeated = (HIWORD(lParam) & KF_REPEAT) != 0;
-  if (*boxKey != BoxKey::Space || !bRepeated)
-    Form().Dispatch([handler = box_.OnKey, boxKey] { handler(*boxKey); });
+  if (*boxKey != BoxKey::Space || !bRepeated) DispatchKey(*boxKey);
   return true;
+}
+
+void BoxWindow::DispatchKey(BoxKey key) {
+  if (box_.OnKey) Form().Dispatch([handler = box_.OnKey, key] { handler(key); });
+}
+
+bool BoxWindow::CanAct() const {
+  return box_.OnKey && (role_ == BoxRole::ListItem || role_ == BoxRole::Button);
+}
+
+void BoxWindow::SetAccessibleName(const std::string& sName) {
+  if (sName == WindowCaption(Handle())) return;
+  SetWindowCaption(Handle(), sName);
+  TellClients(EVENT_OBJECT_NAMECHANGE, Handle());
+}
+
+void BoxWindow::SetSelected(bool bSelected) {
+  if (std::exchange(bSelected_, bSelected) == bSelected) return;
+  TellClients(bSelected ? EVENT_OBJECT_SELECTION : EVENT_OBJECT_SELECTIONREMOVE, Handle());
+  TellClients(EVENT_OBJECT_STATECHANGE, Handle());
 }
 
 void BoxWindow::TakeFocus() {
@@ -219,6 +246,14 @@ void PictureBox::DrawFocusRectangle(Twips left, Twips top, Twips width, Twips he
 bool PictureBox::ShowsFocus() const { return HasFocus() && BoxOf(*this).Form().ShowsFocus(); }
 
 void PictureBox::Refresh() { BoxOf(*this).Refresh(); }
+
+void PictureBox::SetRole(BoxRole role) { BoxOf(*this).SetRole(role); }
+
+void PictureBox::SetAccessibleName(const std::string& sName) {
+  BoxOf(*this).SetAccessibleName(sName);
+}
+
+void PictureBox::SetSelected(bool bSelected) { BoxOf(*this).SetSelected(bSelected); }
 
 void PictureBox::CapturePointer() { BoxOf(*this).CapturePointer(); }
 

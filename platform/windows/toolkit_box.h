@@ -29,6 +29,15 @@ class BoxWindow : public ControlWindow {
   Color BackColor() const { return backColor_; }
   void Refresh();
 
+  // For accessibility clients; the window's text is the name.
+  void SetRole(BoxRole role) { role_ = role; }
+  void SetAccessibleName(const std::string& sName);
+  void SetSelected(bool bSelected);
+  BoxRole Role() const { return role_; }
+  bool Selected() const { return bSelected_; }
+  bool CanAct() const;  // when asked by ActMessage
+  static constexpr UINT ActMessage = WM_APP;
+
   // Draws it while the box is being painted, else has the box painted anew
   // unless this is what was drawn last.
   void Draw(const BoxImage& image);
@@ -48,6 +57,7 @@ class BoxWindow : public ControlWindow {
   void Paint();
   void TakeFocus();
   bool TakeKey(WPARAM key, LPARAM lParam);
+  void DispatchKey(BoxKey key);
   void Press(POINT point);
   void Move(POINT point);
   void Release(POINT point);
@@ -56,6 +66,8 @@ class BoxWindow : public ControlWindow {
 
   PictureBox& box_;
   Color backColor_ = Color::ButtonFace;
+  BoxRole role_ = BoxRole::Pane;
+  bool bSelected_ = false;
   HDC hContext_ = nullptr;
   std::optional<BoxImage> drawn_;  // last
   int nPressed_ = 0;               // buttons held down

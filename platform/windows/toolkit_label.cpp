@@ -1,5 +1,8 @@
 #include <memory>
+#include <optional>
+#include <utility>
 
+#include "platform/windows/toolkit_accessible.h"
 #include "platform/windows/toolkit_box.h"
 #include "platform/windows/toolkit_form.h"
 #include "platform/windows/toolkit_measure.h"
@@ -7,6 +10,7 @@
 #include "platform/windows/toolkit_paint.h"
 #include "platform/windows/toolkit_text.h"
 #include "platform/windows/toolkit_text_fit.h"
+#include "platform/windows/toolkit_tooltip.h"
 
 namespace trelin {
 
@@ -25,14 +29,19 @@ class LabelWindow : public ControlWindow {
 
  private:
   Color BackColor() const;
-  void Paint() const;
+  void Paint();
+  void SetTooltip(const std::string& sText);
   LRESULT SetText(LPARAM lParam);
 
   Label& label_;
+  std::string sTooltip_;
+  std::optional<Tooltip> tooltip_;  // from the first text that is cut
 };
 
 // A press that the program does not want goes through to the container.
 std::optional<LRESULT> LabelWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (tooltip_ && message >= WM_MOUSEFIRST && message <= WM_MOUSELAST)
+    tooltip_->Relay(message, wParam, lParam);
   if (IsPress(message)) {
     Form().ShowFocus(false);
     Form().Dispatch(label_.OnMouseDown);
@@ -57,6 +66,7 @@ std::optional<LRESULT> LabelWindow::Answer(UINT message, WPARAM wParam, LPARAM l
 LRESULT LabelWindow::SetText(LPARAM lParam) {
   const LRESULT result = DefWindowProcA(Handle(), WM_SETTEXT, 0, lParam);
   InvalidateRect(Handle(), nullptr, FALSE);
+  TellClients(EVENT_OBJECT_NAMECHANGE, Handle());
   return result;
 }
 
@@ -65,7 +75,13 @@ Color LabelWindow::BackColor() const {
   return pBox != nullptr ? pBox->BackColor() : Color::ButtonFace;
 }
 
-void LabelWindow::Paint() const {
+void LabelWindow::SetTooltip(const std::string& sText) {
+  if (std::exchange(sTooltip_, sText) == sText) return;
+  if (!tooltip_) tooltip_.emplace(Handle());
+  tooltip_->SetText(sText);
+}
+
+void LabelWindow::Paint() {
   const PaintBuffer buffer(Handle());
   const HDC hContext = buffer.Context();
   Fill(hContext, buffer.Inside(), ToColorRef(BackColor()));
@@ -74,7 +90,10 @@ void LabelWindow::Paint() const {
   SetBkMode(hContext, TRANSPARENT);
   const SIZE size = {buffer.Inside().right, buffer.Inside().bottom};
   int nTop = 0;
-  for (const std::u16string& sLine : LinesIn(WindowCaption(Handle()), hContext, size).lines) {
+  const std::string sText = WindowCaption(Handle());
+  const LabelLines shown = LinesIn(sText, hContext, size);
+  SetTooltip(shown.bWhole ? "" : sText);
+  for (const std::u16string& sLine : shown.lines) {
     TextOutW(hContext, 0, nTop, Wide(sLine), static_cast<int>(sLine.size()));
     nTop += LineHeight(hContext);
   }
@@ -94,6 +113,8 @@ void Label::SetFont(const LabelFont& font) {
 void Label::SetCaption(const std::string& sCaption) {
   if (sCaption != Caption()) SetWindowCaption(native_->Handle(), sCaption);
 }
+
+void Label::Announce() const { TellClients(EVENT_OBJECT_LIVEREGIONCHANGED, native_->Handle()); }
 
 std::string Label::Caption() const { return WindowCaption(native_->Handle()); }
 

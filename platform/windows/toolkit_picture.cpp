@@ -45,24 +45,10 @@ ComOwner<Interface> Create(const CLSID& id) {
   });
 }
 
-// COM, without which there is no factory.
-class ComSetup {
- public:
-  ComSetup() : lResult_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
-  ~ComSetup() {
-    if (SUCCEEDED(lResult_)) CoUninitialize();
-  }
-  ComSetup(const ComSetup&) = delete;
-  ComSetup& operator=(const ComSetup&) = delete;
-
- private:
-  HRESULT lResult_;
-};
-
 // Looking for it takes the system long. It is made for the first picture and
 // goes at the end of the program, before COM does.
 IWICImagingFactory& Factory() {
-  static const ComSetup com;
+  SetUpCom();
   static const auto factory = Create<IWICImagingFactory>(CLSID_WICImagingFactory);
   return *factory;
 }

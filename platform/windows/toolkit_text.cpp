@@ -12,4 +12,13 @@ std::string WindowCaption(HWND hWindow) {
   return sText;
 }
 
+std::u16string ToUtf16(const std::string& sText) {
+  const auto nBytes = static_cast<int>(sText.size());
+  std::u16string sWide(sText.size(), u'\0');  // no character is shorter in bytes
+  const int nLength = MultiByteToWideChar(CP_ACP, 0, sText.data(), nBytes,
+                                          reinterpret_cast<wchar_t*>(sWide.data()), nBytes);
+  sWide.resize(static_cast<std::size_t>(nLength));
+  return sWide;
+}
+
 }  // namespace trelin

@@ -4,21 +4,13 @@
 #include "platform/windows/handle.h"
 #include "platform/windows/toolkit_font.h"
 #include "platform/windows/toolkit_measure.h"
+#include "platform/windows/toolkit_text.h"
 
 namespace trelin {
 
 namespace {
 
 constexpr UINT UsualDpi = 96;
-
-std::u16string ToUtf16(const std::string& sText) {
-  const auto nBytes = static_cast<int>(sText.size());
-  std::u16string sWide(sText.size(), u'\0');  // no character is shorter in bytes
-  const int nLength = MultiByteToWideChar(CP_ACP, 0, sText.data(), nBytes,
-                                          reinterpret_cast<wchar_t*>(sWide.data()), nBytes);
-  sWide.resize(static_cast<std::size_t>(nLength));
-  return sWide;
-}
 
 }  // namespace
 

@@ -7,7 +7,9 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
+#include <QTextDocumentFragment>
 #include <QTimer>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <QWindow>
 #include <chrono>
@@ -28,6 +30,7 @@ constexpr auto PollInterval = 5ms;
 constexpr auto LongestShown = 10s;
 constexpr int RepaintMilliseconds = 30;
 constexpr int WheelNotch = 120;
+constexpr int LongestTooltipDelay = 1500;  // milliseconds
 
 // In the order of Key.
 constexpr Qt::Key QtKeys[] = {Qt::Key_Return,  Qt::Key_Enter,    Qt::Key_Escape, Qt::Key_Tab,
@@ -238,6 +241,72 @@ std::string Driver::ReadText(const Control& control) {
   if (pAccessible == nullptr || !pAccessible->isValid()) return "";
   const QString value = pAccessible->text(QAccessible::Value);
   return FromQString(value.isEmpty() ? pAccessible->text(QAccessible::Name) : value);
+}
+
+namespace {
+
+const char* NameOf(QAccessible::Role role) {
+  switch (role) {
+    case QAccessible::List:
+      return "list";
+    case QAccessible::ListItem:
+      return "list item";
+    case QAccessible::Button:
+      return "button";
+    case QAccessible::StaticText:
+      return "text";
+    case QAccessible::ScrollBar:
+      return "scroll bar";
+    default:
+      return "other";
+  }
+}
+
+QAccessibleInterface* AccessibleOf(const Control& control) {
+  return QAccessible::queryAccessibleInterface(&Area(control));
+}
+
+std::string DescriptionOf(QAccessibleInterface* pAccessible) {
+  const QAccessible::State state = pAccessible->state();
+  return std::string(NameOf(pAccessible->role())) + " <" +
+         FromQString(pAccessible->text(QAccessible::Name)) + '>' +
+         (state.focused ? " focused" : "") + (state.selected ? " selected" : "");
+}
+
+}  // namespace
+
+std::string Driver::Describe(const Control& control) {
+  return DescriptionOf(AccessibleOf(control));
+}
+
+std::vector<std::string> Driver::DescribeChildren(const Control& control) {
+  QAccessibleInterface* const pAccessible = AccessibleOf(control);
+  std::vector<std::string> children;
+  for (int i = 0; i < pAccessible->childCount(); ++i) {
+    QAccessibleInterface* const pChild = pAccessible->child(i);
+    EXPECT_EQ(pChild->parent(), pAccessible);
+    EXPECT_EQ(pAccessible->indexOfChild(pChild), i);
+    children.push_back(DescriptionOf(pChild));
+  }
+  return children;
+}
+
+void Driver::Act(const Control& control) {
+  QAccessibleActionInterface* const pAction = AccessibleOf(control)->actionInterface();
+  ASSERT_NE(pAction, nullptr);
+  ASSERT_TRUE(pAction->actionNames().contains(QAccessibleActionInterface::pressAction()));
+  pAction->doAction(QAccessibleActionInterface::pressAction());
+  Wait(0);
+}
+
+std::string Driver::TooltipOver(const Control& control) {
+  QToolTip::hideText();  // in a moment
+  if (!QTest::qWaitFor([] { return !QToolTip::isVisible(); }))
+    ADD_FAILURE() << "a tooltip does not go";
+  QTest::mouseMove(&WindowOf(control), MiddleOf(control) + QPoint(1, 0));
+  QTest::mouseMove(&WindowOf(control), MiddleOf(control));
+  if (!QTest::qWaitFor([] { return QToolTip::isVisible(); }, LongestTooltipDelay)) return "";
+  return FromQString(QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText());
 }
 
 Rgb Driver::PixelAt(const Control& control, int nX, int nY) {

@@ -266,6 +266,53 @@ TEST_F(MainMenuWindow, ShowsTheFocusWhileItIsUsedByKeys) {
   });
 }
 
+TEST_F(MainMenuWindow, IsUsedWithoutAPicture) {
+  UseMenu(5, [&] {
+    auto& menu = MainMenu();
+    EXPECT_EQ(Driver::Describe(menu.picList), "list <35014> focused");
+    EXPECT_EQ(Driver::DescribeChildren(menu.picList),
+              (std::vector<std::string>{"list item <Product 1, About 1, 35015>",
+                                        "list item <Product 2, About 2, 35015>",
+                                        "list item <Product 3, About 3, 35015>",
+                                        "list item <Product 4, About 4, 35015>", "scroll bar <>"}));
+    EXPECT_EQ(Driver::DescribeChildren(menu.picListItem[1]),
+              (std::vector<std::string>{"button <35027: Product 2>", "text <Product 2>",
+                                        "text <About 2>", "text <35015>"}));
+    Driver::Type(Key::End);
+    EXPECT_EQ(Driver::Describe(menu.picListItem[3]),
+              "list item <Product 5, About 5, 35015> focused");
+    EXPECT_EQ(Driver::Describe(menu.picIcon[3]), "button <35027: Product 5>");
+    Driver::Type(Key::Space);
+    EXPECT_EQ(Driver::Describe(menu.picListItem[3]),
+              "list item <Product 5, About 5, 35015> focused selected");
+    Driver::Type(Key::Home);
+    EXPECT_EQ(Driver::Describe(menu.picListItem[3]), "list item <Product 4, About 4, 35015>");
+
+    Driver::Act(menu.picListItem[1]);
+    EXPECT_EQ(Rows(), "1[2]34");
+    EXPECT_TRUE(system.started.empty());
+    Driver::Act(menu.picIcon[2]);
+    EXPECT_EQ(Rows(), "12[3]4");
+    EXPECT_EQ(system.started, (std::vector<std::string>{"\"C:\\Suite\\p3.exe\""}));
+  });
+}
+
+TEST_F(MainMenuWindow, TextsThatAreCutAreWholeInATooltip) {
+  std::string sLong = "Measures bore & shaft";
+  while (sLong.size() < 400) sLong += " and <b>again</b>";
+  system.files["C:\\Suite\\TRELIN.CFG"] =
+      "BLOCK SETUPLIST\nBLOCK APPLICATION\nPRODUCT = Short\nDESCRIPTION = " + sLong +
+      "\nEND\nBLOCK APPLICATION\nPRODUCT = " + std::string(100, 'W') +
+      "\nDESCRIPTION = Short\nEND\n";
+  UseMenu([&] {
+    auto& menu = MainMenu();
+    EXPECT_EQ(Driver::TooltipOver(menu.lblDescription[0]), sLong);
+    EXPECT_EQ(Driver::TooltipOver(menu.lblTitle[0]), "");
+    EXPECT_EQ(Driver::TooltipOver(menu.lblTitle[1]), std::string(100, 'W'));
+    EXPECT_EQ(Driver::ReadText(menu.lblDescription[0]), sLong);
+  });
+}
+
 TEST_F(MainMenuWindow, EnterIsSetupAndEscIsExit) {
   system.sCommandLine = "D:\\Disk 1";
   UseMenu(4, [&] {

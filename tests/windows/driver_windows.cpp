@@ -1,4 +1,5 @@
 #include <windows.h>
+#include <commctrl.h>
 #include <gtest/gtest.h>
 
 #include <array>
@@ -13,6 +14,7 @@
 #include "platform/windows/toolkit_native.h"
 #include "platform/windows/toolkit_text.h"
 #include "tests/driver.h"
+#include "tests/windows/accessible_client.h"
 #include "tests/windows/message_pump.h"
 #include "tests/windows/user_input.h"
 
@@ -25,6 +27,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr UINT PollMilliseconds = 10;
 constexpr auto LongestShown = 10s;
+constexpr int LongestTooltipDelay = 1000;  // milliseconds
 
 // In the order of Key; the keypad's Enter is told by a flag.
 constexpr WORD VirtualKeys[] = {VK_RETURN, VK_RETURN, VK_ESCAPE, VK_TAB,  VK_TAB,  VK_SPACE,
@@ -150,6 +153,12 @@ BOOL CALLBACK FindText(HWND hChild, LPARAM pText) {
 
 Rgb ToRgb(COLORREF color) { return {GetRValue(color), GetGValue(color), GetBValue(color)}; }
 
+BOOL CALLBACK FindTooltip(HWND hWindow, LPARAM pFound) {
+  if (!IsWindowVisible(hWindow) || ClassOf(hWindow) != TOOLTIPS_CLASSA) return TRUE;
+  *reinterpret_cast<HWND*>(pFound) = hWindow;
+  return FALSE;
+}
+
 // All of the window as it is on the screen, its frame included.
 class WindowPicture {
  public:
@@ -264,6 +273,30 @@ void Driver::CloseWindow() {
 }
 
 std::string Driver::ReadText(const Control& control) { return WindowCaption(HandleOf(control)); }
+
+std::string Driver::Describe(const Control& control) { return DescribeWindow(HandleOf(control)); }
+
+std::vector<std::string> Driver::DescribeChildren(const Control& control) {
+  return DescribeChildrenOf(HandleOf(control));
+}
+
+void Driver::Act(const Control& control) {
+  DoDefaultAction(HandleOf(control));
+  PumpMessages();
+}
+
+std::string Driver::TooltipOver(const Control& control) {
+  const POINT middle = MiddleOf(HandleOf(control));
+  SetCursorPos(middle.x, middle.y);  // where a tooltip looks for it
+  MovePointer({middle.x + 1, middle.y});
+  MovePointer(middle);
+  PumpMessagesFor(LongestTooltipDelay);
+  HWND hTooltip = nullptr;
+  EnumThreadWindows(GetCurrentThreadId(), FindTooltip, reinterpret_cast<LPARAM>(&hTooltip));
+  const std::string sText = hTooltip != nullptr ? WindowCaption(hTooltip) : "";
+  MovePointer({0, 0});
+  return sText;
+}
 
 Rgb Driver::PixelAt(const Control& control, int nX, int nY) {
   return WindowPicture(HandleOf(control)).At(nX, nY);
