@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/host/toolkit_box.h"
+#include "platform/host/toolkit_form.h"
 
 namespace trelin {
 
@@ -84,9 +85,16 @@ class BoxAccessible : public QAccessibleWidget {
   BoxArea& area_;
 };
 
+// Qt takes a window that is nothing but a widget for a part of one.
+class WindowAccessible : public QAccessibleWidget {
+ public:
+  explicit WindowAccessible(FormWidget& form) : QAccessibleWidget(&form, QAccessible::Window) {}
+};
+
 QAccessibleInterface* MakeAccessible(const QString& /*className*/, QObject* pObject) {
-  auto* const pArea = dynamic_cast<BoxArea*>(pObject);
-  return pArea != nullptr ? new BoxAccessible(*pArea) : nullptr;
+  if (auto* const pArea = dynamic_cast<BoxArea*>(pObject)) return new BoxAccessible(*pArea);
+  if (auto* const pForm = dynamic_cast<FormWidget*>(pObject)) return new WindowAccessible(*pForm);
+  return nullptr;
 }
 
 }  // namespace
