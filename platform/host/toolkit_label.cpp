@@ -50,7 +50,8 @@ class LabelWidget : public QLabel {
   // As rich text, which wraps.
   void ShowTooltip(const QPoint& point) {
     if (label_.OnMouseDown && !LinesIn(text(), font(), size()).bWhole)
-      QToolTip::showText(point, Qt::convertFromPlainText(text()), this, rect());
+      QToolTip::showText(point, Qt::convertFromPlainText(text(), Qt::WhiteSpaceNormal), this,
+                         rect());
     else
       QToolTip::hideText();
   }

@@ -306,7 +306,12 @@ std::string Driver::TooltipOver(const Control& control) {
   QTest::mouseMove(&WindowOf(control), MiddleOf(control) + QPoint(1, 0));
   QTest::mouseMove(&WindowOf(control), MiddleOf(control));
   if (!QTest::qWaitFor([] { return QToolTip::isVisible(); }, LongestTooltipDelay)) return "";
-  return FromQString(QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText());
+  const QString text = QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText();
+  for (const QWidget* pWindow : QApplication::topLevelWidgets()) {
+    if (!pWindow->inherits("QTipLabel") || !text.contains(' ')) continue;
+    EXPECT_LT(pWindow->width(), WindowOf(control).width()) << "the tooltip does not wrap";
+  }
+  return FromQString(text);
 }
 
 Rgb Driver::PixelAt(const Control& control, int nX, int nY) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <iostream>
+#include <vector>
 
 #include "tests/windows/end_to_end/launcher_test.h"
 
@@ -203,10 +204,19 @@ TEST_F(LauncherMenu, ScrollsWithKeysThumbAndWheel) {
 TEST_F(LauncherMenu, CanBeUsedByKeyboard) {
   const Menu menu = OpenMenu();
   Select(menu, 0);
-  for (HWND hNext : {menu.hScrollBar, menu.hSetup, menu.hReadMe, menu.hExit, menu.hList}) {
+  std::vector<HWND> order;
+  for (std::size_t i = 1; i < 4; ++i) order.push_back(menu.rows[i].hBox);
+  for (std::size_t i = 0; i < 4; ++i) order.push_back(menu.rows[i].hIcon);
+  order.insert(order.end(),
+               {menu.hSetup, menu.hReadMe, menu.hExit, menu.hScrollBar, menu.rows[0].hBox});
+  for (const HWND hNext : order) {
     Type(VK_TAB);
     ExpectFocus(menu, hNext, "Tab");
   }
+  Type(VK_END);
+  ExpectTitles(menu, LastRows, "End");
+  Type(VK_HOME);
+  ExpectTitles(menu, FirstRows, "Home");
   TypeWithAlt('R');
   CloseWithEsc(launcher->Window(FormClass, "Read Me - base.txt"));
   BringToFront(menu.hForm);
