@@ -52,6 +52,15 @@ void PressKey(const PROCESS_INFORMATION& process, WPARAM nKey) {
   PostMessageA(hTarget, WM_KEYUP, nKey, static_cast<LPARAM>(0xC0000001));
 }
 
+// As a screen reader does of each control, for which the program loads what it
+// needs to answer.
+BOOL CALLBACK AskForObject(HWND hWindow, LPARAM) {
+  DWORD_PTR result = 0;
+  SendMessageTimeoutA(hWindow, WM_GETOBJECT, 0, OBJID_CLIENT, SMTO_NORMAL, PatienceMilliseconds,
+                      &result);
+  return TRUE;
+}
+
 bool Use(const PROCESS_INFORMATION& process) {
   HWND hWindow = nullptr;
   for (const WPARAM nKey : {VK_RETURN, VK_ESCAPE}) {
@@ -60,6 +69,7 @@ bool Use(const PROCESS_INFORMATION& process) {
     std::array<char, 256> title{};
     GetWindowTextA(hWindow, title.data(), title.size());
     std::printf("%s\n", title.data());
+    EnumChildWindows(hWindow, AskForObject, 0);
     PressKey(process, nKey);
   }
   return WaitForSingleObject(process.hProcess, PatienceMilliseconds) == WAIT_OBJECT_0;
