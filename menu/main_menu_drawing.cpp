@@ -72,10 +72,10 @@ std::string WithoutAmpersand(std::string sCaption) {
 }
 
 // The given number of pixels away from the edges.
-void DrawFocus(PictureBox& picBox, std::int16_t nPixels) {
+void DrawFocus(PictureBox& picBox, Twips pixels) {
   if (!picBox.ShowsFocus()) return;
-  const Twips x = Screen::TwipsPerPixelX() * nPixels;
-  const Twips y = Screen::TwipsPerPixelY() * nPixels;
+  const Twips x = Screen::TwipsPerPixelX() * pixels;
+  const Twips y = Screen::TwipsPerPixelY() * pixels;
   picBox.DrawFocusRectangle(x, y, picBox.Width() - 2 * x, picBox.Height() - 2 * y);
 }
 

@@ -26,8 +26,7 @@ std::size_t FirstLine(std::u16string_view sRest, const CountFitting& countFittin
 // As much of the text as fits with an ellipsis behind it.
 std::u16string CutLine(std::u16string_view sRest, const CountFitting& countFitting) {
   for (std::size_t n = countFitting(sRest);; --n) {
-    const std::u16string sLine =
-        std::u16string(WithoutEndSpaces(sRest.substr(0, n))).append(Ellipsis);
+    std::u16string sLine = std::u16string(WithoutEndSpaces(sRest.substr(0, n))).append(Ellipsis);
     if (n == 0 || countFitting(sLine) == sLine.size()) return sLine;
   }
 }

@@ -2,7 +2,9 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
-#include <QTimer>
+#include <QCoreApplication>
+#include <QEvent>
+#include <algorithm>
 #include <vector>
 
 #include "platform/host/toolkit_box.h"
@@ -66,7 +68,8 @@ class BoxAccessible : public QAccessibleWidget {
   }
   // The client does not wait for what comes of it, which may be a message box.
   void doAction(const QString& name) override {
-    if (name == pressAction() && area_.CanAct()) QTimer::singleShot(0, &area_, &BoxArea::Act);
+    if (name == pressAction() && area_.CanAct())
+      QCoreApplication::postEvent(&area_, new QEvent(BoxArea::ActEvent));  // Qt deletes it
   }
 
  private:

@@ -106,8 +106,10 @@ bool BoxArea::CanAct() const {
   return box_.OnKey && (role_ == BoxRole::ListItem || role_ == BoxRole::Button);
 }
 
-void BoxArea::Act() {
-  if (FormOf(*this).ReceivesEvents()) DispatchKey(BoxKey::Space);
+bool BoxArea::event(QEvent* pEvent) {
+  if (pEvent->type() != ActEvent) return QWidget::event(pEvent);
+  if (CanAct() && FormOf(*this).ReceivesEvents()) DispatchKey(BoxKey::Space);
+  return true;
 }
 
 void BoxArea::SetSelected(bool bSelected) {

@@ -41,8 +41,8 @@ class BoxArea : public QWidget {
   void SetSelected(bool bSelected);
   BoxRole Role() const { return role_; }
   bool Selected() const { return bSelected_; }
-  bool CanAct() const;
-  void Act();  // as Space does
+  bool CanAct() const;  // as Space does, when asked by ActEvent
+  static constexpr QEvent::Type ActEvent = QEvent::User;
 
   // Draws it while the box is being painted, else has the box painted anew
   // unless this is what was drawn last.
@@ -55,6 +55,7 @@ class BoxArea : public QWidget {
   std::function<void(QWheelEvent&)> OnWheel;
 
  protected:
+  bool event(QEvent* pEvent) override;
   void paintEvent(QPaintEvent* pEvent) override;
   void keyPressEvent(QKeyEvent* pEvent) override;
   void focusInEvent(QFocusEvent* pEvent) override;

@@ -1,3 +1,4 @@
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QStyleOptionButton>
 #include <QStylePainter>
@@ -17,6 +18,11 @@ class ButtonWidget : public QPushButton {
   using QPushButton::QPushButton;
 
  protected:
+  // Qt would have an arrow move the focus to another control.
+  void keyPressEvent(QKeyEvent* pEvent) override {
+    const bool bArrow = pEvent->key() >= Qt::Key_Left && pEvent->key() <= Qt::Key_Down;
+    bArrow ? pEvent->ignore() : QPushButton::keyPressEvent(pEvent);
+  }
   void paintEvent(QPaintEvent* /*pEvent*/) override {
     QStylePainter painter(this);
     QStyleOptionButton option;

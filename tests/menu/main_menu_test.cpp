@@ -221,6 +221,10 @@ TEST_F(MainMenuWindow, IsUsedWithKeysAlone) {
     EXPECT_EQ(Rows(), "456[7]");
     EXPECT_EQ(system.started.back(), "\"C:\\Suite\\p7.exe\"");
     EXPECT_TRUE(Driver::HasFocus(menu.picIcon[3]));
+
+    menu.cmdExit.SetFocus();
+    Driver::Type(Key::Up);
+    EXPECT_TRUE(Driver::HasFocus(menu.cmdExit)) << "a button leaves arrows alone";
   });
 }
 
