@@ -52,14 +52,19 @@ std::optional<LRESULT> LabelWindow::Answer(UINT message, WPARAM wParam, LPARAM l
       return label_.OnMouseDown ? HTCLIENT : HTTRANSPARENT;
     case WM_ERASEBKGND:
       return 1;  // it paints its background itself
+    case WM_SIZE:
+      sTooltip_.clear();  // until the next paint, as it has the label's width
+      tooltip_.reset();
+      break;
     case WM_PAINT:
       Paint();
       return 0;
     case WM_SETTEXT:
       return SetText(lParam);
     default:
-      return ControlWindow::Answer(message, wParam, lParam);
+      break;
   }
+  return ControlWindow::Answer(message, wParam, lParam);
 }
 
 // Keeps the text; the static text's own procedure would draw it, too.
