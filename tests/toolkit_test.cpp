@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <stdexcept>
 #include <utility>
@@ -305,6 +306,19 @@ TEST_F(ToolkitWindow, ALabelThatIsTooSmallShowsNotAllOfItsText) {
     EXPECT_EQ(LabelShowsWhole(c.sText, c.font, 4890, 240.0F * static_cast<Twips>(c.nLines)),
               c.bWhole)
         << c.sText << " in " << c.nLines;
+}
+
+TEST_F(ToolkitWindow, ALabelHasRoomForTheSameLinesAtEachResolution) {
+  Label label(box);
+  label.SetBounds(150, 150, 3000, 585);  // as a description
+  label.SetCaption("W\r\nW\r\nW");
+  Driver::ShowModal(form, [&] {
+    const auto pixels = Driver::PixelsOf(label);
+    const std::vector<Rgb> empty(pixels[0].size(), Driver::RgbOf(Color::ButtonFace));
+    const auto nThird = static_cast<std::ptrdiff_t>(pixels.size() * 3 / 4);
+    EXPECT_TRUE(std::any_of(pixels.begin() + nThird, pixels.end(),
+                            [&](const auto& row) { return row != empty; }));
+  });
 }
 
 TEST_F(ToolkitWindow, LinesLeaveOutTheirFinalPixel) {

@@ -32,7 +32,7 @@ class LabelWidget : public QLabel {
   }
   void paintEvent(QPaintEvent* /*pEvent*/) override {
     QPainter painter(this);
-    QRect line(0, 0, width(), fontMetrics().lineSpacing());
+    QRect line(0, 0, width(), fontMetrics().height());
     for (const std::u16string& sLine : LinesIn(text(), font(), size()).lines) {
       painter.drawText(line, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
                        QString::fromStdU16String(sLine));

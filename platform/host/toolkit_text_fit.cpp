@@ -36,7 +36,7 @@ int UsualPixels(float size, float sizesPerInch) {
 LabelLines LinesIn(const QString& text, const QFont& font, QSize size) {
   const QFontMetrics metrics(font);
   return BreakIntoLines(
-      text.toStdU16String(), size.height() / metrics.lineSpacing(), [&](std::u16string_view sText) {
+      text.toStdU16String(), size.height() / metrics.height(), [&](std::u16string_view sText) {
         const auto nLength = static_cast<qsizetype>(sText.size());
         return CountFittingIn(metrics, QString::fromUtf16(sText.data(), nLength), size.width());
       });
