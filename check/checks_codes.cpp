@@ -1,6 +1,7 @@
 // Checks of how products and prerequisites stand to each other.
 
 #include <algorithm>
+#include <compare>
 #include <cstddef>
 #include <map>
 #include <optional>
@@ -113,7 +114,7 @@ void CheckRevisionsOffered(const Suite& suite, Report& report) {
     if (pProduct == nullptr || pProduct->Value("REVISION").empty()) return;
     const std::string_view sOffered = pProduct->Value("REVISION");
     const std::string_view sRequired = prerequisite.Value("REVISION");
-    if (sRequired <= sOffered || CompareByNumbers(sRequired, sOffered) < 0) return;
+    if (sRequired <= sOffered || std::is_lt(CompareByNumbers(sRequired, sOffered))) return;
     report.Error(prerequisite.PlaceOf("REVISION"),
                  "Revision " + Quoted(sRequired) + " is required, but " + Naming(*pProduct) +
                      " offers " + Quoted(sOffered) + ", which is lower.",
@@ -235,7 +236,7 @@ void CheckRevisionOrder(const Suite& suite, Report& report) {
     for (auto higher = revisions.begin(); higher != revisions.end(); ++higher) {
       if (higher == revisions.begin()) continue;
       const auto lower = std::prev(higher);
-      if (CompareByNumbers(lower->first, higher->first) > 0)
+      if (std::is_gt(CompareByNumbers(lower->first, higher->first)))
         ReportOrder(sCode, *lower, *higher, report);
     }
   }

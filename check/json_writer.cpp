@@ -1,8 +1,5 @@
 #include "check/json_writer.h"
 
-#include <array>
-#include <cstdio>
-
 namespace trelin {
 
 void JsonWriter::Begin(char cBracket) {
@@ -61,9 +58,9 @@ void JsonWriter::Quote(std::string_view sText) {
       sText_ += c;
       continue;
     }
-    std::array<char, 8> escape{};
-    std::snprintf(escape.data(), escape.size(), "\\u%04x", static_cast<unsigned>(c));
-    sText_ += escape.data();
+    const char* const pDigits = "0123456789abcdef";
+    const auto nCode = static_cast<unsigned char>(c);
+    sText_.append("\\u00").append(1, pDigits[nCode >> 4U]).append(1, pDigits[nCode & 0xFU]);
   }
   sText_ += '"';
 }

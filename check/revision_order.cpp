@@ -68,7 +68,7 @@ std::string Widened(std::string_view sText, const std::vector<std::size_t>& widt
 std::weak_ordering CompareByNumbers(std::string_view sOne, std::string_view sOther) {
   while (!sOne.empty() && !sOther.empty()) {
     const std::weak_ordering order = CompareParts(TakePart(sOne), TakePart(sOther));
-    if (order != 0) return order;
+    if (std::is_neq(order)) return order;
   }
   return sOne.size() <=> sOther.size();
 }

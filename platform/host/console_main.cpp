@@ -1,6 +1,5 @@
 #include <QGuiApplication>
 #include <array>
-#include <cstdio>
 #include <exception>
 #include <string>
 #include <vector>
@@ -47,7 +46,11 @@ int main(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) arguments.push_back(trelin::FromUtf8(argv[i]));
     return trelin::RunCommand(arguments);
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "%s\n", trelin::ToUtf8(error.what()).c_str());
+    try {
+      trelin::WriteErrorOutput(trelin::ToUtf8(error.what()) + "\n");
+    } catch (const std::exception&) {
+      return trelin::FailureCode;  // there is nowhere to write
+    }
     return trelin::FailureCode;
   }
 }
