@@ -27,14 +27,6 @@ std::string NearestKey(BlockKind kind, const std::string& sKey) {
   return NearestWord(sKey, KeysOf(kind));
 }
 
-// In the outer block the launcher says so itself.
-std::string UnknownKeyMessage(BlockKind kind, const std::string& sKey) {
-  if (kind == BlockKind::SetupList)
-    return FormatResourceString(35013, LoadResourceString(35014), sKey);
-  return LoadResourceString(35014) + " does not know the entry \"" + sKey + "\" in a block " +
-         NameOf(kind) + ". It beeps and leaves it out.";
-}
-
 // Where the key belongs, if it is known at all.
 std::string WhereKnown(const std::string& sKey) {
   std::string sBlocks;
@@ -45,6 +37,21 @@ std::string WhereKnown(const std::string& sKey) {
     sBlocks += NameOf(kind);
   }
   return sBlocks.empty() ? sBlocks : sBlocks + ".";
+}
+
+std::string UnknownKeyHint(BlockKind kind, const std::string& sKey) {
+  if (sKey == "END" || sKey == "BLOCK")
+    return "A line that is to count as " + sKey + " has no equals sign right behind the word.";
+  return "The known key that is nearest to it is " + NearestKey(kind, sKey) + "." +
+         WhereKnown(sKey);
+}
+
+// In the outer block the launcher says so itself.
+std::string UnknownKeyMessage(BlockKind kind, const std::string& sKey) {
+  if (kind == BlockKind::SetupList)
+    return FormatResourceString(35013, LoadResourceString(35014), sKey);
+  return LoadResourceString(35014) + " does not know the entry \"" + sKey + "\" in a block " +
+         NameOf(kind) + ". It beeps and leaves it out.";
 }
 
 // Reports each block that use accepts and in which the key is missing or has
@@ -64,8 +71,7 @@ void CheckUnknownKeys(const Suite& suite, Report& report) {
     for (const ListEntry& entry : block.entries) {
       if (IsKnown(block.kind, entry.sKey)) continue;
       report.Error(entry.key, UnknownKeyMessage(block.kind, entry.sKey),
-                   "The known key that is nearest to it is " + NearestKey(block.kind, entry.sKey) +
-                       "." + WhereKnown(entry.sKey));
+                   UnknownKeyHint(block.kind, entry.sKey));
     }
   });
 }

@@ -190,8 +190,9 @@ class StructureReader {
   void HintAtEnd() {
     for (Finding& fault : list_.faults)
       if (fault.rule == Rule::NotUnderstood && fault.place.lLine > lEnd_)
-        fault.sHint = "It stands behind the END of the list in line " + std::to_string(lEnd_) +
-                      ", where only empty lines and comments may stand.";
+        fault.sHint += std::string(fault.sHint.empty() ? "" : " ") +
+                       "It stands behind the END of the list in line " + std::to_string(lEnd_) +
+                       ", where only empty lines and comments may stand.";
   }
 
   // What stands behind the END of the outer block.

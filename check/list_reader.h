@@ -12,6 +12,7 @@ namespace trelin {
 //
 //   found                              read as
 //   no BLOCK SETUPLIST at the start    as if it were there
+//   a line that is no statement        what it comes near to, see MeantLine
 //   a block of an unknown type         a block of the type that may stand there
 //   APPLICATION in a product           the product's END is missing, unless the
 //                                      ENDs behind it show that it is nested

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "check/encoding.h"
+#include "check/meant_line.h"
 #include "setuplist/block_parser.h"
 #include "startup/error.h"
 #include "startup/messages.h"
@@ -39,7 +40,7 @@ class StatementReader {
       if (nToken == BlockParser::TokenEndFile()) return false;
       if (!TakeMark()) Take(nToken);
     } catch (const Error& error) {
-      if (!TakeMark(&error)) AddFault(Rule::NotUnderstood, error.what());
+      if (!TakeMark(&error)) TakeMeant(error.Description());
     } catch (const std::overflow_error& error) {
       CountLine();
       AddFault(Rule::LineTooLong, error.what());
@@ -93,6 +94,15 @@ class StatementReader {
     const std::size_t nFirst = sRest.find_first_not_of(' ');
     TakeLine(sRest.substr(nFirst, sRest.find_last_not_of(' ') + 1 - nFirst));
     return true;
+  }
+
+  // A line that is no statement, for what it was most probably meant to be, so
+  // that one wrong word does not take the sense of the lines behind it.
+  void TakeMeant(const std::string& sMessage) {
+    const std::string sMeant = MeantLine(lines_.Line(Line()));
+    AddFault(Rule::NotUnderstood, sMessage,
+             sMeant.empty() ? "" : "Here it is read as \"" + sMeant + "\".");
+    if (!sMeant.empty()) TakeLine(objParser_.ExpandTabs(sMeant));
   }
 
   void TakeLine(const std::string& sLine) {

@@ -31,6 +31,18 @@ TEST_F(ListReader, AFaultIsReportedOnce) {
       {"a product first", sApp + "END\n", "1:7 error wrong-block\n"},
       {"a misspelt list", "BLOCK SETUPLST\n" + sApp + "END\nEND\n", "1:7 error wrong-block\n"},
       {"no statement", sBegin + "  Setup\n" + sApp + "END\nEND\n", "2:3 error not-understood\n"},
+      {"a misspelt keyword", sBegin + "\tBLCOK APPLICATION" + sApp.substr(17) + "END\nEND\n",
+       "2:2 error not-understood\n"},
+      {"a misspelt keyword at first", "BLOK SETUPLIST\n" + sApp + "END\nEND\n",
+       "1:1 error not-understood\n"},
+      {"a misspelt END", sBegin + sApp + "EDN\n" + sApp2 + "ENDE\nend\n",
+       "7:1 error not-understood\n13:1 error not-understood\n"},
+      {"entries without an equals sign",
+       sBegin +
+           "BLOCK APPLICATION\nProduct A\nPRODUCTCODE: A\nREVISION\t1\nINSTALLFILE setup.exe\n" +
+           "END\nEND\n",
+       "3:1 error not-understood\n4:1 error not-understood\n5:1 error not-understood\n"
+       "6:1 error not-understood\n"},
       {"a misspelt product",
        sBegin + "BLOCK APLICATION" + sApp.substr(17) + sNeed + "END\nEND\n" + sApp2 + "END\nEND\n",
        "2:7 error wrong-block\n"},
