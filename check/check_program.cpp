@@ -82,6 +82,28 @@ std::string ReportOn(const Results& results, ReportFormat format) {
   return TextReport(results);
 }
 
+// Takes a string library of the suite's own for the program's, as the launcher
+// does there. One that does not load is reported, and the program's own serves.
+class SuiteLibraries : public StringLibraryLoader {
+ public:
+  SuiteLibraries(StringLibraryLoader& system, std::string sFolder)
+      : system_(system), sFolder_(std::move(sFolder)) {}
+
+  LibraryHandle Load(const std::string& sPath) override {
+    const LibraryHandle hOwn = system_.Load(InFolder(sFolder_, LibraryName));
+    return hOwn != 0 ? hOwn : system_.Load(sPath);
+  }
+  void Free(LibraryHandle hLibrary) override { system_.Free(hLibrary); }
+  std::int32_t LoadText(LibraryHandle hLibrary, std::int32_t lId, char* pBuffer,
+                        std::int32_t lSize) override {
+    return system_.LoadText(hLibrary, lId, pBuffer, lSize);
+  }
+
+ private:
+  StringLibraryLoader& system_;
+  std::string sFolder_;
+};
+
 // The words of the launcher come from its string library.
 void OpenStringResources() {
   ResetStringResources();
@@ -92,9 +114,16 @@ void OpenStringResources() {
                         "it is missing or damaged; it belongs into the folder of trelin-check");
 }
 
+std::string SuiteFolder(const Options& options) {
+  return StartPathTests().isFolder(options.sPath) ? options.sPath : FolderOf(options.sPath);
+}
+
 int RunChecks(const Options& options) {
+  SuiteLibraries libraries(TheStringLibraries(), SuiteFolder(options));
+  UsePlatform({&TheRegistry(), &libraries, &TheSystem()});
   OpenStringResources();
   const Results results = CheckWhatIsAsked(options);
+  FreeResourceLibraries();
   WriteOutput(ReportOn(results, options.format));
   const bool bFailed = CountOf(results, Severity::Error) > 0 ||
                        (options.bStrict && CountOf(results, Severity::Warning) > 0);
