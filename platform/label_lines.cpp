@@ -13,9 +13,18 @@ std::u16string_view WithoutEndSpaces(std::u16string_view sText) {
   return sText.substr(0, sText.find_last_not_of(Spaces) + 1);
 }
 
+// How many characters of the text fit. Measured is only a beginning of it that is
+// longer than that: a text may have millions.
+std::size_t CountIn(std::u16string_view sText, const CountFitting& countFitting) {
+  for (std::size_t nMeasured = 128;; nMeasured *= 2) {
+    const std::size_t nFitting = countFitting(sText.substr(0, nMeasured));
+    if (nFitting < nMeasured || nMeasured >= sText.size()) return nFitting;
+  }
+}
+
 // The length of the first line of what is left of a paragraph.
 std::size_t FirstLine(std::u16string_view sRest, const CountFitting& countFitting) {
-  const std::size_t nFitting = countFitting(sRest);
+  const std::size_t nFitting = CountIn(sRest, countFitting);
   if (nFitting >= sRest.size()) return sRest.size();
   const std::size_t nSpace = sRest.find_last_of(Spaces, nFitting);
   const std::size_t nWords =
@@ -25,7 +34,7 @@ std::size_t FirstLine(std::u16string_view sRest, const CountFitting& countFittin
 
 // As much of the text as fits with an ellipsis behind it.
 std::u16string CutLine(std::u16string_view sRest, const CountFitting& countFitting) {
-  for (std::size_t n = countFitting(sRest);; --n) {
+  for (std::size_t n = CountIn(sRest, countFitting);; --n) {
     std::u16string sLine = std::u16string(WithoutEndSpaces(sRest.substr(0, n))).append(Ellipsis);
     if (n == 0 || countFitting(sLine) == sLine.size()) return sLine;
   }
