@@ -126,7 +126,7 @@ class BoxAccessible final : public IAccessible {
   BoxAccessible& operator=(const BoxAccessible&) = delete;
 
   // Children are told by number, not by the standard object's enumeration.
-  STDMETHODIMP QueryInterface(REFIID id, void** ppObject) override {
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** ppObject) override {
     *ppObject = nullptr;
     if (id == __uuidof(IEnumVARIANT)) return E_NOINTERFACE;
     if (id != __uuidof(IUnknown) && id != __uuidof(IDispatch) && id != __uuidof(IAccessible))
@@ -135,68 +135,71 @@ class BoxAccessible final : public IAccessible {
     AddRef();
     return S_OK;
   }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++nReferences_; }
-  STDMETHODIMP_(ULONG) Release() override {
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++nReferences_; }
+  ULONG STDMETHODCALLTYPE Release() override {
     const ULONG nLeft = --nReferences_;
     if (nLeft == 0) delete this;
     return nLeft;
   }
 
-  STDMETHODIMP get_accParent(IDispatch** ppParent) override;
-  STDMETHODIMP get_accChildCount(LONG* pCount) override;
-  STDMETHODIMP get_accChild(VARIANT child, IDispatch** ppChild) override;
-  STDMETHODIMP get_accName(VARIANT child, BSTR* pName) override;
-  STDMETHODIMP get_accRole(VARIANT child, VARIANT* pRole) override;
-  STDMETHODIMP get_accState(VARIANT child, VARIANT* pState) override;
-  STDMETHODIMP get_accSelection(VARIANT* pSelection) override;
-  STDMETHODIMP get_accDefaultAction(VARIANT child, BSTR* pAction) override;
-  STDMETHODIMP accDoDefaultAction(VARIANT child) override;
-  STDMETHODIMP accSelect(LONG lFlags, VARIANT child) override;
+  HRESULT STDMETHODCALLTYPE get_accParent(IDispatch** ppParent) override;
+  HRESULT STDMETHODCALLTYPE get_accChildCount(LONG* pCount) override;
+  HRESULT STDMETHODCALLTYPE get_accChild(VARIANT child, IDispatch** ppChild) override;
+  HRESULT STDMETHODCALLTYPE get_accName(VARIANT child, BSTR* pName) override;
+  HRESULT STDMETHODCALLTYPE get_accRole(VARIANT child, VARIANT* pRole) override;
+  HRESULT STDMETHODCALLTYPE get_accState(VARIANT child, VARIANT* pState) override;
+  HRESULT STDMETHODCALLTYPE get_accSelection(VARIANT* pSelection) override;
+  HRESULT STDMETHODCALLTYPE get_accDefaultAction(VARIANT child, BSTR* pAction) override;
+  HRESULT STDMETHODCALLTYPE accDoDefaultAction(VARIANT child) override;
+  HRESULT STDMETHODCALLTYPE accSelect(LONG lFlags, VARIANT child) override;
 
-  STDMETHODIMP GetTypeInfoCount(UINT* pCount) override {
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* pCount) override {
     return standard_->GetTypeInfoCount(pCount);
   }
-  STDMETHODIMP GetTypeInfo(UINT nInfo, LCID locale, ITypeInfo** ppInfo) override {
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT nInfo, LCID locale, ITypeInfo** ppInfo) override {
     return standard_->GetTypeInfo(nInfo, locale, ppInfo);
   }
-  STDMETHODIMP GetIDsOfNames(REFIID id, LPOLESTR* ppNames, UINT nNames, LCID locale,
-                             DISPID* pIds) override {
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID id, LPOLESTR* ppNames, UINT nNames, LCID locale,
+                                          DISPID* pIds) override {
     return standard_->GetIDsOfNames(id, ppNames, nNames, locale, pIds);
   }
-  STDMETHODIMP Invoke(DISPID member, REFIID id, LCID locale, WORD flags, DISPPARAMS* pParameters,
-                      VARIANT* pResult, EXCEPINFO* pException, UINT* pWrong) override {
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID id, LCID locale, WORD flags,
+                                   DISPPARAMS* pParameters, VARIANT* pResult, EXCEPINFO* pException,
+                                   UINT* pWrong) override {
     return standard_->Invoke(member, id, locale, flags, pParameters, pResult, pException, pWrong);
   }
-  STDMETHODIMP get_accValue(VARIANT child, BSTR* pValue) override {
+  HRESULT STDMETHODCALLTYPE get_accValue(VARIANT child, BSTR* pValue) override {
     return standard_->get_accValue(child, pValue);
   }
-  STDMETHODIMP get_accDescription(VARIANT child, BSTR* pText) override {
+  HRESULT STDMETHODCALLTYPE get_accDescription(VARIANT child, BSTR* pText) override {
     return standard_->get_accDescription(child, pText);
   }
-  STDMETHODIMP get_accHelp(VARIANT child, BSTR* pText) override {
+  HRESULT STDMETHODCALLTYPE get_accHelp(VARIANT child, BSTR* pText) override {
     return standard_->get_accHelp(child, pText);
   }
-  STDMETHODIMP get_accHelpTopic(BSTR* pFile, VARIANT child, LONG* pTopic) override {
+  HRESULT STDMETHODCALLTYPE get_accHelpTopic(BSTR* pFile, VARIANT child, LONG* pTopic) override {
     return standard_->get_accHelpTopic(pFile, child, pTopic);
   }
-  STDMETHODIMP get_accKeyboardShortcut(VARIANT child, BSTR* pText) override {
+  HRESULT STDMETHODCALLTYPE get_accKeyboardShortcut(VARIANT child, BSTR* pText) override {
     return standard_->get_accKeyboardShortcut(child, pText);
   }
-  STDMETHODIMP get_accFocus(VARIANT* pChild) override { return standard_->get_accFocus(pChild); }
-  STDMETHODIMP accLocation(LONG* pLeft, LONG* pTop, LONG* pWidth, LONG* pHeight,
-                           VARIANT child) override {
+  HRESULT STDMETHODCALLTYPE get_accFocus(VARIANT* pChild) override {
+    return standard_->get_accFocus(pChild);
+  }
+  HRESULT STDMETHODCALLTYPE accLocation(LONG* pLeft, LONG* pTop, LONG* pWidth, LONG* pHeight,
+                                        VARIANT child) override {
     return standard_->accLocation(pLeft, pTop, pWidth, pHeight, child);
   }
-  STDMETHODIMP accNavigate(LONG lDirection, VARIANT start, VARIANT* pEnd) override {
+  HRESULT STDMETHODCALLTYPE accNavigate(LONG lDirection, VARIANT start, VARIANT* pEnd) override {
     return standard_->accNavigate(lDirection, start, pEnd);
   }
-  STDMETHODIMP accHitTest(LONG lLeft, LONG lTop, VARIANT* pChild) override {
+  HRESULT STDMETHODCALLTYPE accHitTest(LONG lLeft, LONG lTop, VARIANT* pChild) override {
     return standard_->accHitTest(lLeft, lTop, pChild);
   }
-  STDMETHODIMP put_accName(VARIANT child, BSTR name) override {
+  HRESULT STDMETHODCALLTYPE put_accName(VARIANT child, BSTR name) override {
     return standard_->put_accName(child, name);
   }
-  STDMETHODIMP put_accValue(VARIANT child, BSTR value) override {
+  HRESULT STDMETHODCALLTYPE put_accValue(VARIANT child, BSTR value) override {
     return standard_->put_accValue(child, value);
   }
 
@@ -212,18 +215,18 @@ class BoxAccessible final : public IAccessible {
 };
 
 // Without the objects of the windows' frames between a list and its items.
-STDMETHODIMP BoxAccessible::get_accParent(IDispatch** ppParent) {
+HRESULT STDMETHODCALLTYPE BoxAccessible::get_accParent(IDispatch** ppParent) {
   return ObjectOf(GetAncestor(hBox_, GA_PARENT), ppParent);
 }
 
-STDMETHODIMP BoxAccessible::get_accChildCount(LONG* pCount) {
+HRESULT STDMETHODCALLTYPE BoxAccessible::get_accChildCount(LONG* pCount) {
   return Guarded([&] {
     *pCount = static_cast<LONG>(ShownIn(hBox_).size());
     return S_OK;
   });
 }
 
-STDMETHODIMP BoxAccessible::get_accChild(VARIANT child, IDispatch** ppChild) {
+HRESULT STDMETHODCALLTYPE BoxAccessible::get_accChild(VARIANT child, IDispatch** ppChild) {
   *ppChild = nullptr;
   return Guarded([&] {
     const std::vector<HWND> children = ShownIn(hBox_);
@@ -234,7 +237,7 @@ STDMETHODIMP BoxAccessible::get_accChild(VARIANT child, IDispatch** ppChild) {
   });
 }
 
-STDMETHODIMP BoxAccessible::get_accName(VARIANT child, BSTR* pName) {
+HRESULT STDMETHODCALLTYPE BoxAccessible::get_accName(VARIANT child, BSTR* pName) {
   if (Self(child) == nullptr) return standard_->get_accName(child, pName);
   return Guarded([&] {
     const std::u16string sName = ToUtf16(WindowCaption(hBox_));
@@ -243,14 +246,14 @@ STDMETHODIMP BoxAccessible::get_accName(VARIANT child, BSTR* pName) {
   });
 }
 
-STDMETHODIMP BoxAccessible::get_accRole(VARIANT child, VARIANT* pRole) {
+HRESULT STDMETHODCALLTYPE BoxAccessible::get_accRole(VARIANT child, VARIANT* pRole) {
   const BoxWindow* const pBox = Self(child);
   if (pBox == nullptr) return standard_->get_accRole(child, pRole);
   *pRole = Number(RoleOf(*pBox));
   return S_OK;
 }
 
-STDMETHODIMP BoxAccessible::get_accState(VARIANT child, VARIANT* pState) {
+HRESULT STDMETHODCALLTYPE BoxAccessible::get_accState(VARIANT child, VARIANT* pState) {
   const HRESULT result = standard_->get_accState(child, pState);
   const BoxWindow* const pBox = Self(child);
   if (pBox == nullptr || FAILED(result)) return result;
@@ -258,7 +261,7 @@ STDMETHODIMP BoxAccessible::get_accState(VARIANT child, VARIANT* pState) {
   return S_OK;
 }
 
-STDMETHODIMP BoxAccessible::get_accSelection(VARIANT* pSelection) {
+HRESULT STDMETHODCALLTYPE BoxAccessible::get_accSelection(VARIANT* pSelection) {
   *pSelection = VARIANT{};
   return Guarded([&] {
     for (const HWND hChild : ShownIn(hBox_)) {
@@ -272,7 +275,7 @@ STDMETHODIMP BoxAccessible::get_accSelection(VARIANT* pSelection) {
 }
 
 // The string library has no text for it.
-STDMETHODIMP BoxAccessible::get_accDefaultAction(VARIANT child, BSTR* pAction) {
+HRESULT STDMETHODCALLTYPE BoxAccessible::get_accDefaultAction(VARIANT child, BSTR* pAction) {
   const BoxWindow* const pBox = Self(child);
   if (pBox == nullptr || !pBox->CanAct()) return standard_->get_accDefaultAction(child, pAction);
   *pAction = ToBstr(u"Press");
@@ -280,13 +283,13 @@ STDMETHODIMP BoxAccessible::get_accDefaultAction(VARIANT child, BSTR* pAction) {
 }
 
 // The client does not wait for what comes of it, which may be a message box.
-STDMETHODIMP BoxAccessible::accDoDefaultAction(VARIANT child) {
+HRESULT STDMETHODCALLTYPE BoxAccessible::accDoDefaultAction(VARIANT child) {
   const BoxWindow* const pBox = Self(child);
   if (pBox == nullptr || !pBox->CanAct()) return standard_->accDoDefaultAction(child);
   return PostMessageA(hBox_, BoxWindow::ActMessage, 0, 0) ? S_OK : E_FAIL;
 }
 
-STDMETHODIMP BoxAccessible::accSelect(LONG lFlags, VARIANT child) {
+HRESULT STDMETHODCALLTYPE BoxAccessible::accSelect(LONG lFlags, VARIANT child) {
   const BoxWindow* const pBox = Self(child);
   if (pBox == nullptr) return standard_->accSelect(lFlags, child);
   if ((lFlags & SELFLAG_TAKEFOCUS) != 0) pBox->Form().GiveFocus(hBox_);
