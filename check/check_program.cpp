@@ -14,6 +14,7 @@
 #include "platform/platform.h"
 #include "platform/platform_error.h"
 #include "platform/start_paths.h"
+#include "startup/paths.h"
 #include "startup/string_resources.h"
 
 namespace trelin {
@@ -27,10 +28,6 @@ constexpr const char* LibraryName = "ENU35000.DLL";
 // A path as the user writes it, without a "./" that says nothing.
 std::string Shown(const std::string& sPath) {
   return WrittenByUser(sPath.starts_with(".\\") ? sPath.substr(2) : sPath);
-}
-
-std::string InFolder(const std::string& sFolder, const char* pName) {
-  return sFolder + (sFolder.ends_with('\\') ? "" : "\\") + pName;
 }
 
 std::string FolderOf(const std::string& sPath) {

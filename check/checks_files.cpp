@@ -40,7 +40,7 @@ bool IsFolder(const std::string& sPath) { return StartPathTests().isFolder(sPath
 
 // As the launcher makes them.
 std::string PicturePath(const Suite& suite, const std::string& sValue) {
-  return suite.sFolder + (suite.sFolder.ends_with('\\') ? "" : "\\") + sValue;
+  return InFolder(suite.sFolder, sValue);
 }
 std::string InstallerPath(const Suite& suite, const std::string& sValue) {
   return JoinPath(suite.sSourceFolder, sValue);

@@ -31,9 +31,12 @@ bool FileExists(const std::string& sPath) {
   }
 }
 
-std::string ProgramFile(const std::string& sFile) {
-  const std::string sFolder = TheSystem().ProgramFolder();
+std::string InFolder(const std::string& sFolder, const std::string& sFile) {
   return sFolder + (sFolder.ends_with('\\') ? "" : "\\") + sFile;
+}
+
+std::string ProgramFile(const std::string& sFile) {
+  return InFolder(TheSystem().ProgramFolder(), sFile);
 }
 
 }  // namespace trelin

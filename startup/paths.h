@@ -18,8 +18,11 @@ std::string JoinPath(const std::string& sFolder, const std::string& sFile);
 // throws: what cannot be searched does not exist.
 bool FileExists(const std::string& sPath);
 
-// The full path of sFile in the program's folder. The name is appended as it
-// is.
+// The folder, a backslash unless it ends in one, and the file name, both as they
+// are.
+std::string InFolder(const std::string& sFolder, const std::string& sFile);
+
+// The full path of sFile in the program's folder, as InFolder makes it.
 std::string ProgramFile(const std::string& sFile);
 
 }  // namespace trelin
