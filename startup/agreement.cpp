@@ -6,30 +6,27 @@ namespace trelin {
 
 namespace {
 
-// Fits its text box whole at 96 dots per inch.
+// Fits its text box whole, with a line to spare, at each resolution. There is no
+// scroll bar: who makes it longer has to look.
 constexpr const char* AgreementText =
-    "The measurement solution that you are about to install works together with products of "
-    "Microsoft Corporation. Some of them come integrated into the measurement software; others "
-    "were pre-installed on this workstation before it was delivered to you. They are referred to "
-    "below as the Microsoft products.\r\n"
-    "Each of the Microsoft products remains subject to its own end-user license agreement with "
-    "Microsoft. That agreement came with the product or is shown when the product is first "
-    "started. Nothing in the license of the measurement software replaces, widens or restricts "
-    "it. By using the measurement solution you use the Microsoft products, and you are asked to "
-    "read their agreements and to keep to them.\r\n"
-    "The Microsoft products are supplied as parts of the measurement solution, to be used "
-    "together with it on this workstation. They may not be copied to other computers, passed on "
-    "or used separately, unless their own agreements permit it. Questions about them are "
+    "    The measurement solution that you are about to install works together with products "
+    "of Microsoft Corporation. Some of them come integrated into the measurement software; "
+    "others were pre-installed on this workstation. They are called the Microsoft products "
+    "here.\r\n"
+    "    Each of the Microsoft products remains subject to its own end-user license agreement "
+    "with Microsoft. That agreement came with the product or is shown when the product is "
+    "first started. Nothing in the license of the measurement software replaces, widens or "
+    "restricts it. By using the measurement solution you use the Microsoft products, and you "
+    "are asked to read their agreements and to keep to them.\r\n"
+    "    The Microsoft products are supplied as parts of the measurement solution, to be used "
+    "together with it on this workstation. They may not be copied to other computers, passed "
+    "on or used separately, unless their own agreements permit it. Questions about them are "
     "answered by the supplier of your measurement solution.\r\n"
-    "\r\n"
-    "Choose Yes if you have read this text and accept that the Microsoft products are subject to "
-    "their own agreements. The setup menu then opens, and you can install the products of the "
-    "suite.\r\n"
-    "Choose No if you do not accept it. Setup then ends and nothing is installed. Without the "
-    "Microsoft products the measurement solution will not operate. You can start Trelin again "
-    "at any time.\r\n"
-    "\r\n"
-    "Do you accept the agreements of the Microsoft products?";
+    "    Choose Yes if you accept that the Microsoft products are subject to their own "
+    "agreements. The setup menu of the suite then opens.\r\n"
+    "    If you choose No, the measurement solution will not operate: setup ends and nothing "
+    "is installed. You can start Trelin again at any time.\r\n"
+    "    Do you accept the agreements of the Microsoft products?";
 
 }  // namespace
 
