@@ -59,13 +59,14 @@ std::int32_t ListModel::Target(Step step, std::int32_t lItem) const {
 }
 
 // The list as a whole is entered at its top row.
-std::optional<ListModel::Place> ListModel::Go(Step step, std::optional<std::int16_t> nRow) const {
+std::optional<std::int16_t> ListModel::Go(Step step) {
   if (nVisibleRows_ == 0) return std::nullopt;
-  const bool bEnters = !nRow && step != Step::Home && step != Step::End;
-  const std::int32_t lTarget = bEnters ? FirstItem() : Target(step, FirstItem() + nRow.value_or(0));
+  const std::int16_t nFrom = objSetupList_.CurrentIndex();
+  const bool bEnters = nFrom == 0 && step != Step::Home && step != Step::End;
+  const std::int32_t lTarget = bEnters ? FirstItem() : Target(step, nFrom);
   const std::int32_t lItem = std::clamp<std::int32_t>(lTarget, 1, ItemCount());
-  const std::int32_t lTop = std::clamp<std::int32_t>(FirstItem(), lItem - nVisibleRows_ + 1, lItem);
-  return Place{ItemNumber(lTop), ItemNumber(lItem - lTop)};
+  objSetupList_.SetCurrentIndex(ItemNumber(lItem));
+  return ItemNumber(std::clamp<std::int32_t>(FirstItem(), lItem - nVisibleRows_ + 1, lItem));
 }
 
 void ListModel::Select(std::int16_t nRow) {

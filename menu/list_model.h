@@ -35,14 +35,11 @@ class ListModel {
   std::int16_t MaxTopIndex() const;
   void ScrollTo(std::int16_t nTopIndex);
 
-  // Where a step leads from row nRow, or from the list as a whole, and which
-  // product the top row shows then. Nowhere in an empty list.
+  // Selects the product to which a step leads from the selected one, or else from
+  // the list as a whole, and returns the product that the top row has to show, so
+  // that it is in view. Nothing in an empty list.
   enum class Step { Up, Down, PageUp, PageDown, Home, End };
-  struct Place {
-    std::int16_t nTopIndex, nRow;
-    bool operator==(const Place&) const = default;
-  };
-  std::optional<Place> Go(Step step, std::optional<std::int16_t> nRow) const;
+  std::optional<std::int16_t> Go(Step step);
 
   // Selects the product that row nRow shows.
   void Select(std::int16_t nRow);

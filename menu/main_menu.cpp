@@ -105,6 +105,7 @@ void frmMainMenu::ConnectRowEvents(std::int16_t Index) {
   picIcon[Index].OnPaint = [this, Index] { picIcon_Paint(Index); };
   picIcon[Index].OnMouseDown = [this, Index](Twips, Twips) { picIcon_MouseDown(Index); };
   picIcon[Index].OnMouseMove = [this, Index](Twips X, Twips Y) { picIcon_MouseMove(Index, X, Y); };
+  picIcon[Index].OnLoseCapture = [this, Index] { picIcon_LoseCapture(Index); };
   picIcon[Index].OnMouseUp = [this, Index](Twips X, Twips Y) { picIcon_MouseUp(Index, X, Y); };
   lblTitle[Index].OnMouseDown = [this, Index] { lblTitle_MouseDown(Index); };
   lblDescription[Index].OnMouseDown = [this, Index] { lblDescription_MouseDown(Index); };

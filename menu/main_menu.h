@@ -75,13 +75,15 @@ class frmMainMenu : public Form {
   void VScroll_Change();
   void VScroll_Scroll();
   void Timer1_Timer();
-  void ShowSelection(std::int16_t Index);
+  void picIcon_LoseCapture(std::int16_t Index);
+  void ShowSelection(ControlArray<PictureBox>& picBoxes);
+  void KeepFocusOnSelection();
 
   // main_menu_keys.cpp
   void picList_Key(BoxKey key);
   void picListItem_Key(std::int16_t Index, BoxKey key);
   void picIcon_Key(std::int16_t Index, BoxKey key);
-  void MoveFocus(ControlArray<PictureBox>& picBoxes, BoxKey key, std::optional<std::int16_t> nRow);
+  void Go(ControlArray<PictureBox>& picBoxes, ListModel::Step step);
 
   // main_menu_commands.cpp
   void cmdSetup_Click();

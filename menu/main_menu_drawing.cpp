@@ -136,9 +136,15 @@ void frmMainMenu::ShowItem(std::int16_t nItem, std::int16_t nRow) {
   DrawIcon(picIcon[nRow], nItem, false);
 }
 
+// Tab goes to one row and its icon: the selected one, which it leaves selected.
 void frmMainMenu::RefreshRows() {
   std::int16_t nFirst = model_->FirstItem();
   ShowItems(nFirst, model_->LastItem());
+  const std::int16_t nTabRow = model_->SelectedRow().value_or(0);
+  for (std::int16_t i = 0; i < Rows; ++i) {
+    picListItem[i].SetTabStop(i == nTabRow);
+    picIcon[i].SetTabStop(i == nTabRow);
+  }
 }
 
 void frmMainMenu::picListItem_Paint(std::int16_t Index) {

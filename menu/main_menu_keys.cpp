@@ -4,7 +4,7 @@ namespace trelin {
 
 namespace {
 
-ListModel::Step StepOf(BoxKey key) {
+std::optional<ListModel::Step> StepOf(BoxKey key) {
   switch (key) {
     case BoxKey::Up:
       return ListModel::Step::Up;
@@ -17,36 +17,39 @@ ListModel::Step StepOf(BoxKey key) {
     case BoxKey::Home:
       return ListModel::Step::Home;
     case BoxKey::End:
-    case BoxKey::Space:  // is no step
+      return ListModel::Step::End;
+    case BoxKey::Space:
+    case BoxKey::Reach:
       break;
   }
-  return ListModel::Step::End;
+  return std::nullopt;
 }
 
 }  // namespace
 
+// What keys reach is selected, so that they act on the product where the focus is.
+
 void frmMainMenu::picList_Key(BoxKey key) {
-  if (key != BoxKey::Space) MoveFocus(picListItem, key, std::nullopt);
+  if (const auto step = StepOf(key)) Go(picListItem, *step);
 }
 
 void frmMainMenu::picListItem_Key(std::int16_t Index, BoxKey key) {
-  key == BoxKey::Space ? picListItem_Click(Index) : MoveFocus(picListItem, key, Index);
+  const auto step = StepOf(key);
+  step ? Go(picListItem, *step) : picListItem_Click(Index);
 }
 
-// As pressing the icon and releasing it; the icon keeps the focus.
 void frmMainMenu::picIcon_Key(std::int16_t Index, BoxKey key) {
-  if (key != BoxKey::Space) return MoveFocus(picIcon, key, Index);
-  picListItem_Click(Index);
-  picIcon[Index].SetFocus();
-  RunSetup(objSetupList->CurrentIndex());
+  if (const auto step = StepOf(key)) return Go(picIcon, *step);
+  model_->Select(Index);
+  ShowSelection(picIcon);
+  if (key == BoxKey::Space) RunSetup(objSetupList->CurrentIndex());
 }
 
-void frmMainMenu::MoveFocus(ControlArray<PictureBox>& picBoxes, BoxKey key,
-                            std::optional<std::int16_t> nRow) {
-  const std::optional<ListModel::Place> place = model_->Go(StepOf(key), nRow);
-  if (!place) return;
-  if (place->nTopIndex != model_->FirstItem()) VScroll.SetValue(place->nTopIndex);
-  picBoxes[place->nRow].SetFocus();
+void frmMainMenu::Go(ControlArray<PictureBox>& picBoxes, ListModel::Step step) {
+  const std::optional<std::int16_t> nTopIndex = model_->Go(step);
+  if (!nTopIndex) return;
+  if (*nTopIndex != model_->FirstItem()) VScroll.SetValue(*nTopIndex);
+  ShowSelection(picBoxes);
 }
 
 }  // namespace trelin

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "menu/main_menu.h"
 #include "startup/error.h"
 
@@ -14,15 +16,29 @@ bool IsInside(const PictureBox& picBox, Twips X, Twips Y) {
 
 void frmMainMenu::picListItem_Click(std::int16_t Index) {
   model_->Select(Index);
-  ShowSelection(Index);
+  ShowSelection(picListItem);
 }
 
-void frmMainMenu::ShowSelection(std::int16_t Index) {
+// With the focus on the selected product's row or icon, away from a button, so
+// that Enter is Setup.
+void frmMainMenu::ShowSelection(ControlArray<PictureBox>& picBoxes) {
   cmdSetup.SetEnabled(model_->SetupEnabled());
   cmdReadMe.SetEnabled(model_->ReadMeEnabled());
   RefreshRows();
-  // Away from a button, so that Enter is Setup, and to where keys go on from.
-  picListItem[Index].SetFocus();
+  if (const std::optional<std::int16_t> nRow = model_->SelectedRow()) picBoxes[*nRow].SetFocus();
+}
+
+// No row or icon has the focus but the selected product's: while that is out of
+// view, the list has it.
+void frmMainMenu::KeepFocusOnSelection() {
+  const auto haveFocus = [](ControlArray<PictureBox>& picBoxes) {
+    return std::any_of(picBoxes.begin(), picBoxes.end(),
+                       [](const PictureBox& picBox) { return picBox.HasFocus(); });
+  };
+  ControlArray<PictureBox>& picBoxes = haveFocus(picIcon) ? picIcon : picListItem;
+  if (!haveFocus(picBoxes) && !picList.HasFocus()) return;
+  const std::optional<std::int16_t> nRow = model_->SelectedRow();
+  (nRow ? picBoxes[*nRow] : picList).SetFocus();
 }
 
 void frmMainMenu::lblTitle_MouseDown(std::int16_t Index) { picListItem_Click(Index); }
@@ -35,7 +51,7 @@ void frmMainMenu::picIcon_MouseDown(std::int16_t Index) {
   PictureBox& picBox = picIcon[Index];
   picBox.CapturePointer();
   model_->PressIcon(Index);
-  ShowSelection(Index);
+  ShowSelection(picListItem);
   picBox.Refresh();
 }
 
@@ -53,9 +69,15 @@ void frmMainMenu::picIcon_MouseUp(std::int16_t Index, Twips X, Twips Y) {
   if (release.bRunSetup) RunSetup(objSetupList->CurrentIndex());
 }
 
+// Also while Enter, which was pressed meanwhile, has a message box open.
+void frmMainMenu::picIcon_LoseCapture(std::int16_t Index) {
+  if (model_ && model_->ReleaseIcon(false).bRepaint) picIcon[Index].Refresh();
+}
+
 void frmMainMenu::VScroll_Change() {
   model_->ScrollTo(VScroll.Value());
   RefreshRows();
+  KeepFocusOnSelection();
   for (PictureBox& picBox : picIcon) picBox.Refresh();
 }
 

@@ -131,7 +131,9 @@ class Form : public Control {
 
 enum class BoxBorder { None, Sunken };
 
-enum class BoxKey { Space, Up, Down, PageUp, PageDown, Home, End };
+// Reach is no key of its own: Tab, or an accessibility client, has given the box
+// the focus.
+enum class BoxKey { Space, Up, Down, PageUp, PageDown, Home, End, Reach };
 
 // What an accessibility client takes a box for.
 enum class BoxRole { Pane, List, ListItem, Button };
@@ -139,8 +141,7 @@ enum class BoxRole { Pane, List, ListItem, Button };
 // A rectangle that the program paints, and a container of other controls.
 // Pointer positions are relative to the inside of its border; they may lie
 // outside while the pointer is captured or a button is held down. All buttons
-// are alike, and a double click is two. A press on a box with OnClick or a tab
-// index gives it the focus.
+// are alike. The second press of a double click is none.
 class PictureBox : public Control {
  public:
   explicit PictureBox(Control& container);  // a Form or a PictureBox
@@ -175,6 +176,10 @@ class PictureBox : public Control {
   void ReleasePointer();
 
   std::function<void()> OnPaint;  // after the background was filled
+
+  // The pointer that was captured has been taken away, as by a message box. It
+  // is told at once, as a paint is, also while a handler is running.
+  std::function<void()> OnLoseCapture;
   std::function<void()> OnClick;  // pressed and released on the box; after OnMouseUp
   std::function<void(Twips x, Twips y)> OnMouseDown;
   std::function<void(Twips x, Twips y)> OnMouseMove;
@@ -216,7 +221,8 @@ class Label : public Control {
 
 // The default button answers Enter unless another button has the focus, the
 // cancel button answers Esc; a disabled one answers nothing. An ampersand in
-// the caption marks the access key.
+// the caption marks the access key, which gives the button the focus as well.
+// The second press of a double click is none.
 class Button : public Control {
  public:
   explicit Button(Form& form);

@@ -71,6 +71,7 @@ void MoveTo(const Control& control, Twips x, Twips y);
 void Release(const Control& control, Twips x, Twips y);
 void Click(const Control& control, Twips x, Twips y);
 void Click(const Control& control);                    // in its middle
+void DoubleClick(const Control& control);              // there, at once
 void TurnWheel(const Control& control, int nNotches);  // over its middle; below 0: down
 
 // Keys go to the window that is in use.

@@ -192,6 +192,10 @@ TEST_F(ToolkitWindow, KeysReachTheButtons) {
       EXPECT_EQ(Taken(), Events({c.sClicked})) << c.sName;
     }
     box.SetFocus();
+    Driver::TypeAccessKey('N');
+    Driver::Type(Key::Enter);
+    EXPECT_EQ(Taken(), Events({"&No", "&No"})) << "an access key gives its button the focus";
+    box.SetFocus();
     yes.SetEnabled(false);
     no.SetEnabled(false);
     for (const auto& c : cases) c.act();

@@ -2,6 +2,7 @@
 
 #include <QMessageBox>
 
+#include "platform/host/toolkit_box.h"
 #include "platform/host/toolkit_loop.h"
 #include "platform/host/toolkit_measure.h"
 
@@ -33,9 +34,9 @@ void SetButtons(QMessageBox& box, MessageButtons buttons) {
   }
 }
 
-// A box takes the pointer from a control that has captured it.
+// A message box takes the pointer from a picture box that has captured it.
 void EndCapture() {
-  if (QWidget* pCaptor = QWidget::mouseGrabber()) pCaptor->releaseMouse();
+  if (auto* pCaptor = dynamic_cast<BoxArea*>(QWidget::mouseGrabber())) pCaptor->LoseCapture();
 }
 
 }  // namespace

@@ -127,13 +127,8 @@ void BoxArea::focusInEvent(QFocusEvent* /*pEvent*/) { Refresh(); }
 
 void BoxArea::focusOutEvent(QFocusEvent* /*pEvent*/) { Refresh(); }
 
-void BoxArea::TakeFocus() {
-  if (box_.OnClick || property(TabIndexProperty).isValid()) setFocus(Qt::MouseFocusReason);
-}
-
 void BoxArea::mousePressEvent(QMouseEvent* pEvent) {
   bPressed_ = true;
-  TakeFocus();
   DispatchPointer(box_.OnMouseDown, *pEvent);
 }
 
@@ -144,6 +139,12 @@ void BoxArea::mouseReleaseEvent(QMouseEvent* pEvent) {
   bPressed_ = false;
   DispatchPointer(box_.OnMouseUp, *pEvent);
   if (bClicked) DispatchInput(box_.OnClick);
+}
+
+void BoxArea::LoseCapture() {
+  bPressed_ = false;
+  releaseMouse();
+  DispatchPaint(box_.OnLoseCapture);
 }
 
 void BoxArea::wheelEvent(QWheelEvent* pEvent) {

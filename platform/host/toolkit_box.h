@@ -43,6 +43,9 @@ class BoxArea : public QWidget {
   bool Selected() const { return bSelected_; }
   bool CanAct() const;  // as Space does, when asked by ActEvent
   static constexpr QEvent::Type ActEvent = QEvent::User;
+  void DispatchKey(BoxKey key);
+
+  void LoseCapture();  // to a message box
 
   // Draws it while the box is being painted, else has the box painted anew
   // unless this is what was drawn last.
@@ -61,14 +64,13 @@ class BoxArea : public QWidget {
   void focusInEvent(QFocusEvent* pEvent) override;
   void focusOutEvent(QFocusEvent* pEvent) override;
   void mousePressEvent(QMouseEvent* pEvent) override;
+  void mouseDoubleClickEvent(QMouseEvent* /*pEvent*/) override {}  // is no press
   void mouseMoveEvent(QMouseEvent* pEvent) override;
   void mouseReleaseEvent(QMouseEvent* pEvent) override;
   void wheelEvent(QWheelEvent* pEvent) override;
 
  private:
   void Paint();
-  void TakeFocus();
-  void DispatchKey(BoxKey key);
 
   PictureBox& box_;
   QPixmap painted_;

@@ -23,6 +23,14 @@ class ButtonWidget : public QPushButton {
     const bool bArrow = pEvent->key() >= Qt::Key_Left && pEvent->key() <= Qt::Key_Down;
     bArrow ? pEvent->ignore() : QPushButton::keyPressEvent(pEvent);
   }
+  // Qt would click by its access key later, and leave the focus where it is.
+  bool event(QEvent* pEvent) override {
+    if (pEvent->type() != QEvent::Shortcut) return QPushButton::event(pEvent);
+    setFocus(Qt::ShortcutFocusReason);
+    click();
+    return true;
+  }
+  void mouseDoubleClickEvent(QMouseEvent* /*pEvent*/) override {}  // is no press
   void paintEvent(QPaintEvent* /*pEvent*/) override {
     QStylePainter painter(this);
     QStyleOptionButton option;

@@ -121,6 +121,7 @@ bool FormWidget::AnswerKey(const QKeyEvent& event) {
     case Qt::Key_Backtab:
       ShowFocus(true);
       focusNextPrevChild(event.key() == Qt::Key_Tab);
+      if (auto* pArea = dynamic_cast<BoxArea*>(focusWidget())) pArea->DispatchKey(BoxKey::Reach);
       return true;
     default:
       return false;

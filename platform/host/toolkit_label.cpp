@@ -43,6 +43,7 @@ class LabelWidget : public QLabel {
     KeepFromContainer(*pEvent);
     DispatchInput(label_.OnMouseDown);
   }
+  void mouseDoubleClickEvent(QMouseEvent* pEvent) override { KeepFromContainer(*pEvent); }
   void mouseMoveEvent(QMouseEvent* pEvent) override { KeepFromContainer(*pEvent); }
   void mouseReleaseEvent(QMouseEvent* pEvent) override { KeepFromContainer(*pEvent); }
 

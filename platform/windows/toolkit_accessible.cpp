@@ -204,6 +204,11 @@ class BoxAccessible final : public IAccessible {
   }
 
  private:
+  HRESULT Post(BoxKey key) const {
+    const auto lKey = static_cast<WPARAM>(key);
+    return PostMessageA(hBox_, BoxWindow::KeyMessage, lKey, 0) ? S_OK : E_FAIL;
+  }
+
   // Null where the child is none of its own, or the window is gone.
   BoxWindow* Self(const VARIANT& child) const {
     return IsSelf(child) ? dynamic_cast<BoxWindow*>(NativeWindow::Of(hBox_)) : nullptr;
@@ -286,13 +291,16 @@ HRESULT STDMETHODCALLTYPE BoxAccessible::get_accDefaultAction(VARIANT child, BST
 HRESULT STDMETHODCALLTYPE BoxAccessible::accDoDefaultAction(VARIANT child) {
   const BoxWindow* const pBox = Self(child);
   if (pBox == nullptr || !pBox->CanAct()) return standard_->accDoDefaultAction(child);
-  return PostMessageA(hBox_, BoxWindow::ActMessage, 0, 0) ? S_OK : E_FAIL;
+  return Post(BoxKey::Space);
 }
 
 HRESULT STDMETHODCALLTYPE BoxAccessible::accSelect(LONG lFlags, VARIANT child) {
   const BoxWindow* const pBox = Self(child);
   if (pBox == nullptr) return standard_->accSelect(lFlags, child);
-  if ((lFlags & SELFLAG_TAKEFOCUS) != 0) pBox->Form().GiveFocus(hBox_);
+  if ((lFlags & SELFLAG_TAKEFOCUS) != 0) {
+    pBox->Form().GiveFocus(hBox_);
+    Post(BoxKey::Reach);
+  }
   const bool bSelect = (lFlags & SELFLAG_TAKESELECTION) != 0;
   return bSelect && pBox->Role() == BoxRole::ListItem ? accDoDefaultAction(child) : S_OK;
 }

@@ -81,8 +81,8 @@ std::optional<LRESULT> BoxWindow::Answer(UINT message, WPARAM wParam, LPARAM lPa
     case WM_GETOBJECT:
       if (role_ == BoxRole::Pane || static_cast<LONG>(lParam) != OBJID_CLIENT) break;
       return AccessibleObjectOf(*this, wParam);
-    case ActMessage:
-      if (CanAct()) DispatchKey(BoxKey::Space);
+    case KeyMessage:
+      DispatchKey(static_cast<BoxKey>(wParam));
       return 0;
     case WM_KEYDOWN:
       if (TakeKey(wParam, lParam)) return 0;
@@ -146,15 +146,10 @@ void BoxWindow::SetSelected(bool bSelected) {
   TellClients(EVENT_OBJECT_STATECHANGE, Handle());
 }
 
-void BoxWindow::TakeFocus() {
-  if (box_.OnClick || TabIndex()) Form().GiveFocus(Handle());
-}
-
 // While a button is held down the pointer's events come here, wherever it is.
 void BoxWindow::Press(POINT point) {
   SetCapture(Handle());
   ++nPressed_;
-  TakeFocus();
   DispatchPointer(box_.OnMouseDown, point);
 }
 
@@ -184,7 +179,7 @@ void BoxWindow::DispatchPointer(const PointerHandler& handler, POINT point) {
 
 void BoxWindow::LoseCapture() {
   nPressed_ = 0;
-  bCaptured_ = false;
+  if (std::exchange(bCaptured_, false)) DispatchPaint(box_.OnLoseCapture);
 }
 
 void BoxWindow::CapturePointer() {

@@ -35,8 +35,9 @@ class BoxWindow : public ControlWindow {
   void SetSelected(bool bSelected);
   BoxRole Role() const { return role_; }
   bool Selected() const { return bSelected_; }
-  bool CanAct() const;  // when asked by ActMessage
-  static constexpr UINT ActMessage = WM_APP;
+  bool CanAct() const;                        // when asked by KeyMessage
+  static constexpr UINT KeyMessage = WM_APP;  // wParam: the BoxKey that the client stands for
+  void DispatchKey(BoxKey key);
 
   // Draws it while the box is being painted, else has the box painted anew
   // unless this is what was drawn last.
@@ -55,9 +56,7 @@ class BoxWindow : public ControlWindow {
   using PointerHandler = std::function<void(Twips, Twips)>;
 
   void Paint();
-  void TakeFocus();
   bool TakeKey(WPARAM key, LPARAM lParam);
-  void DispatchKey(BoxKey key);
   void Press(POINT point);
   void Move(POINT point);
   void Release(POINT point);

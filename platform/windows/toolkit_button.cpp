@@ -46,6 +46,12 @@ void ButtonWindow::ShowAsDefault(bool bDefault) {
   SendMessageA(Handle(), BM_SETSTYLE, bDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
 }
 
+// The system's button would take it for a press.
+std::optional<LRESULT> ButtonWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_LBUTTONDBLCLK) return 0;
+  return ControlWindow::Answer(message, wParam, lParam);
+}
+
 std::optional<LRESULT> ButtonWindow::AnswerOwn(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message != WM_COMMAND || HIWORD(wParam) != BN_CLICKED)
     return ControlWindow::AnswerOwn(message, wParam, lParam);

@@ -20,6 +20,7 @@ class ButtonWindow : public ControlWindow {
   void ShowAsDefault(bool bDefault);
 
  protected:
+  std::optional<LRESULT> Answer(UINT message, WPARAM wParam, LPARAM lParam) override;
   std::optional<LRESULT> AnswerOwn(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:

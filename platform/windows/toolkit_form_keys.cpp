@@ -21,10 +21,14 @@ bool CanHaveFocus(HWND hControl) {
   return hControl != nullptr && IsWindowVisible(hControl) && IsWindowEnabled(hControl);
 }
 
-// Which may show whether it has the focus.
+// The control, if it is a box.
+BoxWindow* BoxOf(HWND hControl) {
+  return hControl != nullptr ? dynamic_cast<BoxWindow*>(NativeWindow::Of(hControl)) : nullptr;
+}
+
+// A box may show that it has the focus.
 void RefreshBox(HWND hControl) {
-  if (hControl == nullptr) return;
-  if (auto* pBox = dynamic_cast<BoxWindow*>(NativeWindow::Of(hControl))) pBox->Refresh();
+  if (BoxWindow* pBox = BoxOf(hControl)) pBox->Refresh();
 }
 
 }  // namespace
@@ -53,6 +57,7 @@ bool FormWindow::AnswerKeyDown(WPARAM key) {
   if (key == VK_TAB) {
     ShowFocus(true);
     MoveFocus(GetKeyState(VK_SHIFT) >= 0);
+    if (BoxWindow* pBox = BoxOf(hFocus_)) pBox->DispatchKey(BoxKey::Reach);
   } else if (ButtonWindow* pButton = key == VK_RETURN ? EnterButton() : cancel_) {
     pButton->Click();
   }

@@ -13,8 +13,8 @@ namespace trelin {
 
 class FormWindow;
 
-// Whether the message tells of a button of the pointer, whichever it is. A
-// double click is two presses.
+// Whether the message tells of a button of the pointer, whichever it is. The
+// second press of a double click is none.
 bool IsPress(UINT message);
 bool IsRelease(UINT message);
 

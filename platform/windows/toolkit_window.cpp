@@ -12,9 +12,10 @@ const char* const PictureBoxClass = "TrelinPictureBox";
 
 namespace {
 
-void RegisterWindowClass(const char* pName) {
+void RegisterWindowClass(const char* pName, UINT style) {
   WNDCLASSEXA window{};
   window.cbSize = sizeof window;
+  window.style = style;
   window.lpfnWndProc = DefWindowProcA;
   window.hInstance = GetModuleHandleA(nullptr);
   window.hCursor = LoadCursorA(nullptr, IDC_ARROW);
@@ -25,8 +26,8 @@ void RegisterWindowClass(const char* pName) {
 
 void RegisterWindowClasses() {
   [[maybe_unused]] static const bool bRegistered = [] {
-    RegisterWindowClass(FormClass);
-    RegisterWindowClass(PictureBoxClass);
+    RegisterWindowClass(FormClass, 0);
+    RegisterWindowClass(PictureBoxClass, CS_DBLCLKS);  // or a double click comes as two
     return true;
   }();
 }

@@ -206,6 +206,10 @@ void Driver::Click(const Control& control) {
   QTest::mouseClick(&WindowOf(control), Qt::LeftButton, {}, MiddleOf(control));
 }
 
+void Driver::DoubleClick(const Control& control) {
+  QTest::mouseDClick(&WindowOf(control), Qt::LeftButton, {}, MiddleOf(control));
+}
+
 void Driver::TurnWheel(const Control& control, int nNotches) {
   QWindow& window = WindowOf(control);
   const QPoint point = MiddleOf(control);
@@ -220,10 +224,8 @@ void Driver::Type(Key key) {
           key == Key::KeypadEnter ? Qt::KeypadModifier : Qt::NoModifier);
 }
 
-// Qt clicks a button a moment after its access key.
 void Driver::TypeAccessKey(char c) {
   SendKey(static_cast<Qt::Key>(Qt::Key_A + (c - 'A')), Qt::AltModifier);
-  Wait(200);
 }
 
 std::string Driver::WindowTitle() {

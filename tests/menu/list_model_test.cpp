@@ -45,40 +45,44 @@ TEST_F(ListModelTest, RowsAndRangeFollowTheNumberOfProducts) {
 
 TEST_F(ListModelTest, KeysMoveThroughTheListAndScrollIt) {
   using Step = ListModel::Step;
+  // Top row and selection before and after.
   const struct {
     int nProducts;
-    std::int16_t nTop;
-    std::optional<std::int16_t> nRow;
+    std::int16_t nTop, nCurrent;
     Step step;
-    std::optional<ListModel::Place> place;
+    std::optional<std::int16_t> nNewTop;
+    std::int16_t nNewCurrent;
   } cases[] = {
-      {0, 1, std::nullopt, Step::Down, std::nullopt},
-      {0, 1, std::nullopt, Step::End, std::nullopt},
-      {7, 3, std::nullopt, Step::Down, {{3, 0}}},
-      {7, 3, std::nullopt, Step::PageUp, {{3, 0}}},
-      {7, 3, std::nullopt, Step::Home, {{1, 0}}},
-      {7, 3, std::nullopt, Step::End, {{4, 3}}},
-      {7, 1, 1, Step::Up, {{1, 0}}},
-      {7, 1, 0, Step::Up, {{1, 0}}},
-      {7, 2, 0, Step::Up, {{1, 0}}},
-      {7, 1, 3, Step::Down, {{2, 3}}},
-      {7, 4, 3, Step::Down, {{4, 3}}},
-      {7, 1, 0, Step::PageDown, {{2, 3}}},
-      {7, 3, 2, Step::PageDown, {{4, 3}}},
-      {7, 4, 3, Step::PageUp, {{3, 0}}},
-      {7, 2, 1, Step::PageUp, {{1, 0}}},
-      {7, 1, 0, Step::End, {{4, 3}}},
-      {7, 4, 3, Step::Home, {{1, 0}}},
-      {2, 1, 1, Step::Down, {{1, 1}}},
-      {2, 1, 1, Step::PageUp, {{1, 0}}},
-      {32767, 32764, 3, Step::PageDown, {{32764, 3}}},
-      {32767, 1, 0, Step::End, {{32764, 3}}},
+      {0, 1, 0, Step::Down, std::nullopt, 0},
+      {0, 1, 0, Step::End, std::nullopt, 0},
+      {7, 3, 0, Step::Down, 3, 3},
+      {7, 3, 0, Step::PageUp, 3, 3},
+      {7, 3, 0, Step::Home, 1, 1},
+      {7, 3, 0, Step::End, 4, 7},
+      {7, 1, 2, Step::Up, 1, 1},
+      {7, 1, 1, Step::Up, 1, 1},
+      {7, 2, 2, Step::Up, 1, 1},
+      {7, 1, 4, Step::Down, 2, 5},
+      {7, 4, 7, Step::Down, 4, 7},
+      {7, 4, 1, Step::Down, 2, 2},  // it was scrolled away
+      {7, 1, 7, Step::Up, 3, 6},
+      {7, 1, 1, Step::PageDown, 2, 5},
+      {7, 3, 5, Step::PageDown, 4, 7},
+      {7, 4, 7, Step::PageUp, 3, 3},
+      {7, 2, 3, Step::PageUp, 1, 1},
+      {7, 1, 1, Step::End, 4, 7},
+      {7, 4, 7, Step::Home, 1, 1},
+      {2, 1, 2, Step::Down, 1, 2},
+      {2, 1, 2, Step::PageUp, 1, 1},
+      {32767, 32764, 32767, Step::PageDown, 32764, 32767},
+      {32767, 1, 1, Step::End, 32764, 32767},
   };
   for (const auto& c : cases) {
     if (!model || c.nProducts != list.MenuItems().Count()) Load(c.nProducts).Load();
     model->ScrollTo(c.nTop);
-    EXPECT_EQ(model->Go(c.step, c.nRow), c.place)
-        << "case " << &c - cases << ": step " << static_cast<int>(c.step);
+    list.SetCurrentIndex(c.nCurrent);
+    EXPECT_EQ(model->Go(c.step), c.nNewTop) << "case " << &c - cases;
+    EXPECT_EQ(list.CurrentIndex(), c.nNewCurrent) << "case " << &c - cases;
   }
 }
 

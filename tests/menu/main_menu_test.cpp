@@ -148,6 +148,39 @@ TEST_F(MainMenuWindow, AnIconRunsSetupWhenReleasedOverIt) {
   });
 }
 
+TEST_F(MainMenuWindow, ADoubleClickIsOneClick) {
+  UseMenu(2, [&] {
+    auto& menu = MainMenu();
+    PressRow(1);
+    for (const Control* pControl :
+         std::initializer_list<const Control*>{&menu.picIcon[0], &menu.cmdSetup, &menu.cmdReadMe}) {
+      system.started.clear();
+      Driver::DoubleClick(*pControl);
+      EXPECT_EQ(system.started.size(), 1U);
+      PressRow(1);
+    }
+  });
+}
+
+TEST_F(MainMenuWindow, AMessageBoxEndsThePressOfAnIcon) {
+  system.files["C:\\Suite\\TRELIN.CFG"] =
+      "BLOCK SETUPLIST\nBLOCK APPLICATION\nPRODUCT = Product 1\n";
+  UseMenu([&] {
+    PictureBox& box = MainMenu().picIcon[0];
+    const auto isSunken = [&] { return PixelAt(box, 0, 0) == Driver::RgbOf(Color::DarkShadow3D); };
+    system.onMessage = [&] {
+      Driver::WhenWindowOpens([&] { EXPECT_FALSE(isSunken()) << "beside the message box"; });
+      return Driver::ShowMessage("", MessageButtons::Ok, "");
+    };
+    Driver::Press(box, 600, 600);
+    EXPECT_TRUE(isSunken());
+    Driver::Type(Key::Enter);
+    EXPECT_FALSE(isSunken());
+    Driver::Release(box, 600, 600);
+  });
+  EXPECT_EQ(system.messages.size(), 1U) << "the release is no click";
+}
+
 TEST_F(MainMenuWindow, ScrollsAndKeepsItsSelection) {
   UseMenu(7, [&] {
     PressRow(0);
@@ -174,17 +207,28 @@ TEST_F(MainMenuWindow, TabGoesThroughTheWindowAndBack) {
         EXPECT_TRUE(Driver::HasFocus(*order[i])) << "place " << i;
       }
     };
-    expectOrder(Key::Tab, {&menu.VScroll, &menu.picListItem[0], &menu.picListItem[1],
-                           &menu.picListItem[2], &menu.picListItem[3], &menu.picIcon[0],
-                           &menu.picIcon[1], &menu.picIcon[2], &menu.picIcon[3], &menu.cmdExit});
+    expectOrder(Key::Tab, {&menu.VScroll, &menu.picListItem[0], &menu.picIcon[0], &menu.cmdSetup,
+                           &menu.cmdExit});
+    EXPECT_EQ(Rows(), "[1]234") << "the row that Tab has reached";
     PressRow(1);
-    expectOrder(Key::BackTab, {&menu.picListItem[0], &menu.VScroll, &menu.cmdExit, &menu.cmdReadMe,
-                               &menu.cmdSetup, &menu.picIcon[3]});
+    expectOrder(Key::BackTab, {&menu.VScroll, &menu.cmdExit, &menu.cmdReadMe, &menu.cmdSetup,
+                               &menu.picIcon[1], &menu.picListItem[1]});
+    EXPECT_EQ(Rows(), "1[2]34");
+    Driver::TurnWheel(menu.picList, -1);
+    Driver::Type(Key::Tab);
+    EXPECT_TRUE(Driver::HasFocus(menu.picIcon[0])) << "of the selected product";
+    menu.VScroll.SetValue(1);
+    menu.cmdExit.SetFocus();
+    Driver::TurnWheel(menu.picList, -2);
+    EXPECT_TRUE(Driver::HasFocus(menu.cmdExit));
+    for (int i = 0; i < 2; ++i) Driver::Type(Key::Tab);
+    EXPECT_EQ(Rows(), "[2]345") << "it was scrolled away: Tab reaches the top row";
   });
   UseMenu(1, [&] {
     auto& menu = MainMenu();
     for (const Control* pControl : std::initializer_list<const Control*>{
-             &menu.picListItem[0], &menu.picIcon[0], &menu.cmdExit, &menu.picListItem[0]}) {
+             &menu.picListItem[0], &menu.picIcon[0], &menu.cmdSetup, &menu.cmdExit,
+             &menu.picListItem[0]}) {
       Driver::Type(Key::Tab);
       EXPECT_TRUE(Driver::HasFocus(*pControl)) << "past what is hidden or disabled";
     }
@@ -196,31 +240,48 @@ TEST_F(MainMenuWindow, IsUsedWithKeysAlone) {
     auto& menu = MainMenu();
     const struct {
       Key key;
-      std::int16_t nFocus;
+      std::int16_t nRow;  // that has the focus
       const char* sRows;
     } cases[] = {
-        {Key::Down, 0, "1234"},     {Key::Down, 1, "1234"},   {Key::Space, 1, "1[2]34"},
-        {Key::PageDown, 3, "3456"}, {Key::Up, 2, "3456"},     {Key::Space, 2, "34[5]6"},
-        {Key::End, 3, "4[5]67"},    {Key::Down, 3, "4[5]67"}, {Key::Home, 0, "1234"},
-        {Key::PageUp, 0, "1234"},   {Key::Up, 0, "1234"},
+        {Key::Down, 0, "[1]234"},     {Key::Down, 1, "1[2]34"}, {Key::Space, 1, "1[2]34"},
+        {Key::PageDown, 3, "345[6]"}, {Key::Up, 2, "34[5]6"},   {Key::End, 3, "456[7]"},
+        {Key::Down, 3, "456[7]"},     {Key::Home, 0, "[1]234"}, {Key::PageUp, 0, "[1]234"},
+        {Key::Up, 0, "[1]234"},       {Key::Down, 1, "1[2]34"}, {Key::Down, 2, "12[3]4"},
     };
     for (const auto& c : cases) {
       Driver::Type(c.key);
       EXPECT_EQ(Rows(), c.sRows) << "step " << &c - cases;
-      EXPECT_TRUE(Driver::HasFocus(menu.picListItem[c.nFocus])) << "step " << &c - cases;
+      EXPECT_TRUE(Driver::HasFocus(menu.picListItem[c.nRow])) << "step " << &c - cases;
       EXPECT_EQ(menu.VScroll.Value(), menu.objSetupList->TopIndex()) << "step " << &c - cases;
     }
+    const auto expectStarted = [&](const char* sProduct) {
+      ASSERT_FALSE(system.started.empty());
+      EXPECT_EQ(system.started.back(), "\"C:\\Suite\\p" + std::string(sProduct) + ".exe\"");
+    };
     Driver::Type(Key::Enter);
-    EXPECT_EQ(system.started, (std::vector<std::string>{"\"C:\\Suite\\p5.exe\""}))
-        << "Enter is Setup for the selected product, wherever the focus is";
+    expectStarted("3");
+    EXPECT_FALSE(Driver::TakesInput(menu.cmdReadMe)) << "product 3 has no read-me file";
 
-    menu.picIcon[0].SetFocus();
+    Driver::Type(Key::Tab);
     Driver::Type(Key::End);
     EXPECT_TRUE(Driver::HasFocus(menu.picIcon[3])) << "icons are a column of their own";
-    Driver::Type(Key::Space);
     EXPECT_EQ(Rows(), "456[7]");
-    EXPECT_EQ(system.started.back(), "\"C:\\Suite\\p7.exe\"");
-    EXPECT_TRUE(Driver::HasFocus(menu.picIcon[3]));
+    Driver::Type(Key::Up);
+    for (const Key key : {Key::Space, Key::Enter}) {
+      system.started.clear();
+      Driver::Type(key);
+      expectStarted("6");
+      EXPECT_TRUE(Driver::HasFocus(menu.picIcon[2]));
+    }
+
+    Driver::TurnWheel(menu.picList, 9);
+    EXPECT_TRUE(Driver::HasFocus(menu.picList)) << "no row, as the selected one is out of view";
+    Driver::TurnWheel(menu.picList, -2);
+    EXPECT_EQ(Rows(), "345[6]");
+    EXPECT_TRUE(Driver::HasFocus(menu.picListItem[3]));
+    Driver::TurnWheel(menu.picList, 9);
+    Driver::Type(Key::Down);
+    EXPECT_EQ(Rows(), "456[7]") << "from the selected one, which was scrolled away";
 
     menu.cmdExit.SetFocus();
     Driver::Type(Key::Up);
@@ -263,8 +324,8 @@ TEST_F(MainMenuWindow, ShowsTheFocusWhileItIsUsedByKeys) {
     const auto pixels = Driver::PixelsOf(menu.picListItem[1]);
     for (const std::size_t nY : {std::size_t{0}, pixels.size() - 1})
       EXPECT_EQ(pixels[nY], std::vector(pixels[nY].size(), Rgb{0, 0, 0})) << "its frame is whole";
-    for (int i = 0; i < 3; ++i) Driver::Type(Key::Tab);
-    EXPECT_TRUE(showsFocus(menu.picIcon[0], 4));
+    Driver::Type(Key::Tab);
+    EXPECT_TRUE(showsFocus(menu.picIcon[1], 4));
     PressRow(1);
     EXPECT_FALSE(showsFocus(menu.picListItem[1], 3));
   });
@@ -283,10 +344,7 @@ TEST_F(MainMenuWindow, IsUsedWithoutAPicture) {
               (std::vector<std::string>{"button <35027: Product 2>", "text <Product 2>",
                                         "text <About 2>", "text <35015>"}));
     Driver::Type(Key::End);
-    EXPECT_EQ(Driver::Describe(menu.picListItem[3]),
-              "list item <Product 5, About 5, 35015> focused");
     EXPECT_EQ(Driver::Describe(menu.picIcon[3]), "button <35027: Product 5>");
-    Driver::Type(Key::Space);
     EXPECT_EQ(Driver::Describe(menu.picListItem[3]),
               "list item <Product 5, About 5, 35015> focused selected");
     Driver::Type(Key::Home);

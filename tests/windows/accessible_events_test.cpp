@@ -19,7 +19,6 @@ TEST_F(WindowsMenuWindow, TellsAScreenReaderOfChanges) {
     menu.Timer1.SetInterval(20);
     auto events = EventsDuring([] { Driver::Type(Key::Down); });
     EXPECT_TRUE(Contains(events, "focus <Product 1, About 1, 35015>"));
-    events = EventsDuring([] { Driver::Type(Key::Space); });
     EXPECT_TRUE(Contains(events, "selection <Product 1, About 1, 35015>"));
     Driver::Type(Key::PageDown);
     events = EventsDuring([] { Driver::Type(Key::PageUp); });

@@ -250,6 +250,8 @@ void Driver::Click(const Control& control, Twips x, Twips y) { ClickAt(PointIn(c
 
 void Driver::Click(const Control& control) { ClickAt(MiddleOf(HandleOf(control))); }
 
+void Driver::DoubleClick(const Control& control) { DoubleClickAt(MiddleOf(HandleOf(control))); }
+
 void Driver::TurnWheel(const Control& control, int nNotches) {
   TurnWheelAt(MiddleOf(HandleOf(control)), nNotches);
 }

@@ -60,6 +60,14 @@ void ClickAt(POINT point) {
   ReleaseAt(point);
 }
 
+// The system tells a window of the second press as its class has asked for.
+void DoubleClickAt(POINT point) {
+  ClickAt(point);
+  const bool bAsked = (GetClassLongPtrA(WindowFromPoint(point), GCL_STYLE) & CS_DBLCLKS) != 0;
+  PostPointer(point, bAsked ? WM_LBUTTONDBLCLK : WM_LBUTTONDOWN, MK_LBUTTON);
+  ReleaseAt(point);
+}
+
 void TurnWheelAt(POINT point, int nNotches) {
   const WORD delta = static_cast<WORD>(nNotches * WHEEL_DELTA);
   PostPointer(point, WM_MOUSEWHEEL, MAKEWPARAM(0, delta));

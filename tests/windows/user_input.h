@@ -12,6 +12,7 @@ void MovePointer(POINT point);
 void PressAt(POINT point);
 void ReleaseAt(POINT point);
 void ClickAt(POINT point);
+void DoubleClickAt(POINT point);
 void TurnWheelAt(POINT point, int nNotches);  // below 0: down
 
 // Keys by their virtual codes; flags are those of KEYBDINPUT. The modifier, if

@@ -204,12 +204,8 @@ TEST_F(LauncherMenu, ScrollsWithKeysThumbAndWheel) {
 TEST_F(LauncherMenu, CanBeUsedByKeyboard) {
   const Menu menu = OpenMenu();
   Select(menu, 0);
-  std::vector<HWND> order;
-  for (std::size_t i = 1; i < 4; ++i) order.push_back(menu.rows[i].hBox);
-  for (std::size_t i = 0; i < 4; ++i) order.push_back(menu.rows[i].hIcon);
-  order.insert(order.end(),
-               {menu.hSetup, menu.hReadMe, menu.hExit, menu.hScrollBar, menu.rows[0].hBox});
-  for (const HWND hNext : order) {
+  for (const HWND hNext : {menu.rows[0].hIcon, menu.hSetup, menu.hReadMe, menu.hExit,
+                           menu.hScrollBar, menu.rows[0].hBox}) {
     Type(VK_TAB);
     ExpectFocus(menu, hNext, "Tab");
   }
