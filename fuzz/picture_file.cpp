@@ -35,7 +35,10 @@ void Try(std::string_view sInput) {
   try {
     const std::string sBytes = Read(sInput);
     Check(sBytes == sInput, "the whole file is read");
-    if (FormatOfPicture(sBytes) == PictureFormat::Bmp) CheckBitmap(sBytes);
+    const PictureFormat format = FormatOfPicture(sBytes);
+    if (format == PictureFormat::Bmp) CheckBitmap(sBytes);
+    if (format == PictureFormat::Ico)
+      Check(IconImagePlace(sBytes, ShownIcon(sBytes)) < sBytes.size(), "the icon is in the file");
   } catch (const std::runtime_error& error) {
     Check(*error.what() != '\0', "there is a reason");
   }

@@ -42,6 +42,12 @@ std::u16string CutLine(std::u16string_view sRest, const CountFitting& countFitti
 
 }  // namespace
 
+std::u16string LabelLines::Joined() const {
+  std::u16string sText;
+  for (const std::u16string& sLine : lines) sText.append(sText.empty() ? u"" : u"\n").append(sLine);
+  return sText;
+}
+
 LabelLines BreakIntoLines(std::u16string_view sText, int nMaxLines,
                           const CountFitting& countFitting) {
   LabelLines result;

@@ -11,6 +11,8 @@ namespace trelin {
 struct LabelLines {
   std::vector<std::u16string> lines;
   bool bWhole = true;  // else the last line ends in an ellipsis
+
+  std::u16string Joined() const;  // by line feeds
 };
 
 // How many of the text's leading characters a line has room for.

@@ -204,8 +204,9 @@ bool LabelShowsWhole(const std::string& sText, const LabelFont& font, Twips widt
 // one, and can be read by an accessibility client. It wraps at its width, at
 // spaces or within a word that is too long for a line; lines that do not fit
 // whole are not shown, and then the last one ends in an ellipsis and a tooltip
-// holds all of the text. With an empty OnMouseDown the pointer goes through to
-// the container, and there is no tooltip.
+// of the same width holds all of the text, or as much as half the screen has room
+// for. With an empty OnMouseDown the pointer goes through to the container, and
+// there is no tooltip.
 class Label : public Control {
  public:
   explicit Label(Control& container);

@@ -90,7 +90,8 @@ std::vector<std::string> DescribeChildren(const Control& control);
 // Asks a control for its action, as such a client does.
 void Act(const Control& control);
 
-// Rests the pointer on the middle of a control. Empty when no tooltip comes.
+// Rests the pointer on the middle of a control. Empty when no tooltip comes; one
+// that lies not within the screen fails the test.
 std::string TooltipOver(const Control& control);
 
 // What is on the screen: a pixel relative to the inside of a control, and all

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QByteArray>
 #include <QImage>
+#include <string_view>
 
 namespace trelin {
 
@@ -9,6 +9,6 @@ namespace trelin {
 // picture at nIndex of the icon file, as Qt has read it, with its mask; one of
 // another depth as it is. Throws std::runtime_error with the reason when the
 // mask is cut off.
-QImage WithIconMask(const QImage& image, const QByteArray& file, int nIndex);
+QImage WithIconMask(const QImage& image, std::string_view sFile, int nIndex);
 
 }  // namespace trelin

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QToolTip>
 #include <memory>
 
@@ -48,13 +49,18 @@ class LabelWidget : public QLabel {
   void mouseReleaseEvent(QMouseEvent* pEvent) override { KeepFromContainer(*pEvent); }
 
  private:
-  // As rich text, which wraps.
   void ShowTooltip(const QPoint& point) {
     if (label_.OnMouseDown && !LinesIn(text(), font(), size()).bWhole)
-      QToolTip::showText(point, Qt::convertFromPlainText(text(), Qt::WhiteSpaceNormal), this,
-                         rect());
+      QToolTip::showText(point, TooltipText(), this, rect());
     else
       QToolTip::hideText();
+  }
+
+  // As rich text: Qt would look for tags in a plain one.
+  QString TooltipText() const {
+    const QSize room(width(), screen()->size().height() / 2);
+    const std::u16string sShown = LinesIn(text(), QToolTip::font(), room).Joined();
+    return Qt::convertFromPlainText(QString::fromStdU16String(sShown), Qt::WhiteSpacePre);
   }
 
   void KeepFromContainer(QMouseEvent& event) const {

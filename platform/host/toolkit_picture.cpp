@@ -38,16 +38,6 @@ const char* QtName(PictureFormat format) {
   return "png";
 }
 
-// Of the pictures in an icon file, the one of the size that is shown, or else
-// the first.
-int ChooseIcon(QImageReader& reader) {
-  for (int i = 0; i < reader.imageCount(); ++i) {
-    if (reader.jumpToImage(i) && reader.size() == QSize(IconPixels, IconPixels)) return i;
-  }
-  reader.jumpToImage(0);
-  return 0;
-}
-
 // The exceptions hold the reason alone.
 QImage Decode(const std::string& sBytes) {
   const PictureFormat format = FormatOfPicture(sBytes);
@@ -57,12 +47,13 @@ QImage Decode(const std::string& sBytes) {
   QImageReader reader(&buffer, QtName(format));
   reader.setAutoDetectImageFormat(false);
   const bool bIcon = format == PictureFormat::Ico;
-  const int nIndex = bIcon ? ChooseIcon(reader) : 0;
+  const int nIndex = bIcon ? ShownIcon(sBytes) : 0;
+  if (bIcon) reader.jumpToImage(nIndex);
   RefuseLargePicture(reader.size().width(), reader.size().height());
   const QImage image = reader.read();
   if (image.isNull())
     throw std::runtime_error("the picture is damaged (" + FromQString(reader.errorString()) + ")");
-  return bIcon ? WithIconMask(image, bytes, nIndex) : image;
+  return bIcon ? WithIconMask(image, sBytes, nIndex) : image;
 }
 
 }  // namespace

@@ -72,19 +72,6 @@ SIZE SizeOf(IWICBitmapSource& source) {
   return {static_cast<LONG>(nWidth), static_cast<LONG>(nHeight)};
 }
 
-// Of the pictures in an icon file, the one of the size that is shown, or else
-// the first.
-ComOwner<IWICBitmapFrameDecode> ChooseIcon(IWICBitmapDecoder& decoder) {
-  UINT nCount = 0;
-  Require(decoder.GetFrameCount(&nCount));
-  for (UINT i = 0; i < nCount; ++i) {
-    ComOwner<IWICBitmapFrameDecode> frame = FrameOf(decoder, i);
-    const SIZE size = SizeOf(*frame);
-    if (size.cx == IconPixels && size.cy == IconPixels) return frame;
-  }
-  return FrameOf(decoder, 0);
-}
-
 bool PaletteHasAlpha(IWICBitmapSource& source) {
   const auto palette = Made<IWICPalette>([&](auto** pp) { return Factory().CreatePalette(pp); });
   BOOL bAlpha = FALSE;
@@ -136,7 +123,7 @@ Picture::Native Decode(std::string sBytes) {
   const auto decoder = Create<IWICBitmapDecoder>(DecoderOf(format));
   Require(decoder->Initialize(stream.get(), WICDecodeMetadataCacheOnDemand));
   const bool bIcon = format == PictureFormat::Ico;
-  const auto frame = bIcon ? ChooseIcon(*decoder) : FrameOf(*decoder, 0);
+  const auto frame = FrameOf(*decoder, bIcon ? static_cast<UINT>(ShownIcon(sBytes)) : 0);
   return DecodeFrame(*frame, bIcon);
 }
 

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "platform/label_lines.h"
 #include "platform/windows/handle.h"
 
 namespace trelin {
@@ -13,10 +14,14 @@ class Tooltip {
  public:
   explicit Tooltip(HWND hWindow);
 
+  // Breaks the text into lines as wide as the window, as many as half the screen
+  // has room for.
   void SetText(const std::string& sText);
   void Relay(UINT message, WPARAM wParam, LPARAM lParam) const;
 
  private:
+  LabelLines Lines(const std::string& sText, int nHeight) const;
+
   HWND hWindow_;
   WindowOwner tooltip_;
 };

@@ -310,7 +310,8 @@ std::string Driver::TooltipOver(const Control& control) {
   if (!QTest::qWaitFor([] { return QToolTip::isVisible(); }, LongestTooltipDelay)) return "";
   const QString text = QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText();
   for (const QWidget* pWindow : QApplication::topLevelWidgets()) {
-    if (!pWindow->inherits("QTipLabel") || !text.contains(' ')) continue;
+    if (!pWindow->inherits("QTipLabel") || !pWindow->isVisible()) continue;
+    EXPECT_TRUE(pWindow->screen()->geometry().contains(pWindow->geometry()));
     EXPECT_LT(pWindow->width(), WindowOf(control).width()) << "the tooltip does not wrap";
   }
   return FromQString(text);

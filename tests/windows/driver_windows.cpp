@@ -2,6 +2,7 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <exception>
@@ -296,6 +297,11 @@ std::string Driver::TooltipOver(const Control& control) {
   HWND hTooltip = nullptr;
   EnumThreadWindows(GetCurrentThreadId(), FindTooltip, reinterpret_cast<LPARAM>(&hTooltip));
   const std::string sText = hTooltip != nullptr ? WindowCaption(hTooltip) : "";
+  RECT place{};
+  GetWindowRect(hTooltip, &place);
+  EXPECT_GE(std::min(place.left, place.top), 0);
+  EXPECT_LE(place.right, GetSystemMetrics(SM_CXSCREEN));
+  EXPECT_LE(place.bottom, GetSystemMetrics(SM_CYSCREEN));
   MovePointer({0, 0});
   return sText;
 }
