@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "menu/main_menu.h"
+#include "platform/platform_error.h"
 #include "startup/error.h"
 
 namespace trelin {
@@ -83,16 +84,27 @@ void frmMainMenu::VScroll_Change() {
 
 void frmMainMenu::VScroll_Scroll() { VScroll_Change(); }
 
-// An installer that is at work may take the log away under a check, whose
-// product then stays as it was: the next tick looks again.
+namespace {
+
+// An installer that is at work may take the log away under a check, or leave the
+// registry unreadable for a moment. The product then stays as it was.
+bool CheckInstallation(MenuItem& objItem) {
+  try {
+    objItem.CheckInstallation();
+    return true;
+  } catch (const Error&) {
+    return false;
+  } catch (const PlatformError&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+// After a check that failed, the next tick looks again.
 void frmMainMenu::Timer1_Timer() {
   const auto objItem = objSetupList->ActiveItem();
-  try {
-    objItem->CheckInstallation();
-  } catch (const Error&) {
-    return;
-  }
-  if (!objItem->Updated()) return;
+  if (!CheckInstallation(*objItem) || !objItem->Updated()) return;
   RefreshRows();
   if (const std::optional<std::int16_t> nRow = model_->SelectedRow()) lblStatus[*nRow].Announce();
   Timer1.SetEnabled(false);

@@ -61,7 +61,7 @@ bool RegEntry::TestKey(const std::string& sKey) const {
   try {
     const KeyHandle key = OpenInternal(RegistryKey::LocalMachine, FullPath(sKey));
     return true;
-  } catch (...) {
+  } catch (const Error&) {
     return false;
   }
 }

@@ -74,7 +74,8 @@ class RegEntry {
   // Opens the key. Throws error 5001, and then no key is open.
   void OpenKey(const std::string& sKey);
 
-  // Whether the key opens. The current key stays as it is.
+  // Whether the key opens. The current key stays as it is. What keeps the registry
+  // from being read at all is thrown.
   bool TestKey(const std::string& sKey) const;
 
   // False for a missing or empty value and for the texts 0, no and false (in

@@ -64,9 +64,11 @@ bool FileRegistry::HasChanged() {
 
 // Who does not put a whole new file in the place of the old one, as some
 // editors, leaves it damaged or missing for a moment: it is read again until
-// that has passed. No tree: the file holds what the memory holds.
+// that has passed, unless it was damaged before. No tree: the file holds what the
+// memory holds.
 std::unique_ptr<RegistryNode> FileRegistry::ReadTree() {
   const bool bThere = stamp_.nInode != 0;
+  const int nTries = fault_ ? 1 : MostTries;
   for (int nTry = 1;; ++nTry) {
     bSettled_ = false;
     ++nReads_;
@@ -75,14 +77,14 @@ std::unique_ptr<RegistryNode> FileRegistry::ReadTree() {
     bWritable_ = content.bWritable;
     bSettled_ = stamp_.Settled();
     const bool bMissing = stamp_.nReason != 0;
-    if (bMissing && (!bThere || nTry == MostTries)) {
+    if (bMissing && (!bThere || nTry == nTries)) {
       sKnown_.reset();
       return RegistryNode::NewTree();
     }
     try {
       if (!bMissing) return Parse(content.sBytes);
     } catch (const PlatformError&) {
-      if (nTry == MostTries) throw;
+      if (nTry == nTries) throw;
     }
     std::this_thread::sleep_for(PauseBetweenTries);
   }
