@@ -90,6 +90,7 @@ std::int32_t MemoryRegistry::Walk(RegistryKey hParent, const std::string& sPath,
   const std::int32_t lResult = Resolve(hParent, handle);
   if (lResult != RegistrySuccess) return lResult;
   std::string_view sRest = Name(sPath);
+  if (hParent == RegistryKey::ClassesRoot && sRest.starts_with('\\')) sRest.remove_prefix(1);
   if (sRest.starts_with('\\')) return RegistryBadPath;
   node = handle.node;
   std::size_t nDepth = node->Depth();

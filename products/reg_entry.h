@@ -65,9 +65,9 @@ class RegEntry {
 
   // Deletes the subkey sKey of the current key, or of lParentKey, with
   // everything below it, depth first. Throws error 5001 when a key does not
-  // open, when an emptied subkey is still there, and for an empty name, which
-  // would mean the parent itself; what is deleted by then stays deleted. That
-  // sKey itself cannot be deleted is not reported.
+  // open, when an emptied subkey is still there, and for a name that is empty or
+  // backslashes alone, which would mean the parent itself; what is deleted by
+  // then stays deleted. That sKey itself cannot be deleted is not reported.
   void DeleteKey(const std::string& sKey) const;
   static void DeleteInternal(RegistryKey lParentKey, const std::string& sKey);
 

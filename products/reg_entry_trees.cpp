@@ -106,6 +106,12 @@ bool IsOrLiesInside(const std::string& sPath, const std::string& sOuterPath) {
   return Folded(sPath).starts_with(Folded(sOuterPath));
 }
 
+// Whether the registry may take sKey for the key that it stands below: up to its
+// first NUL there are backslashes alone.
+bool MeansItsParent(const std::string& sKey) {
+  return std::string_view(sKey.c_str()).find_first_not_of('\\') == std::string_view::npos;
+}
+
 // Deletes what lies below the key. A name that comes back was not deleted.
 void DeleteSubkeys(RegistryKey hKey) {
   std::set<std::string> deleted;
@@ -120,11 +126,13 @@ std::string WithoutNuls(const std::string& sData) {
   return sData.substr(0, sData.find_last_not_of('\0') + 1);
 }
 
-// The default value of the subkey sSubkey of the class key sKey; nothing when
-// it cannot be read.
-std::optional<std::string> ClassesDefault(const std::string& sKey, const std::string& sSubkey) {
+// The default value of the subkey sSubkey of the key sKey, which lies below the
+// class key sParent; nothing when it cannot be read.
+std::optional<std::string> ClassesDefault(const std::string& sParent, const std::string& sKey,
+                                          const std::string& sSubkey) {
+  if (MeansItsParent(sKey)) return std::nullopt;
   try {
-    const KeyHandle key = OpenInternal(RegistryKey::ClassesRoot, sKey);
+    const KeyHandle key = OpenInternal(RegistryKey::ClassesRoot, sParent + sKey);
     Buffer data{};
     std::int32_t lSize = RegistryBufferBytes;
     if (TheRegistry().QueryDefault(key.Get(), sSubkey, data.data(), lSize) != RegistrySuccess)
@@ -167,7 +175,7 @@ void RegEntry::DeleteKey(const std::string& sKey) const {
 }
 
 void RegEntry::DeleteInternal(RegistryKey lParentKey, const std::string& sKey) {
-  if (*sKey.c_str() == '\0') throw NotOpened(sKey);
+  if (MeansItsParent(sKey)) throw NotOpened(sKey);
   DeleteSubkeys(OpenSubkey(lParentKey, sKey).Get());  // closed again before it goes
   TheRegistry().DeleteKey(lParentKey, sKey);
 }
@@ -207,10 +215,10 @@ std::int16_t RegEntry::QueryValues(ValueArray& vResults) const {
 }
 
 void RegEntry::RemoveProgID(const std::string& sProgID) {
-  const auto sClass = ClassesDefault(sProgID, "Clsid");
+  const auto sClass = ClassesDefault("", sProgID, "Clsid");
   if (!sClass) return;
   TryDelete(RegistryKey::ClassesRoot, sProgID);
-  const auto sTypeLibrary = ClassesDefault("CLSID\\" + *sClass, "TypeLib");
+  const auto sTypeLibrary = ClassesDefault("CLSID\\", *sClass, "TypeLib");
   if (!sTypeLibrary) return;
   TryDeleteClass("CLSID", *sClass);
   TryDeleteClass("TypeLib", *sTypeLibrary);

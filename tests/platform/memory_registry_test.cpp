@@ -38,6 +38,9 @@ TEST_P(RegistryContract, PathsFindKeysAndCreatingKeepsThem) {
   EXPECT_EQ("x", Get(registry_, hKey, "kept")) << "an empty path gives a second handle";
   EXPECT_EQ(0, registry_.OpenKey(RegistryKey::LocalMachine, "", RegistryReadWrite, hAgain));
   EXPECT_EQ(RegistryKey::LocalMachine, hAgain);
+  EXPECT_EQ(161, registry_.OpenKey(base_, "\\One", RegistryReadWrite, hAgain));
+  EXPECT_EQ(0, registry_.OpenKey(RegistryKey::ClassesRoot, "\\", RegistryReadWrite, hAgain));
+  registry_.CloseKey(hAgain);
   registry_.CloseKey(hKey);
 }
 

@@ -61,9 +61,7 @@ TEST_P(RegistryTrees, DeletesDepthFirstAndNothingElse) {
   objReg.OpenKey("");
   objReg.DeleteKey("GONE");
   EXPECT_EQ(Tree(""), "[Gone2 v=1]");
-  for (const char* sName : {"Gone", ""})  // an empty name would be the parent itself
-    EXPECT_EQ(Failure([&] { objReg.DeleteKey(sName); }),
-              std::string("5001 RegEntry.CopyInternal 35001(") + sName + ")");
+  EXPECT_EQ(Failure([&] { objReg.DeleteKey("Gone"); }), "5001 RegEntry.CopyInternal 35001(Gone)");
   EXPECT_EQ(Tree(""), "[Gone2 v=1]");
 }
 
@@ -155,6 +153,27 @@ TEST_P(RegistryTrees, RemovesTheRegistrationOfAComponent) {
          {"Trelin.Test.Prog", "CLSID\\Trelin.Test.Class", "TypeLib\\Trelin.Test.Library"})
       Clear(Classes, sKey);
   }
+}
+
+// Nor to what the default value of the hive's own key "Clsid" leads. A deletion
+// of the hive would end at its first key, which stays.
+TEST_P(RegistryTrees, ANameOfBackslashesAloneLeadsToNothing) {
+  const std::string sFirst = "!Trelin.Test", sClass = "CLSID\\Trelin.Test.Class";
+  for (const std::string& sKey : {sFirst + "\\" + sUnseen, sFirst + "\\Sub", sClass + "\\TypeLib"})
+    Put(sKey, "v", "1", Classes);
+  Put("CLSID", "", "Trelin.Test.Class", Classes);
+  ASSERT_EQ(Keys(Classes).front(), sFirst);
+  for (const std::string& sName : Texts{"", "\\", "\\\\", std::string("\\\0x", 3)}) {
+    EXPECT_EQ(Failure([&] { RegEntry::DeleteInternal(Classes, sName); }),
+              "5001 RegEntry.CopyInternal 35001(" + sName + ")");
+    RegEntry::RemoveProgID(sName);
+  }
+  EXPECT_EQ(Tree(sFirst + "\\Sub", Classes), "v=1");
+  EXPECT_EQ(Tree(sClass, Classes), "[TypeLib v=1]");
+  const RegistryKey hClasses = Create(Classes, "CLSID");
+  registry_.DeleteValue(hClasses, "");
+  registry_.CloseKey(hClasses);
+  for (const std::string& sKey : {sFirst, sClass}) Clear(Classes, sKey);
 }
 
 // What only a registry that tests control refuses.
