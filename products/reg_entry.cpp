@@ -13,9 +13,8 @@ namespace {
 // Opens one level or else creates it. lTemplate describes the failure.
 KeyHandle OpenOrCreateLevel(RegistryKey hParent, const std::string& sLevel,
                             std::int32_t lTemplate) {
+  if (KeyHandle key = TryOpenInternal(hParent, sLevel); key.IsOpen()) return key;
   RegistryKey hKey = RegistryKey::None;
-  if (TheRegistry().OpenKey(hParent, sLevel, RegistryReadWrite, hKey) == RegistrySuccess)
-    return KeyHandle(hKey);
   if (TheRegistry().CreateKey(hParent, sLevel, RegistryReadWrite, hKey) == RegistrySuccess)
     return KeyHandle(hKey);
   throw Error(5000, "RegEntry.CreateInternal", FormatResourceString(lTemplate, sLevel));
@@ -25,11 +24,16 @@ KeyHandle OpenOrCreateLevel(RegistryKey hParent, const std::string& sLevel,
 
 const std::string RegEntry::StandardRoot = "SOFTWARE\\Korvanta";
 
-KeyHandle OpenInternal(RegistryKey hParent, const std::string& sPath) {
+KeyHandle TryOpenInternal(RegistryKey hParent, const std::string& sPath) {
   RegistryKey hKey = RegistryKey::None;
-  if (TheRegistry().OpenKey(hParent, sPath, RegistryReadWrite, hKey) != RegistrySuccess)
-    throw Error(5001, "RegEntry.OpenInternal", FormatResourceString(35001, sPath));
-  return KeyHandle(hKey);
+  const std::int32_t lResult = TheRegistry().OpenKey(hParent, sPath, RegistryReadWrite, hKey);
+  return KeyHandle(lResult == RegistrySuccess ? hKey : RegistryKey::None);
+}
+
+KeyHandle OpenInternal(RegistryKey hParent, const std::string& sPath) {
+  KeyHandle key = TryOpenInternal(hParent, sPath);
+  if (!key.IsOpen()) throw Error(5001, "RegEntry.OpenInternal", FormatResourceString(35001, sPath));
+  return key;
 }
 
 KeyHandle CreateInternal(RegistryKey hParent, const std::string& sPath) {
@@ -51,6 +55,13 @@ void RegEntry::OpenKey(const std::string& sKey) {
   currentKey_ = OpenInternal(RegistryKey::LocalMachine, sCurrentPath_);
 }
 
+bool RegEntry::TryOpenKey(const std::string& sKey) {
+  CloseKey();
+  sCurrentPath_ = FullPath(sKey);
+  currentKey_ = TryOpenInternal(RegistryKey::LocalMachine, sCurrentPath_);
+  return currentKey_.IsOpen();
+}
+
 void RegEntry::CreateKey(const std::string& sKey) {
   CloseKey();
   sCurrentPath_ = FullPath(sKey);
@@ -58,12 +69,7 @@ void RegEntry::CreateKey(const std::string& sKey) {
 }
 
 bool RegEntry::TestKey(const std::string& sKey) const {
-  try {
-    const KeyHandle key = OpenInternal(RegistryKey::LocalMachine, FullPath(sKey));
-    return true;
-  } catch (const Error&) {
-    return false;
-  }
+  return TryOpenInternal(RegistryKey::LocalMachine, FullPath(sKey)).IsOpen();
 }
 
 std::string RegEntry::GetString(const std::string& sName) const {

@@ -74,6 +74,10 @@ class RegEntry {
   // Opens the key. Throws error 5001, and then no key is open.
   void OpenKey(const std::string& sKey);
 
+  // The same, but returns false for a key that does not open, and asks for no
+  // text from a string library.
+  bool TryOpenKey(const std::string& sKey);
+
   // Whether the key opens. The current key stays as it is. What keeps the registry
   // from being read at all is thrown.
   bool TestKey(const std::string& sKey) const;

@@ -68,10 +68,9 @@ void CopyValues(RegistryKey hDestination, RegistryKey hSource) {
 }
 
 KeyHandle OpenSubkey(RegistryKey hParent, const std::string& sKey) {
-  RegistryKey hKey = RegistryKey::None;
-  if (TheRegistry().OpenKey(hParent, sKey, RegistryReadWrite, hKey) != RegistrySuccess)
-    throw NotOpened(sKey);
-  return KeyHandle(hKey);
+  KeyHandle key = TryOpenInternal(hParent, sKey);
+  if (!key.IsOpen()) throw NotOpened(sKey);
+  return key;
 }
 
 KeyHandle CreateSubkey(RegistryKey hParent, const std::string& sKey) {

@@ -18,7 +18,7 @@ class KeyHandle {
   KeyHandle() = default;
   explicit KeyHandle(RegistryKey hKey) : hKey_(hKey) {}
   ~KeyHandle() { Close(); }
-  KeyHandle(const KeyHandle&) = delete;
+  KeyHandle(KeyHandle&& other) noexcept : hKey_(std::exchange(other.hKey_, RegistryKey::None)) {}
   KeyHandle& operator=(KeyHandle&& other) noexcept {
     std::swap(hKey_, other.hKey_);
     return *this;
@@ -34,7 +34,10 @@ class KeyHandle {
   RegistryKey hKey_ = RegistryKey::None;
 };
 
-// Opens sPath below hParent for reading and writing. Throws error 5001.
+// Opens sPath below hParent for reading and writing; no key when that fails.
+KeyHandle TryOpenInternal(RegistryKey hParent, const std::string& sPath);
+
+// The same, but throws error 5001 when it fails.
 KeyHandle OpenInternal(RegistryKey hParent, const std::string& sPath);
 
 // As OpenInternal, but creates every level that is missing. Throws error 5000.

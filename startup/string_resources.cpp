@@ -30,28 +30,18 @@ std::string LanguageCode;
 bool bEnabled = false;
 std::vector<ResourceLibrary> Libraries;
 
-// An entry of the cache that is taken back unless a library was stored in it.
-// A look-up for the text of an error may leave an entry of its own behind it.
+// The last entry of the cache, taken back unless it gets a library.
 class Reservation {
  public:
-  Reservation() : nIndex_(Libraries.size()) {
+  explicit Reservation(const std::string& sFileName) {
     ToInt16(static_cast<std::int64_t>(Libraries.size()), "The number of string libraries");
-    Libraries.emplace_back();
+    Libraries.push_back({0, sFileName});
   }
   ~Reservation() {
-    if (!bStored_) Libraries.erase(Libraries.begin() + static_cast<std::ptrdiff_t>(nIndex_));
+    if (Libraries.back().Handle == 0) Libraries.pop_back();
   }
   Reservation(const Reservation&) = delete;
   Reservation& operator=(const Reservation&) = delete;
-
-  void Store(LibraryHandle hLibrary, const std::string& sFileName) {
-    Libraries[nIndex_] = {hLibrary, sFileName};
-    bStored_ = true;
-  }
-
- private:
-  std::size_t nIndex_;
-  bool bStored_ = false;
 };
 
 // The block base with at least five digits: 0 gives "00000".
@@ -104,10 +94,8 @@ LibraryHandle GetResourceLibrary(std::int32_t lId) {
   const std::string sFileName = LibraryFileName(lId);
   if (const LibraryHandle hCached = FindLoadedLibrary(sFileName); hCached != 0) return hCached;
 
-  Reservation reservation;
-  const LibraryHandle hLibrary = LoadLibraryFile(sFileName);
-  if (hLibrary != 0) reservation.Store(hLibrary, sFileName);
-  return hLibrary;
+  const Reservation reservation(sFileName);
+  return Libraries.back().Handle = LoadLibraryFile(sFileName);
 }
 
 LibraryHandle FindLoadedLibrary(const std::string& sFileName) {

@@ -54,7 +54,8 @@ std::int16_t LastLibraryIndex();
 // The text of a string number, at most 1023 characters. Never throws for a
 // missing library or string but returns a text that says so: for a string,
 // the block's template (its first number) filled with lId. Empty while
-// lookups are disabled.
+// lookups are disabled. Throws when there is no memory or when the registry,
+// which is asked for a library until one is found, cannot be read.
 std::string LoadResourceString(std::int32_t lId);
 
 }  // namespace trelin

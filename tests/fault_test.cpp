@@ -90,9 +90,9 @@ const std::string sReadMeProgram = "C:\\Suite\\read me.exe";
 const std::vector<Outcome> outcomes = {
     {"Load C:\\Suite\\ENU35000.DLL", {}, "R", nullptr, sNoLibrary},
     {"Load D:\\ENU35000.DLL", {}, "R"},
-    {"OpenKey SOFTWARE\\Korvanta\\Tessaron\\Settings", {}, "RBM", nullptr, sNoLibrary},
-    {"QueryValue InstallDirectory", {}, "RBM", nullptr, sNoLibrary},
-    {"Load C:\\App\\Bin\\ENU35000.DLL", {}, "RM", nullptr, sNoLibrary},
+    {"OpenKey SOFTWARE\\Korvanta\\Tessaron\\Settings", {}, "R", nullptr, sNoLibrary},
+    {"QueryValue InstallDirectory", {}, "R", nullptr, sNoLibrary},
+    {"Load C:\\App\\Bin\\ENU35000.DLL", {}, "R", nullptr, sNoLibrary},
     {"LoadText 35040", {}, "R", nullptr, NoCount("35000(35040)")},
     {"LoadText 35041", {}, "R", &Story::sNotice, "2|35000(35041)|Second line"},
     {"LoadText 35042", {}, "R", &Story::sNotice, "2|First line|35000(35042)"},
