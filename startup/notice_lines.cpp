@@ -22,9 +22,11 @@ std::int16_t ReadLineCount() {
                       "The number of notice lines (string 35040)");
   } catch (const std::invalid_argument& error) {
     throw std::invalid_argument(
-        std::string(error.what()) +
-        "\n\nThe string library ENU35000.DLL is missing from the folder of Trelin, or it is "
-        "damaged. Please copy it there again from the setup disk and start Trelin once more.");
+        std::string(
+            "The string library ENU35000.DLL is missing from the folder of Trelin, or it is "
+            "damaged.\n\nPlease copy it there again from the setup disk and start Trelin "
+            "once more. ") +
+        error.what());
   }
 }
 

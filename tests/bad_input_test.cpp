@@ -12,8 +12,7 @@ TEST_F(RealProgramWindow, GivesAClearAnswerToBadInput) {
   const std::string sAgreement = "Microsoft Product Integration Agreement\n";
   const std::string sMenu = sAgreement + "Trelin Setup\n";
   const std::string sNoLibrary =
-      "Error at Trelin: The number of notice lines (string 35040) should be a whole number but "
-      "reads \"Error: Resource File Not Found\".\n\nThe string library ENU35000.DLL is missing";
+      "Error at Trelin: The string library ENU35000.DLL is missing from the folder";
   const std::string sLibrary = FileBytes(folder / "ENU35000.DLL");
   const auto remove = [&](const char* sName) {
     std::filesystem::remove_all(Utf8Path(folder / sName));

@@ -71,11 +71,12 @@ struct Outcome {
 const std::string sLog = "SOFTWARE\\Korvanta\\InstallLog";
 
 std::string NoCount(const std::string& sRead) {
-  return "Error at Trelin 64: The number of notice lines (string 35040) should be a whole number "
-         "but reads \"" +
-         sRead +
-         "\".\n\nThe string library ENU35000.DLL is missing from the folder of Trelin, or it is "
-         "damaged. Please copy it there again from the setup disk and start Trelin once more.";
+  return "Error at Trelin 64: The string library ENU35000.DLL is missing from the folder of "
+         "Trelin, "
+         "or it is damaged.\n\nPlease copy it there again from the setup disk and start Trelin "
+         "once "
+         "more. The number of notice lines (string 35040) should be a whole number but reads \"" +
+         sRead + "\".";
 }
 
 std::string BrokenText(const std::string& sOperation, const std::string& sArgument) {

@@ -21,8 +21,7 @@ class LauncherBadInput : public LauncherTest {
 TEST_F(LauncherBadInput, GetsAClearAnswer) {
   const std::string sLibrary = suite.Read("ENU35000.DLL");
   const std::string sNoLibrary =
-      "The number of notice lines (string 35040) should be a whole number but reads \"Error: "
-      "Resource File Not Found\".\n\nThe string library ENU35000.DLL is missing";
+      "The string library ENU35000.DLL is missing from the folder of Trelin, or it is damaged.";
   const struct {
     const char* sCase;
     std::function<void()> breakIt;
