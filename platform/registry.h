@@ -34,7 +34,7 @@ constexpr std::int32_t RegistryKeyDeleted = 1018;  // ERROR_KEY_DELETED
 // path may hold backslashes.
 //
 // An operation may also throw a PlatformError when the registry as a whole
-// cannot be read (on the host: a damaged registry file).
+// cannot be read or written (on the host: a damaged or locked registry file).
 class Registry {
  public:
   virtual ~Registry() = default;

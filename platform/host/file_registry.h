@@ -28,6 +28,9 @@ namespace trelin {
 // RegistryInvalidParameter. A file that may not be written refuses its keys to
 // everyone who opens them for writing.
 //
+// A change throws PlatformError, and changes nothing, when others hold the
+// file's lock for five seconds.
+//
 // While the file cannot be read or is damaged, every operation except
 // CloseKey throws PlatformError, and the file is left alone. As somebody may be
 // in the middle of writing it, a file is read again for a tenth of a second

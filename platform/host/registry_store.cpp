@@ -6,10 +6,12 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
+#include <thread>
 
 #include "platform/host/host_path.h"
 #include "platform/registry.h"
@@ -19,6 +21,11 @@ namespace trelin {
 namespace {
 
 constexpr const char* ReadOperation = "read the registry file";
+
+// For the lock: more than any writer needs, and not too long for a user who
+// sees no window yet.
+constexpr std::chrono::seconds LongestWait{5};
+constexpr std::chrono::milliseconds PauseBetweenTries{1};
 
 std::int32_t WriteResult(int nReason) {
   switch (nReason) {
@@ -71,6 +78,18 @@ class TemporaryFile {
   FileDescriptor file_;
   bool bTemporary_ = true;
 };
+
+// 0, or the errno value of the failure: EWOULDBLOCK when another program holds
+// the lock all the time.
+int TakeLock(int hFile) {
+  const auto end = std::chrono::steady_clock::now() + LongestWait;
+  while (flock(hFile, LOCK_EX | LOCK_NB) != 0) {
+    if (errno != EWOULDBLOCK && errno != EINTR) return errno;
+    if (std::chrono::steady_clock::now() >= end) return EWOULDBLOCK;
+    std::this_thread::sleep_for(PauseBetweenTries);
+  }
+  return 0;
+}
 
 // The file that a symbolic link finally names, whether it exists or not.
 std::string LinkTarget(const std::string& sPath) {
@@ -132,10 +151,13 @@ FileDescriptor RegistryStore::Lock(std::int32_t& lResult) const {
   std::filesystem::create_directories(target.parent_path(), error);
   const std::string sLock = target.string() + ".lock";
   FileDescriptor lock(open(sLock.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0666));
-  int nFailed = lock.Get() < 0 ? -1 : 0;
-  while (lock.Get() >= 0 && (nFailed = flock(lock.Get(), LOCK_EX)) != 0 && errno == EINTR) {
-  }
-  lResult = nFailed == 0 ? RegistrySuccess : WriteResult(error ? error.value() : errno);
+  const int nReason = lock.Get() < 0 ? errno : TakeLock(lock.Get());
+  if (nReason == EWOULDBLOCK)
+    throw PlatformError(
+        "write the registry file", ShownPath(target.string()),
+        "another program holds its lock, the file \"" + ShownPath(sLock) +
+            "\"; please wait until that program has ended, or end it, and try again");
+  lResult = nReason == 0 ? RegistrySuccess : WriteResult(error ? error.value() : nReason);
   return lock;
 }
 

@@ -33,7 +33,8 @@ class RegistryStore {
 
   // Waits until no other writer holds the lock and takes it until it is
   // destroyed. The lock is a file beside the registry's, which stays. lResult
-  // is a result of the registry's operations.
+  // is a result of the registry's operations. Throws PlatformError when others
+  // hold it for five seconds.
   FileDescriptor Lock(std::int32_t& lResult) const;
 
   // Puts a new file in the place of the old one, with its mode; whoever reads

@@ -198,6 +198,21 @@ TEST_F(FileRegistryTest, WritersLoseNothingAndReadersSeeWholeFiles) {
       EXPECT_EQ(sName + cWriter, Check(registry, cWriter + sName));
 }
 
+TEST_F(FileRegistryTest, ALockThatIsNotGivenBackIsNamed) {
+  Write(LogFile(""));
+  FileRegistry registry(sPath_);
+  std::int32_t lResult = RegistryWriteFault;
+  const FileDescriptor lock = RegistryStore(sPath_).Lock(lResult);
+  EXPECT_EQ(RegistrySuccess, lResult);
+  try {
+    Set(registry, Open(registry), "A", "1");
+    ADD_FAILURE();
+  } catch (const PlatformError& error) {
+    EXPECT_NE(error.Reason().find('"' + sPath_ + ".lock\""), std::string::npos) << error.what();
+  }
+  EXPECT_EQ(LogFile(""), Content());
+}
+
 // The moments of the kills are random, spread so that many come before the new
 // file has got its name and many after it, however fast the machine is.
 TEST_F(FileRegistryTest, AKilledWriterLeavesAWholeFileToTheNextOne) {
