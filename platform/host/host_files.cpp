@@ -148,10 +148,11 @@ Folder OpenFolder(const std::string& sHostPath) {
   return folder;
 }
 
-// Whether sPath names one file and no pattern.
-bool IsOneFile(std::string_view sPath) {
-  return !sPath.ends_with('.') && sPath.find('*') == std::string_view::npos &&
-         sPath.find('?') == std::string_view::npos;
+// sPath as Windows searches for it: without the spaces and dots at its end, but
+// for a dot behind a star.
+std::string SearchedPath(const std::string& sPath) {
+  const std::string sTaken = sPath.substr(0, sPath.find_last_not_of(" .") + 1);
+  return sTaken.ends_with('*') && sPath.ends_with('.') ? sTaken + '.' : sTaken;
 }
 
 }  // namespace
@@ -178,9 +179,11 @@ std::unique_ptr<InputFile> OpenHostFile(const std::string& sPath) {
   return std::make_unique<HostFile>(std::move(file), sHostPath);
 }
 
-std::unique_ptr<FileSearch> SearchHostFiles(const std::string& sPath) {
-  RefuseNul("search for the file", sPath);
-  if (IsOneFile(sPath)) return std::make_unique<OneFileSearch>(FindNormalFile(sPath));
+std::unique_ptr<FileSearch> SearchHostFiles(const std::string& sGiven) {
+  RefuseNul("search for the file", sGiven);
+  const std::string sPath = SearchedPath(sGiven);
+  if (sPath.find_first_of("*?") == std::string::npos)
+    return std::make_unique<OneFileSearch>(FindNormalFile(sPath));
   const std::size_t nName = sPath.find_last_of("\\/") + 1;  // 0 without a separator
   const std::string sPattern = sPath.substr(nName);
   const std::string sFolder = nName == 0 ? "." : HostPath(sPath.substr(0, nName));

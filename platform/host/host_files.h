@@ -34,8 +34,9 @@ std::unique_ptr<InputFile> OpenHostFile(const std::string& sPath);
 // devices, pipes and sockets are no normal files. A folder that may not be
 // read throws PlatformError.
 //
-// In the pattern * stands for any characters and ? for exactly one. A name
-// without a dot matches as if it ended with one, so *.* finds every name.
-std::unique_ptr<FileSearch> SearchHostFiles(const std::string& sPath);
+// As on Windows, spaces and dots at the end of the path do not count. In the
+// pattern * stands for any characters and ? for exactly one. A name without a dot
+// matches as if it ended with one, so *.* finds every name, and *. those without.
+std::unique_ptr<FileSearch> SearchHostFiles(const std::string& sGiven);
 
 }  // namespace trelin

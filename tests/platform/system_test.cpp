@@ -25,11 +25,14 @@ TEST(SystemTest, FindsNormalFilesByPattern) {
       {"s*p*.e*e", {"Setup.exe", "setup2.EXE"}},
       {"setup?.exe", {"setup2.EXE"}},
       {"setup.EXE", {"Setup.exe"}},
+      {"setup.EXE. .", {"Setup.exe"}},
+      {"plain.", {"Plain"}},
+      {"s*2.exe. ", {"setup2.EXE"}},
       {"DISK1\\?T\xC9.TXT", {"\xE9t\xE9.txt"}},
   };
   for (const auto& [sPattern, names] : cases)
     EXPECT_EQ(Found(ProgramPath(folder / "") + sPattern), names) << sPattern;
-  for (const char* sName : {"", "setup*x", "Disk1", "Gone/*"})
+  for (const char* sName : {"", " ", "setup*x", "setup.exe/ ", "Disk1", "Gone/*"})
     EXPECT_EQ(Found(ProgramPath(folder / sName)), Names{}) << sName;
   EXPECT_THROW(Found(std::string("Plain\0x", 7)), PlatformError);
 }
