@@ -18,6 +18,15 @@ install(DIRECTORY demo/pictures DESTINATION share/${PROJECT_NAME}/demo
   FILES_MATCHING PATTERN *.bmp PATTERN *.gif PATTERN *.ico)
 
 install(FILES strings/enu35000.rc DESTINATION share/${PROJECT_NAME})  # for translators
+configure_file(shipped/TRELIN.CFG ${documents}/TRELIN.CFG @ONLY NEWLINE_STYLE DOS)
+install(FILES ${documents}/TRELIN.CFG DESTINATION share/${PROJECT_NAME}/sample)
+
+# The pages for a suite's maintainer; they link to nothing else.
+foreach(page first-suite setup-list installation-records trelin-check string-libraries shipping
+    demonstration continuous-integration security)
+  install(FILES docs/${page}.md DESTINATION share/doc/${PROJECT_NAME})
+endforeach()
+install(DIRECTORY docs/pictures DESTINATION share/doc/${PROJECT_NAME})
 
 install(FILES packaging/trelin-demo.desktop DESTINATION share/applications)
 foreach(size 16 32 48 256)
