@@ -45,6 +45,7 @@ class System {
   virtual std::string ProgramFolder() = 0;
 
   // What stands on the command line after the program's own name, as it is.
+  // Throws PlatformError when the code page lacks a character of it.
   virtual std::string CommandLineText() = 0;
 
   // Turns the text into upper case, where it lies, by the rules of the ANSI

@@ -14,7 +14,7 @@ namespace trelin {
 HostSystem::HostSystem(int argc, const char* const* argv) {
   for (int i = 1; i < argc; ++i) {
     if (i > 1) sCommandLineText_ += ' ';
-    sCommandLineText_ += FromUtf8(argv[i]);
+    sCommandLineText_ += argv[i];
   }
 }
 
@@ -41,7 +41,14 @@ std::string HostSystem::ProgramFolder() {
   return sProgramFolder_;
 }
 
-std::string HostSystem::CommandLineText() { return sCommandLineText_; }
+std::string HostSystem::CommandLineText() {
+  std::string sText = FromUtf8(sCommandLineText_);
+  if (ToUtf8(sText) != sCommandLineText_) {
+    throw PlatformError("use the folder on the command line", sText,
+                        "its name holds characters that the program cannot use");
+  }
+  return sText;
+}
 
 void HostSystem::MakeUpperCase(std::span<char> text) { MakeUpperCase1252(text); }
 

@@ -22,7 +22,7 @@ class HostSystem : public System {
   void StartProgram(const std::string& sCommandLine) override;
 
  private:
-  std::string sCommandLineText_;
+  std::string sCommandLineText_;  // UTF-8
   std::string sProgramFolder_;
 };
 

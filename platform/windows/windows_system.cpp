@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <string_view>
+
 #include "platform/command_line.h"
 #include "platform/platform_error.h"
 #include "platform/windows/message_box.h"
@@ -73,7 +75,16 @@ std::string WindowsSystem::ProgramFolder() {
   return sProgramFolder_;
 }
 
-std::string WindowsSystem::CommandLineText() { return TextAfterProgram(GetCommandLineA()); }
+// For a letter that the code page lacks the system puts in a similar one, which
+// may be that of another folder.
+std::string WindowsSystem::CommandLineText() {
+  std::string sText = TextAfterProgram(GetCommandLineA());
+  if (!std::wstring_view(GetCommandLineW()).ends_with(FromAnsi(sText))) {
+    throw PlatformError("use the folder on the command line", sText,
+                        "its name holds characters that the program cannot use");
+  }
+  return sText;
+}
 
 void WindowsSystem::MakeUpperCase(std::span<char> text) {
   CharUpperBuffA(text.data(), static_cast<DWORD>(text.size()));

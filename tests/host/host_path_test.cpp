@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include "platform/host/host_system.h"
 #include "tests/temporary_folder.h"
 
 namespace trelin {
@@ -31,6 +32,16 @@ TEST(HostPathTest, SeesThatFolderHasChanged) {
   EXPECT_EQ(found(), folder / "menu.ico");
   std::filesystem::rename(folder / "menu.ico", folder / "Menu.ico");  // in the same moment
   EXPECT_EQ(found(), folder / "Menu.ico");
+}
+
+TEST(HostPathTest, CommandLineTextIsInTheCodePageOrRefused) {
+  const auto text = [](const char* sArgument) {
+    const char* const arguments[] = {"trelin", sArgument, "b"};
+    return HostSystem(3, arguments).CommandLineText();
+  };
+  EXPECT_EQ(text("/My  S\u00fcite"), "/My  S\xFCite b");
+  for (const char* sText : {"/\u03a9", "/u\u0308", "/\xFC"})  // not in it, in two parts, no UTF-8
+    EXPECT_THROW(text(sText), PlatformError) << sText;
 }
 
 }  // namespace

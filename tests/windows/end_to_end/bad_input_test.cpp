@@ -2,6 +2,7 @@
 // an orderly end.
 
 #include <functional>
+#include <tuple>
 
 #include "tests/windows/end_to_end/launcher_test.h"
 
@@ -66,16 +67,23 @@ TEST_F(LauncherBadInput, GetsAClearAnswer) {
   }
 }
 
-TEST_F(LauncherBadInput, IncludesAFolderWithALongPath) {
+TEST_F(LauncherBadInput, IncludesFoldersThatItCannotUse) {
   std::wstring sFolder = (suite / "Long").wstring();
   sFolder.append(200 - sFolder.size(), L'x').append(L"\\").append(46, L'x');  // 247 characters
   std::filesystem::create_directories(sFolder);
   std::filesystem::copy_file(suite / "trelin.exe", sFolder + L"\\trelin.exe");
-  launcher.emplace(sFolder + L"\\trelin.exe");
-  const std::string sText = TextIn(launcher->MessageBox("Error at Trelin"));
-  EXPECT_NE(sText.find("\": its path is too long"), std::string::npos) << sText;
-  Type(VK_RETURN);
-  EXPECT_EQ(launcher->WaitForEnd(), 0U);
+  const std::tuple<std::filesystem::path, const wchar_t*, const char*> cases[] = {
+      {sFolder + L"\\trelin.exe", L"", "\": its path is too long"},
+      {suite / "trelin.exe", L"D:\\\x03A9",
+       "Could not use the folder on the command line \"D:\\O\": its name holds characters"},
+  };
+  for (const auto& [program, pArguments, pText] : cases) {
+    launcher.emplace(program, pArguments);
+    const std::string sText = TextIn(launcher->MessageBox("Error at Trelin"));
+    EXPECT_NE(sText.find(pText), std::string::npos) << sText;
+    Type(VK_RETURN);
+    EXPECT_EQ(launcher->WaitForEnd(), 0U);
+  }
 }
 
 }  // namespace
