@@ -12,11 +12,8 @@ class PlatformError : public std::runtime_error {
  public:
   // sOperation: what was tried, as a verb phrase ("open the file").
   // sPath: the file or command line; sReason: the system's own words.
-  PlatformError(const std::string& sOperation, const std::string& sPath, const std::string& sReason)
-      : std::runtime_error("Could not " + sOperation + " \"" + sPath + "\": " + sReason + "."),
-        sOperation_(sOperation),
-        sPath_(sPath),
-        sReason_(sReason) {}
+  PlatformError(const std::string& sOperation, const std::string& sPath,
+                const std::string& sReason);
 
   const std::string& Operation() const { return sOperation_; }
   const std::string& Path() const { return sPath_; }
