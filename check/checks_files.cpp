@@ -32,7 +32,8 @@ std::string NameIn(const std::string& sPath) { return sPath.substr(sPath.find_la
 
 bool IsProgram(const std::string& sPath) {
   const PathTests tests = StartPathTests();
-  const bool bLacksExtension = NameIn(sPath).find('.') == std::string::npos;
+  const std::string sName = NameIn(sPath);
+  const bool bLacksExtension = !sName.empty() && sName.find('.') == std::string::npos;
   return tests.isFile(sPath) || (bLacksExtension && tests.isFile(sPath + ".exe"));
 }
 

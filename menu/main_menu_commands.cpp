@@ -9,16 +9,32 @@ namespace trelin {
 
 namespace {
 
+bool ShowFailure(const PlatformError& error) {
+  TheSystem().ShowMessage(error.what(), MessageIcon::Critical, MessageButtons::Ok,
+                          LoadResourceString(35014));
+  return false;
+}
+
 // Whether the program was started; the user has been told if it was not.
 bool StartProgram(const std::string& sCommandLine) {
   try {
     TheSystem().StartProgram(sCommandLine);
     return true;
   } catch (const PlatformError& error) {
-    TheSystem().ShowMessage(error.what(), MessageIcon::Critical, MessageButtons::Ok,
-                            LoadResourceString(35014));
-    return false;
+    return ShowFailure(error);
   }
+}
+
+// The same. The folder is taken as it stands: its quotation marks would end those
+// around the installer, and another program would be meant.
+bool StartInstaller(const std::string& sInstaller) {
+  const std::string& sFolder = SourceFolder();
+  if (sFolder.find('"') == std::string::npos)
+    return StartProgram("\"" + JoinPath(sFolder, sInstaller) + "\"");
+  return ShowFailure({"start the program", sInstaller,
+                      "the folder " + sFolder +
+                          " on the command line holds quotation marks; please start Trelin again "
+                          "without them, also where the name has spaces"});
 }
 
 }  // namespace
@@ -33,8 +49,7 @@ void frmMainMenu::RunSetup(std::int16_t nIndex) {
                             LoadResourceString(35031));
     return;
   }
-  if (StartProgram("\"" + JoinPath(SourceFolder(), objItem->InstallFile()) + "\""))
-    Timer1.SetEnabled(true);
+  if (StartInstaller(objItem->InstallFile())) Timer1.SetEnabled(true);
 }
 
 // Whether the product has an installer and the user wants it even over a

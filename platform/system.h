@@ -75,7 +75,8 @@ class System {
   // double quotes ends at the closing quote; without quotes it is the longest
   // leading part, up to a space or the end, that names a file and is not cut
   // from the name of a folder. The rest are its arguments. Throws PlatformError
-  // when the program cannot be started.
+  // when the program cannot be started or its path is not a full one: in the
+  // current folder nobody looks for it.
   virtual void StartProgram(const std::string& sCommandLine) = 0;
 };
 

@@ -196,6 +196,11 @@ void StartHostProgram(const std::string& sCommandLine) {
   RefuseNul(StartOperation, sCommandLine);
   const CommandLine command = ResolveCommandLine(sCommandLine, StartPathTests());
   const std::string sHostPath = HostPath(command.sProgram);
+  if (!sHostPath.starts_with('/'))
+    throw PlatformError(StartOperation,
+                        sHostPath.empty() ? WrittenPath(sCommandLine) : ShownPath(sHostPath),
+                        "it is not a full path; please start Trelin again and give the folder with "
+                        "its full path, such as /media/disk1");
   const int lReason = StartDetached(sHostPath, SplitArguments(command.sArguments));
   if (lReason != 0)
     throw PlatformError(StartOperation, ShownPath(sHostPath), StartReason(sHostPath, lReason));

@@ -13,14 +13,15 @@ namespace {
 
 const char* const StartOperation = "start the program";
 
-bool HasExtension(const std::string& sPath) {
-  return sPath.find('.', sPath.find_last_of("\\/:") + 1) != std::string::npos;
+bool LacksExtension(const std::string& sPath) {
+  const std::string sName = sPath.substr(sPath.find_last_of("\\/:") + 1);
+  return !sName.empty() && sName.find('.') == std::string::npos;
 }
 
 // The file that the program's name on a command line stands for.
 std::string ProgramFile(const std::string& sProgram) {
   const std::string sWithExtension = sProgram + ".exe";
-  const bool bLacksIt = !IsFile(sProgram) && !HasExtension(sProgram) && IsFile(sWithExtension);
+  const bool bLacksIt = !IsFile(sProgram) && LacksExtension(sProgram) && IsFile(sWithExtension);
   return bLacksIt ? sWithExtension : sProgram;
 }
 
@@ -29,6 +30,14 @@ bool IsProgram(const std::string& sProgram) { return IsFile(ProgramFile(sProgram
 std::string PassedOn(const CommandLine& command, const std::string& sCommandLine) {
   const bool bAsItIs = command.bQuoted || command.sProgram.find(' ') == std::string::npos;
   return bAsItIs ? sCommandLine : '"' + command.sProgram + '"' + command.sArguments;
+}
+
+// From the drive or the share on: neither a current folder nor a current drive
+// has a part in it.
+bool IsFullPath(const std::string& sPath) {
+  const auto isSlash = [](char c) { return c == '\\' || c == '/'; };
+  if (sPath.size() < 3) return false;
+  return sPath[1] == ':' ? isSlash(sPath[2]) : isSlash(sPath[0]) && isSlash(sPath[1]);
 }
 
 // Returns ERROR_SUCCESS or the reason of the failure. With the file given
@@ -63,6 +72,10 @@ void StartWindowsProgram(const std::string& sCommandLine) {
   RefuseNul(StartOperation, sCommandLine);
   const CommandLine command = ResolveCommandLine(sCommandLine, StartPathTests());
   const std::string sFile = ProgramFile(command.sProgram);
+  if (!IsFullPath(sFile))
+    throw PlatformError(StartOperation, sFile.empty() ? sCommandLine : sFile,
+                        "it is not a full path; please start Trelin again and give the folder with "
+                        "its full path, such as D:\\Disk1");
   const DWORD lReason = Start(sFile, PassedOn(command, sCommandLine));
   if (lReason == ERROR_SUCCESS) return;
   throw PlatformError(StartOperation, sFile, StartReason(sFile, lReason));

@@ -55,5 +55,30 @@ TEST(HostProcessTest, SaysWhyProgramDoesNotStart) {
   }
 }
 
+// The current folder is that of the program.
+TEST(HostProcessTest, StartsNothingWithoutAFullPath) {
+  const TemporaryFolder folder;
+  folder.Write("Setup.sh", "#!/bin/sh\n");
+  std::filesystem::permissions(folder / "Setup.sh", std::filesystem::perms::owner_all);
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(folder / "");
+  const char* const cases[][2] = {
+      {"\"\"\\My Suite\"\\setup\"", "\"\"/My Suite\"/setup\""},
+      {"", ""},
+      {"setup.sh x", "Setup.sh"},
+      {"\".\\Setup.sh\"", "./Setup.sh"},
+  };
+  for (const auto& [sCommandLine, sShown] : cases) {
+    try {
+      StartHostProgram(sCommandLine);
+      ADD_FAILURE() << sCommandLine;
+    } catch (const PlatformError& error) {
+      EXPECT_EQ(error.Path(), sShown);
+      EXPECT_EQ(error.Reason().substr(0, 21), "it is not a full path");
+    }
+  }
+  std::filesystem::current_path(before);
+}
+
 }  // namespace
 }  // namespace trelin

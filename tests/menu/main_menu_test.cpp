@@ -392,8 +392,17 @@ TEST_F(MainMenuWindow, EnterIsSetupAndEscIsExit) {
     Driver::Click(MainMenu().cmdExit);
     EXPECT_FALSE(MainMenu().Loaded());
   });
+  system.sCommandLine = "\"D:\\Disk 1\"";
   UseMenu(4, [&] {
     PressRow(1);
+    Driver::Type(Key::Enter);
+    ASSERT_EQ(system.messages.size(), 1U);
+    EXPECT_TRUE(system.messages[0].sText.starts_with(
+        "Could not start the program \"p2.exe\": the folder \"D:\\Disk 1\" on the command line "
+        "holds "
+        "quotation marks; please start Trelin again without them"));
+    EXPECT_EQ(system.started.size(), 1U);
+    EXPECT_FALSE(MainMenu().Timer1.Enabled());
     Driver::Click(MainMenu().cmdReadMe);
     EXPECT_EQ(system.started.back(), "C:\\Suite\\read me.exe 2.txt")
         << "always from the program's folder, as it stands";

@@ -73,11 +73,13 @@ TEST_F(WindowsProcessTest, StartsTheProgramThatIsMeantWithItsCommandLine) {
 
 TEST_F(WindowsProcessTest, SaysWhyProgramDoesNotStart) {
   folder.Write("Text", "no program");
+  folder.Write("Named/.exe", "no program");
   const std::string sMissing = SystemReason(ERROR_FILE_NOT_FOUND);
   const std::string cases[][3] = {
       {'"' + sFolder + "our gone\" x", "our gone", sMissing},
       {sFolder + "our gone x", "our gone x", sMissing},
       {'"' + sFolder + "My Suite\"", "My Suite", "it is a folder, not a program"},
+      {'"' + sFolder + "Named\\\"", "Named\\", "it is a folder, not a program"},
       {sFolder + "Text x", "Text", "it is not a program that this system can run"},
       {sFolder + std::string("Text\0", 5), "Text?", "it holds a NUL character"},
   };
@@ -90,6 +92,31 @@ TEST_F(WindowsProcessTest, SaysWhyProgramDoesNotStart) {
                 "Could not start the program \"" + (sFolder + sShown) + "\": " + sReason + ".");
     }
   }
+}
+
+// All of them name a program from the current folder.
+TEST_F(WindowsProcessTest, StartsNothingWithoutAFullPath) {
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(Utf8Path(folder / "My Suite"));
+  for (const char* sName : {".exe", "My.exe"}) std::filesystem::copy_file(RunningProgram(), sName);
+  const std::string sRoot = sFolder.substr(2) + "My.exe", sDrive = sFolder.substr(0, 2) + "My.exe";
+  const std::string cases[][2] = {
+      {"\"\"D:\\My Suite\"\\setup.exe\"", "\"\"D:\\My Suite\"\\setup.exe\""},
+      {"", ""},
+      {"My.exe x", "My.exe"},
+      {"\".\\My\"", ".\\My.exe"},
+      {'"' + sRoot + '"', sRoot},
+      {'"' + sDrive + '"', sDrive},
+  };
+  for (const auto& [sCommandLine, sShown] : cases) {
+    try {
+      EXPECT_EQ(Started(sCommandLine), "nothing");
+    } catch (const PlatformError& error) {
+      EXPECT_EQ(error.Path(), sShown);
+      EXPECT_EQ(error.Reason().substr(0, 21), "it is not a full path");
+    }
+  }
+  std::filesystem::current_path(before);
 }
 
 }  // namespace
