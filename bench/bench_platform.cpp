@@ -5,9 +5,9 @@
 #include <fstream>
 #include <system_error>
 
-#include "platform/host/host_path.h"
-#include "platform/platform.h"
-#include "startup/string_resources.h"
+#include "seam/platform.h"
+#include "systems/host/host_path.h"
+#include "texts/string_resources.h"
 
 namespace trelin {
 

@@ -3,9 +3,9 @@
 #include <filesystem>
 #include <string>
 
-#include "platform/host/file_registry.h"
-#include "platform/host/host_string_library.h"
-#include "platform/host/host_system.h"
+#include "systems/host/file_registry.h"
+#include "systems/host/host_string_library.h"
+#include "systems/host/host_system.h"
 
 namespace trelin {
 

@@ -13,9 +13,9 @@
 
 #include "bench/bench_platform.h"
 #include "bench/made_suite.h"
-#include "platform/host/host_path.h"
-#include "platform/host/registry_file.h"
-#include "setuplist/setup_list.h"
+#include "shared/registry_file.h"
+#include "suite/setup_list.h"
+#include "systems/host/host_path.h"
 
 namespace trelin {
 

@@ -13,11 +13,11 @@
 #include <string>
 #include <utility>
 
+#include "app/main_menu.h"
 #include "bench/bench_platform.h"
 #include "bench/made_suite.h"
-#include "menu/main_menu.h"
-#include "platform/host/host_path.h"
-#include "platform/host/toolkit_setup.h"
+#include "systems/host/host_path.h"
+#include "systems/host/toolkit_setup.h"
 
 namespace trelin {
 

@@ -23,8 +23,8 @@
 
 #include "bench/bench_platform.h"
 #include "bench/made_suite.h"
-#include "platform/host/host_path.h"
-#include "setuplist/setup_list.h"
+#include "suite/setup_list.h"
+#include "systems/host/host_path.h"
 
 namespace trelin {
 

@@ -10,12 +10,12 @@
 #include "check/options.h"
 #include "check/results.h"
 #include "check/version.h"
-#include "platform/console.h"
-#include "platform/platform.h"
-#include "platform/platform_error.h"
-#include "platform/start_paths.h"
-#include "startup/paths.h"
-#include "startup/string_resources.h"
+#include "seam/console.h"
+#include "seam/platform.h"
+#include "seam/platform_error.h"
+#include "shared/start_paths.h"
+#include "texts/paths.h"
+#include "texts/string_resources.h"
 
 namespace trelin {
 

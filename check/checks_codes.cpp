@@ -13,7 +13,7 @@
 #include "check/checks.h"
 #include "check/nearest.h"
 #include "check/revision_order.h"
-#include "platform/platform.h"
+#include "seam/platform.h"
 
 namespace trelin {
 

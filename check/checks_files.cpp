@@ -10,12 +10,12 @@
 #include <vector>
 
 #include "check/checks.h"
-#include "platform/command_line.h"
-#include "platform/platform.h"
-#include "platform/platform_error.h"
-#include "platform/start_paths.h"
-#include "platform/toolkit.h"
-#include "startup/paths.h"
+#include "seam/platform.h"
+#include "seam/platform_error.h"
+#include "seam/toolkit.h"
+#include "shared/command_line.h"
+#include "shared/start_paths.h"
+#include "texts/paths.h"
 
 namespace trelin {
 

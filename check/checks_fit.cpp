@@ -3,7 +3,7 @@
 #include <string>
 
 #include "check/checks.h"
-#include "menu/row_layout.h"
+#include "suite/row_layout.h"
 
 namespace trelin {
 

@@ -6,8 +6,8 @@
 
 #include "check/checks.h"
 #include "check/nearest.h"
-#include "startup/messages.h"
-#include "startup/string_resources.h"
+#include "texts/messages.h"
+#include "texts/string_resources.h"
 
 namespace trelin {
 

@@ -3,7 +3,7 @@
 #include "check/json_writer.h"
 #include "check/results.h"
 #include "check/version.h"
-#include "platform/console.h"
+#include "seam/console.h"
 
 namespace trelin {
 

@@ -12,12 +12,12 @@
 #include <stdexcept>
 #include <utility>
 
-#include "menu/row_layout.h"
-#include "platform/code_page.h"
-#include "platform/pe_string_table.h"
-#include "platform/platform.h"
-#include "platform/read_file.h"
-#include "startup/paths.h"
+#include "seam/platform.h"
+#include "shared/code_page.h"
+#include "shared/pe_string_table.h"
+#include "shared/read_file.h"
+#include "suite/row_layout.h"
+#include "texts/paths.h"
 
 namespace trelin {
 

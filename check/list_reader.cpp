@@ -8,10 +8,10 @@
 #include "check/encoding.h"
 #include "check/nearest.h"
 #include "check/statements.h"
-#include "platform/platform.h"
-#include "platform/platform_error.h"
-#include "platform/read_file.h"
-#include "startup/messages.h"
+#include "seam/platform.h"
+#include "seam/platform_error.h"
+#include "shared/read_file.h"
+#include "texts/messages.h"
 
 namespace trelin {
 

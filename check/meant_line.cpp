@@ -6,7 +6,7 @@
 
 #include "check/checked_list.h"
 #include "check/nearest.h"
-#include "platform/platform.h"
+#include "seam/platform.h"
 
 namespace trelin {
 

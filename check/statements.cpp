@@ -6,9 +6,9 @@
 
 #include "check/encoding.h"
 #include "check/meant_line.h"
-#include "setuplist/block_parser.h"
-#include "startup/error.h"
-#include "startup/messages.h"
+#include "suite/block_parser.h"
+#include "texts/error.h"
+#include "texts/messages.h"
 
 namespace trelin {
 

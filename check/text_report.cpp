@@ -10,7 +10,7 @@
 #include <string>
 
 #include "check/results.h"
-#include "platform/console.h"
+#include "seam/console.h"
 
 namespace trelin {
 

@@ -8,16 +8,16 @@
 #include <string>
 #include <string_view>
 
+#include "app/center_form.h"
 #include "demo/write_file.h"
-#include "platform/entry.h"
-#include "platform/platform.h"
-#include "platform/toolkit.h"
-#include "products/reg_entry.h"
-#include "setuplist/block_parser.h"
-#include "startup/center_form.h"
-#include "startup/error.h"
-#include "startup/paths.h"
-#include "startup/string_resources.h"
+#include "seam/entry.h"
+#include "seam/platform.h"
+#include "seam/toolkit.h"
+#include "suite/block_parser.h"
+#include "suite/reg_entry.h"
+#include "texts/error.h"
+#include "texts/paths.h"
+#include "texts/string_resources.h"
 
 namespace trelin::demo {
 

@@ -4,14 +4,14 @@
 #include <optional>
 #include <string>
 
-#include "platform/entry.h"
-#include "platform/platform.h"
-#include "platform/platform_error.h"
-#include "platform/read_file.h"
-#include "platform/toolkit.h"
-#include "startup/center_form.h"
-#include "startup/error.h"
-#include "startup/paths.h"
+#include "app/center_form.h"
+#include "seam/entry.h"
+#include "seam/platform.h"
+#include "seam/platform_error.h"
+#include "seam/toolkit.h"
+#include "shared/read_file.h"
+#include "texts/error.h"
+#include "texts/paths.h"
 
 namespace trelin::demo {
 

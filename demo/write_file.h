@@ -6,8 +6,8 @@
 #include <string>
 #include <system_error>
 
-#include "platform/code_page.h"
-#include "platform/platform_error.h"
+#include "seam/platform_error.h"
+#include "shared/code_page.h"
 
 namespace trelin::demo {
 

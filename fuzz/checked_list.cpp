@@ -13,8 +13,8 @@
 #include "check/list_reader.h"
 #include "fuzz/fuzz_platform.h"
 #include "fuzz/target.h"
-#include "setuplist/setup_list.h"
-#include "startup/error.h"
+#include "suite/setup_list.h"
+#include "texts/error.h"
 
 namespace trelin {
 

@@ -1,13 +1,13 @@
 // The input is text in each of the encodings.
 
-#include "platform/code_page.h"
+#include "shared/code_page.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <string>
 
 #include "fuzz/target.h"
-#include "platform/host/registry_text.h"
+#include "shared/registry_text.h"
 
 namespace trelin {
 

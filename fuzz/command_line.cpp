@@ -1,7 +1,7 @@
 // The first line of the input is a command line. Each of the others says which
 // leading part of it is a file ("f" and a byte, where it ends) or a folder ("d").
 
-#include "platform/command_line.h"
+#include "shared/command_line.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "fuzz/target.h"
-#include "platform/code_page.h"
-#include "startup/string_resources.h"
+#include "shared/code_page.h"
+#include "texts/string_resources.h"
 
 namespace trelin {
 

@@ -5,8 +5,8 @@
 #include <set>
 #include <string>
 
-#include "platform/memory_registry.h"
-#include "platform/platform.h"
+#include "seam/platform.h"
+#include "shared/memory_registry.h"
 
 namespace trelin {
 

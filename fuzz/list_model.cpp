@@ -1,7 +1,7 @@
 // The input describes products, then what the user, the clock and installers
 // do. The menu's list is compared with what this file says it should be.
 
-#include "menu/list_model.h"
+#include "suite/list_model.h"
 
 #include <array>
 #include <cstdint>

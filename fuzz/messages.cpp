@@ -1,7 +1,7 @@
 // The first line of the input is a template, the others are its arguments; one
 // that is "~" is absent.
 
-#include "startup/messages.h"
+#include "texts/messages.h"
 
 #include <cstddef>
 #include <optional>
@@ -11,7 +11,7 @@
 #include "fuzz/fuzz_platform.h"
 #include "fuzz/input.h"
 #include "fuzz/target.h"
-#include "startup/string_resources.h"
+#include "texts/string_resources.h"
 
 namespace trelin {
 

@@ -1,6 +1,6 @@
 // The input is a picture file.
 
-#include "platform/picture_file.h"
+#include "shared/picture_file.h"
 
 #include <cstddef>
 #include <stdexcept>

@@ -1,14 +1,14 @@
 // The input is a registry file. What is read is the same after it was written
 // and read again.
 
-#include "platform/host/registry_file.h"
+#include "shared/registry_file.h"
 
 #include <cstddef>
 #include <memory>
 #include <string>
 
 #include "fuzz/target.h"
-#include "platform/platform_error.h"
+#include "seam/platform_error.h"
 
 namespace trelin {
 

@@ -2,7 +2,7 @@
 // the same comes out: a list whose products are the file's, or the error that
 // names the line.
 
-#include "setuplist/setup_list.h"
+#include "suite/setup_list.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -13,7 +13,7 @@
 
 #include "fuzz/fuzz_platform.h"
 #include "fuzz/target.h"
-#include "startup/error.h"
+#include "texts/error.h"
 
 namespace trelin {
 

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "fuzz/target.h"
-#include "platform/code_page.h"
-#include "platform/pe_string_table.h"
+#include "shared/code_page.h"
+#include "shared/pe_string_table.h"
 
 namespace trelin {
 

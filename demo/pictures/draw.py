@@ -2,7 +2,7 @@
 """Draws the pictures of the demonstration suite and the program's icon.
 
     demo/pictures/draw.py          writes the pictures next to this script
-                                   and menu/trelin.ico, and the same
+                                   and app/trelin.ico, and the same
                                    icons into packaging/icons
 
 The pictures are committed; the build does not run this. The output is the
@@ -159,7 +159,7 @@ def main():
         "gear.bmp": bmp(render(gear_picture())),
         "optics.ico": ico(icon_image(render(optics()))),
         "reports.gif": gif(render(reports())),
-        "../../menu/trelin.ico": ico(
+        "../../app/trelin.ico": ico(
             *(icon_image(small_icons[size], VGA, 4) for size in (32, 16, 48)),
             png_image(smooth_icon()),
         ),

@@ -1,6 +1,6 @@
 #include "check/library_check.h"
 
-#include "platform/platform_error.h"
+#include "seam/platform_error.h"
 #include "tests/check/suite_folder.h"
 
 namespace trelin {

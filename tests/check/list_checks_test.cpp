@@ -2,9 +2,9 @@
 
 #include "check/nearest.h"
 #include "check/revision_order.h"
-#include "platform/start_paths.h"
-#include "products/menu_item.h"
-#include "setuplist/setup_list.h"
+#include "shared/start_paths.h"
+#include "suite/menu_item.h"
+#include "suite/setup_list.h"
 #include "tests/check/suite_folder.h"
 
 namespace trelin {

@@ -1,7 +1,7 @@
 #include "check/list_reader.h"
 
-#include "startup/messages.h"
 #include "tests/check/suite_folder.h"
+#include "texts/messages.h"
 
 namespace trelin {
 namespace {

@@ -7,10 +7,10 @@
 
 #include "check/checks.h"
 #include "check/list_reader.h"
-#include "platform/platform.h"
 #include "real_platform.h"
-#include "startup/string_resources.h"
-#include "tests/temporary_folder.h"
+#include "seam/platform.h"
+#include "testing/temporary_folder.h"
+#include "texts/string_resources.h"
 
 namespace trelin {
 

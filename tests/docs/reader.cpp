@@ -18,13 +18,13 @@
 #include <string>
 #include <vector>
 
-#include "menu/list_model.h"
-#include "platform/console.h"
-#include "platform/platform.h"
 #include "real_platform.h"
-#include "setuplist/setup_list.h"
-#include "startup/error.h"
-#include "startup/string_resources.h"
+#include "seam/console.h"
+#include "seam/platform.h"
+#include "suite/list_model.h"
+#include "suite/setup_list.h"
+#include "texts/error.h"
+#include "texts/string_resources.h"
 
 namespace trelin {
 

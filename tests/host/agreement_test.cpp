@@ -1,11 +1,11 @@
-#include "startup/agreement.h"
+#include "app/agreement.h"
 
 #include <gtest/gtest.h>
 
 #include <QPlainTextEdit>
 
-#include "platform/host/toolkit_native.h"
-#include "tests/driver.h"
+#include "systems/host/toolkit_native.h"
+#include "testing/driver.h"
 
 namespace trelin {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/real_program.h"
+#include "tests/app/real_program.h"
 
 namespace trelin {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/host/file_registry.h"
+#include "systems/host/file_registry.h"
 
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -19,9 +19,9 @@
 #include <thread>
 #include <vector>
 
-#include "tests/platform/registry_contract.h"
-#include "tests/products/registry_trees.h"
-#include "tests/temporary_folder.h"
+#include "testing/temporary_folder.h"
+#include "tests/shared/registry_contract.h"
+#include "tests/suite/registry_trees.h"
 
 namespace trelin {
 

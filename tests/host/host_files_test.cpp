@@ -1,11 +1,11 @@
-#include "platform/host/host_files.h"
+#include "systems/host/host_files.h"
 
 #include <sys/stat.h>
 
 #include <set>
 
-#include "platform/platform_error.h"
-#include "tests/temporary_folder.h"
+#include "seam/platform_error.h"
+#include "testing/temporary_folder.h"
 
 namespace trelin {
 namespace {

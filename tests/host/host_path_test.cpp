@@ -1,9 +1,9 @@
-#include "platform/host/host_path.h"
+#include "systems/host/host_path.h"
 
 #include <unistd.h>
 
-#include "platform/host/host_system.h"
-#include "tests/temporary_folder.h"
+#include "systems/host/host_system.h"
+#include "testing/temporary_folder.h"
 
 namespace trelin {
 namespace {

@@ -1,10 +1,10 @@
-#include "platform/host/host_process.h"
+#include "systems/host/host_process.h"
 
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "platform/host/host_path.h"
-#include "tests/temporary_folder.h"
+#include "systems/host/host_path.h"
+#include "testing/temporary_folder.h"
 
 namespace trelin {
 namespace {

@@ -4,8 +4,8 @@
 #include <QtGlobal>
 #include <cstdlib>
 
-#include "platform/host/toolkit_setup.h"
-#include "tests/installer.h"
+#include "systems/host/toolkit_setup.h"
+#include "tests/app/installer.h"
 
 // Temporary folders lie in memory where programs can run from there: thousands
 // of small files would wait for a disk that others use, too.

@@ -1,8 +1,8 @@
-#include "platform/host/registry_file.h"
+#include "shared/registry_file.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/platform_error.h"
+#include "seam/platform_error.h"
 
 namespace trelin {
 

@@ -1,7 +1,7 @@
 #include <algorithm>
 
-#include "tests/program_window.h"
-#include "tests/windows/accessible_client.h"
+#include "testing/windows/accessible_client.h"
+#include "tests/app/program_window.h"
 
 namespace trelin {
 namespace {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tests/installer.h"
+#include "tests/app/installer.h"
 
 // Windows open on the desktop and take the focus from each other: nobody should
 // use mouse or keyboard meanwhile.

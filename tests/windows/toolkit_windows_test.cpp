@@ -3,9 +3,9 @@
 
 #include <stdexcept>
 
-#include "platform/windows/toolkit_native.h"
-#include "startup/agreement.h"
-#include "tests/driver.h"
+#include "app/agreement.h"
+#include "systems/windows/toolkit_native.h"
+#include "testing/driver.h"
 
 // What this system's windows alone can do.
 namespace trelin {

@@ -1,10 +1,10 @@
-#include "platform/windows/windows_files.h"
+#include "systems/windows/windows_files.h"
 
 #include <windows.h>
 
-#include "platform/platform_error.h"
 #include "real_platform.h"
-#include "tests/temporary_folder.h"
+#include "seam/platform_error.h"
+#include "testing/temporary_folder.h"
 
 namespace trelin {
 namespace {

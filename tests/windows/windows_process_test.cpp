@@ -1,10 +1,10 @@
-#include "platform/windows/windows_process.h"
+#include "systems/windows/windows_process.h"
 
 #include <windows.h>
 
-#include "platform/windows/windows_error.h"
 #include "real_platform.h"
-#include "tests/temporary_folder.h"
+#include "systems/windows/windows_error.h"
+#include "testing/temporary_folder.h"
 
 namespace trelin {
 namespace {

@@ -1,7 +1,7 @@
-#include "platform/windows/windows_registry.h"
+#include "systems/windows/windows_registry.h"
 
-#include "tests/platform/registry_contract.h"
-#include "tests/products/registry_trees.h"
+#include "tests/shared/registry_contract.h"
+#include "tests/suite/registry_trees.h"
 
 namespace trelin {
 namespace {

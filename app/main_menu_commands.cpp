@@ -1,0 +1,75 @@
+#include "app/main_menu.h"
+#include "app/start_up.h"
+#include "seam/platform.h"
+#include "seam/platform_error.h"
+#include "texts/paths.h"
+#include "texts/string_resources.h"
+
+namespace trelin {
+
+namespace {
+
+bool ShowFailure(const PlatformError& error) {
+  TheSystem().ShowMessage(error.what(), MessageIcon::Critical, MessageButtons::Ok,
+                          LoadResourceString(35014));
+  return false;
+}
+
+// Whether the program was started; the user has been told if it was not.
+bool StartProgram(const std::string& sCommandLine) {
+  try {
+    TheSystem().StartProgram(sCommandLine);
+    return true;
+  } catch (const PlatformError& error) {
+    return ShowFailure(error);
+  }
+}
+
+// The same. The folder is taken as it stands: its quotation marks would end those
+// around the installer, and another program would be meant.
+bool StartInstaller(const std::string& sInstaller) {
+  const std::string& sFolder = SourceFolder();
+  if (sFolder.find('"') == std::string::npos)
+    return StartProgram("\"" + JoinPath(sFolder, sInstaller) + "\"");
+  return ShowFailure({"start the program", sInstaller,
+                      "the folder " + sFolder +
+                          " on the command line holds quotation marks; please start Trelin again "
+                          "without them, also where the name has spaces"});
+}
+
+}  // namespace
+
+void frmMainMenu::cmdSetup_Click() { RunSetup(objSetupList->CurrentIndex()); }
+
+void frmMainMenu::RunSetup(std::int16_t nIndex) {
+  const auto objItem = objSetupList->MenuItems().Item(nIndex);
+  if (!ConfirmSetup(*objItem)) return;
+  if (!objItem->CheckDependencies()) {
+    TheSystem().ShowMessage(objSetupList->LastError(), MessageIcon::Information, MessageButtons::Ok,
+                            LoadResourceString(35031));
+    return;
+  }
+  if (StartInstaller(objItem->InstallFile())) Timer1.SetEnabled(true);
+}
+
+// Whether the product has an installer and the user wants it even over a
+// newer revision.
+bool frmMainMenu::ConfirmSetup(MenuItem& objItem) {
+  if (objItem.InstallFile().empty()) {
+    TheSystem().ShowMessage(LoadResourceString(35029), MessageIcon::Critical, MessageButtons::Ok,
+                            LoadResourceString(35014));
+    return false;
+  }
+  return !objItem.NewerVersion() ||
+         TheSystem().ShowMessage(LoadResourceString(35030), MessageIcon::Exclamation,
+                                 MessageButtons::YesNo,
+                                 LoadResourceString(35014)) == MessageAnswer::Yes;
+}
+
+void frmMainMenu::cmdReadMe_Click() {
+  StartProgram(JoinPath(TheSystem().ProgramFolder(), objSetupList->ActiveItem()->ReadMeFile()));
+}
+
+void frmMainMenu::cmdExit_Click() { Unload(); }
+
+}  // namespace trelin

@@ -1,0 +1,115 @@
+#include "shared/command_line.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace trelin {
+
+namespace {
+
+const char* const Blanks = " \t";
+
+// Of any system. What is longer is not looked for: the time for a text of very
+// many words or folders would grow with its square.
+constexpr std::size_t LongestPath = 32767;
+
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+
+// The length of the longest leading part of sText that is a folder.
+std::size_t FolderEnd(const std::string& sText, const PathTests& path) {
+  std::size_t nEnd = sText.find_last_of("\\/", LongestPath);
+  while (nEnd != std::string::npos && nEnd > 0 && !path.isFolder(sText.substr(0, nEnd)))
+    nEnd = sText.find_last_of("\\/", nEnd - 1);
+  return nEnd == std::string::npos ? 0 : nEnd;
+}
+
+// sText neither begins nor ends with a space; nor does a part of it.
+std::size_t UnquotedProgramEnd(const std::string& sText, const PathTests& path) {
+  const std::size_t nFolder = FolderEnd(sText, path);
+  for (std::size_t nEnd = sText.size(); nEnd > nFolder;) {
+    if (nEnd <= LongestPath && path.isFile(sText.substr(0, nEnd))) return nEnd;
+    const std::size_t nSpace = sText.rfind(' ', std::min(nEnd - 1, LongestPath));
+    if (nSpace == std::string::npos) break;
+    nEnd = sText.find_last_not_of(' ', nSpace) + 1;
+  }
+  return sText.size();
+}
+
+// Reads the arguments of a command line, one Next a call.
+class ArgumentReader {
+ public:
+  explicit ArgumentReader(const std::string& sText) : sText_(sText) {}
+
+  bool SkipBlanks() {
+    nNext_ = std::min(sText_.find_first_not_of(Blanks, nNext_), sText_.size());
+    return nNext_ < sText_.size();
+  }
+
+  std::string Next() {
+    std::string sArgument;
+    bool bQuoted = false;
+    while (nNext_ < sText_.size() && (bQuoted || !IsBlank(sText_[nNext_]))) {
+      if (sText_[nNext_] == '\\') {
+        ReadBackslashes(sArgument);
+      } else if (sText_[nNext_] != '"') {
+        sArgument += sText_[nNext_++];
+      } else if (bQuoted && IsQuote(nNext_ + 1)) {
+        sArgument += '"';
+        nNext_ += 2;
+      } else {
+        bQuoted = !bQuoted;
+        ++nNext_;
+      }
+    }
+    return sArgument;
+  }
+
+ private:
+  bool IsQuote(std::size_t nAt) const { return nAt < sText_.size() && sText_[nAt] == '"'; }
+
+  // Leaves a quote that the backslashes do not take as an ordinary character.
+  void ReadBackslashes(std::string& sArgument) {
+    const std::size_t nEnd = std::min(sText_.find_first_not_of('\\', nNext_), sText_.size());
+    const std::size_t nCount = nEnd - nNext_;
+    const bool bEscapes = IsQuote(nEnd);
+    nNext_ = nEnd;
+    sArgument.append(bEscapes ? nCount / 2 : nCount, '\\');
+    if (bEscapes && nCount % 2 == 1) sArgument += sText_[nNext_++];
+  }
+
+  const std::string& sText_;
+  std::size_t nNext_ = 0;
+};
+
+}  // namespace
+
+CommandLine ResolveCommandLine(const std::string& sCommandLine, const PathTests& path) {
+  const std::size_t nStart = std::min(sCommandLine.find_first_not_of(' '), sCommandLine.size());
+  const std::string sText = sCommandLine.substr(nStart);
+  if (!sText.starts_with('"')) {
+    const std::string sTrimmed = sText.substr(0, sText.find_last_not_of(' ') + 1);
+    const std::size_t nEnd = UnquotedProgramEnd(sTrimmed, path);
+    return {sText.substr(0, nEnd), false, sText.substr(nEnd)};
+  }
+  const std::size_t nClosing = std::min(sText.find('"', 1), sText.size());
+  const std::size_t nRest = std::min(nClosing + 1, sText.size());
+  return {sText.substr(1, nClosing - 1), true, sText.substr(nRest)};
+}
+
+std::string TextAfterProgram(const std::string& sCommandLine) {
+  bool bQuoted = false;
+  std::size_t nEnd = 0;
+  for (; nEnd < sCommandLine.size() && (bQuoted || !IsBlank(sCommandLine[nEnd])); ++nEnd)
+    if (sCommandLine[nEnd] == '"') bQuoted = !bQuoted;
+  return sCommandLine.substr(
+      std::min(sCommandLine.find_first_not_of(Blanks, nEnd), sCommandLine.size()));
+}
+
+std::vector<std::string> SplitArguments(const std::string& sText) {
+  std::vector<std::string> arguments;
+  ArgumentReader reader(sText);
+  while (reader.SkipBlanks()) arguments.push_back(reader.Next());
+  return arguments;
+}
+
+}  // namespace trelin

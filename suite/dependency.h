@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "suite/block_parser.h"
+
+namespace trelin {
+
+// A prerequisite of a product: another product that must be installed, at
+// the revision given or a higher one, with its check file in place.
+//
+//   BLOCK DEPENDENCY Runtime
+//   PRODUCTCODE = RUNTIME          names its installation record
+//   REVISION = 1.0
+//   TITLE = Common Runtime         its name in the messages
+//   END
+class Dependency {
+ public:
+  void Initialize();
+  void Terminate() {}
+
+  // Reads the rest of the block, whose start line objParser has just read. An
+  // unknown key costs a beep. Throws error 5001 for a nested block.
+  void LoadFromFile(BlockParser& objParser);
+
+  // Whether the prerequisite is met. If not, LastError says why; a text from
+  // an earlier check stays until ClearError.
+  bool CheckDependency();
+
+  const std::string& LastError() const { return sLastError_; }
+  void ClearError() { sLastError_.clear(); }
+
+ private:
+  void ProcessKeyValue(std::string_view sKey, std::string_view sValue);
+
+  std::string sProductCode_;
+  std::string sRevision_;
+  std::string sTitle_;
+  std::string sLastError_;
+};
+
+}  // namespace trelin

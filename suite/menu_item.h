@@ -1,0 +1,83 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "suite/dependency.h"
+#include "suite/item_collection.h"
+
+namespace trelin {
+
+using DependencyCollection = ItemCollection<Dependency>;
+
+// A product of the setup list: what its block says, its prerequisites, and
+// its installation state as the last check found it.
+//
+//   BLOCK APPLICATION Inspect
+//   PRODUCT = Inspection Station
+//   DESCRIPTION = Measures parts against their drawings
+//   IMAGE = inspect.bmp              in the program's folder
+//   PRODUCTCODE = INSPECT            names its installation record
+//   REVISION = 2.1                   the revision offered
+//   UNINSTALLNAME = Inspection
+//   INSTALLFILE = inspect.exe        in the source folder
+//   READMEFILE = readme.exe          in the program's folder
+//   BLOCK DEPENDENCY Runtime         a prerequisite, see Dependency
+//   ...
+//   END
+//   END
+class MenuItem {
+ public:
+  void Initialize();
+  void Terminate();
+
+  // Reads the rest of the block, whose start line objParser has just read. An
+  // unknown key costs a beep. Throws error 5001 for a nested block that is no
+  // prerequisite.
+  void LoadFromFile(BlockParser& objParser);
+
+  // Works out the status from the installation record and the file system,
+  // afresh. Throws as ReadInstallationRecord does, and then nothing changes.
+  void CheckInstallation();
+
+  // Whether every prerequisite is met; ends at the first that is not and
+  // leaves its reason in LastError.
+  bool CheckDependencies();
+
+  const std::string& Title() const { return sTitle_; }
+  const std::string& Description() const { return sDescription_; }
+  const std::string& Status() const { return sStatus_; }  // a text of the string library
+  const std::string& ImageFile() const { return sImageFile_; }
+  const std::string& ReadMeFile() const { return sReadMeFile_; }
+  const std::string& InstallFile() const { return sInstallFile_; }
+
+  // Whether a check has ever found a higher revision than the one offered.
+  bool NewerVersion() const { return bNewerVersion_; }
+
+  // The prerequisites' last error text.
+  std::string LastError() const { return objDependencies_.LastError(); }
+  void ClearError() { objDependencies_.ClearError(); }
+
+  // Whether the last check changed the status.
+  bool Updated() const { return bUpdated_; }
+
+ private:
+  void ProcessKeyValue(std::string_view sKey, std::string_view sValue);
+
+  // What a check uses stands together.
+  std::string sProductCode_;
+  std::string sRevision_;
+  std::string sStatus_;
+  bool bNewerVersion_ = false;
+  bool bUpdated_ = false;
+
+  std::string sTitle_;
+  std::string sDescription_;
+  std::string sImageFile_;
+  std::string sInstallFile_;
+  std::string sReadMeFile_;
+  std::string sUninstallName_;
+  DependencyCollection objDependencies_;
+};
+
+}  // namespace trelin

@@ -1,0 +1,113 @@
+#include "suite/reg_entry.h"
+
+#include <array>
+
+#include "texts/error.h"
+#include "texts/messages.h"
+#include "texts/string_resources.h"
+
+namespace trelin {
+
+namespace {
+
+// Opens one level or else creates it. lTemplate describes the failure.
+KeyHandle OpenOrCreateLevel(RegistryKey hParent, const std::string& sLevel,
+                            std::int32_t lTemplate) {
+  if (KeyHandle key = TryOpenInternal(hParent, sLevel); key.IsOpen()) return key;
+  RegistryKey hKey = RegistryKey::None;
+  if (TheRegistry().CreateKey(hParent, sLevel, RegistryReadWrite, hKey) == RegistrySuccess)
+    return KeyHandle(hKey);
+  throw Error(5000, "RegEntry.CreateInternal", FormatResourceString(lTemplate, sLevel));
+}
+
+}  // namespace
+
+const std::string RegEntry::StandardRoot = "SOFTWARE\\Korvanta";
+
+KeyHandle TryOpenInternal(RegistryKey hParent, const std::string& sPath) {
+  RegistryKey hKey = RegistryKey::None;
+  const std::int32_t lResult = TheRegistry().OpenKey(hParent, sPath, RegistryReadWrite, hKey);
+  return KeyHandle(lResult == RegistrySuccess ? hKey : RegistryKey::None);
+}
+
+KeyHandle OpenInternal(RegistryKey hParent, const std::string& sPath) {
+  KeyHandle key = TryOpenInternal(hParent, sPath);
+  if (!key.IsOpen()) throw Error(5001, "RegEntry.OpenInternal", FormatResourceString(35001, sPath));
+  return key;
+}
+
+KeyHandle CreateInternal(RegistryKey hParent, const std::string& sPath) {
+  const std::size_t nBackslash = sPath.find('\\');
+  if (nBackslash == std::string::npos) return OpenOrCreateLevel(hParent, sPath, 35001);
+  const KeyHandle level = OpenOrCreateLevel(hParent, sPath.substr(0, nBackslash), 35002);
+  return CreateInternal(level.Get(), sPath.substr(nBackslash + 1));
+}
+
+std::string RegEntry::FullPath(const std::string& sKey) const {
+  std::string sPath;
+  sPath.reserve(DefaultRoot().size() + 1 + sKey.size());
+  return sPath.append(DefaultRoot()).append("\\").append(sKey);
+}
+
+void RegEntry::OpenKey(const std::string& sKey) {
+  CloseKey();
+  sCurrentPath_ = FullPath(sKey);
+  currentKey_ = OpenInternal(RegistryKey::LocalMachine, sCurrentPath_);
+}
+
+bool RegEntry::TryOpenKey(const std::string& sKey) {
+  CloseKey();
+  sCurrentPath_ = FullPath(sKey);
+  currentKey_ = TryOpenInternal(RegistryKey::LocalMachine, sCurrentPath_);
+  return currentKey_.IsOpen();
+}
+
+void RegEntry::CreateKey(const std::string& sKey) {
+  CloseKey();
+  sCurrentPath_ = FullPath(sKey);
+  currentKey_ = CreateInternal(RegistryKey::LocalMachine, sCurrentPath_);
+}
+
+bool RegEntry::TestKey(const std::string& sKey) const {
+  return TryOpenInternal(RegistryKey::LocalMachine, FullPath(sKey)).IsOpen();
+}
+
+std::string RegEntry::GetString(const std::string& sName) const {
+  if (!currentKey_.IsOpen()) return "";
+  std::array<char, RegistryBufferBytes + 1> buffer{};
+  std::uint32_t lSize = RegistryBufferBytes;
+  if (TheRegistry().QueryValue(currentKey_.Get(), sName, buffer.data(), lSize) != RegistrySuccess)
+    return "";
+  if (lSize > 0 && buffer[lSize - 1] == '\0') --lSize;
+  return {buffer.data(), lSize};
+}
+
+std::string RegEntry::GetStringInternational(const std::string& sName, std::int32_t lId) const {
+  std::string sText = GetString(LanguageCodeFromLocale(lId) + sName);
+  return sText.empty() ? GetString(sName) : sText;
+}
+
+bool RegEntry::GetBoolean(const std::string& sName) const {
+  std::string sText = GetString(sName);
+  TheSystem().MakeUpperCase(sText);
+  return !sText.empty() && sText != "0" && sText != "NO" && sText != "FALSE";
+}
+
+void RegEntry::SetString(const std::string& sName, const std::string& sValue) {
+  if (!currentKey_.IsOpen()) return;
+  if (sValue.empty()) return DeleteValue(sName);
+  const auto lSize = static_cast<std::uint32_t>(sValue.size());
+  if (TheRegistry().SetValue(currentKey_.Get(), sName, RegistryTypeText, sValue.data(), lSize) !=
+      RegistrySuccess)
+    throw Error(5002, "RegEntry.SetValue", FormatResourceString(35003, sName));
+}
+
+void RegEntry::SetBoolean(const std::string& sName, bool bValue) {
+  SetString(sName, bValue ? "true" : "false");
+}
+
+void RegEntry::DeleteValue(const std::string& sName) {
+  if (currentKey_.IsOpen()) TheRegistry().DeleteValue(currentKey_.Get(), sName);
+}
+
+}  // namespace trelin

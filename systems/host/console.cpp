@@ -1,0 +1,29 @@
+#include "seam/console.h"
+
+#include <cerrno>
+#include <cstdio>
+
+#include "shared/code_page.h"
+#include "systems/host/host_path.h"
+
+namespace trelin {
+
+namespace {
+
+void Write(const std::string& sText, std::FILE* pOutput) {
+  const bool bWritten = std::fwrite(sText.data(), 1, sText.size(), pOutput) == sText.size() &&
+                        std::fflush(pOutput) == 0;
+  if (!bWritten) throw HostError("write to", "the standard output", errno);
+}
+
+}  // namespace
+
+std::string WrittenByUser(const std::string& sPath) { return ShownPath(HostPath(sPath)); }
+
+std::string Utf8Of(const std::string& sText) { return ToUtf8(sText); }
+
+void WriteOutput(const std::string& sUtf8) { Write(sUtf8, stdout); }
+
+void WriteErrorOutput(const std::string& sUtf8) { Write(sUtf8, stderr); }
+
+}  // namespace trelin

@@ -1,0 +1,194 @@
+#include "systems/host/host_files.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <string_view>
+
+#include "shared/code_page.h"
+#include "systems/host/host_path.h"
+
+namespace trelin {
+
+namespace {
+
+class HostFile : public InputFile {
+ public:
+  HostFile(FileDescriptor file, std::string sHostPath)
+      : file_(std::move(file)), sHostPath_(std::move(sHostPath)) {}
+
+  std::size_t Read(char* pBuffer, std::size_t nSize) override {
+    ssize_t nRead = 0;
+    do {
+      nRead = read(file_.Get(), pBuffer, nSize);
+    } while (nRead < 0 && errno == EINTR);
+    if (nRead < 0) throw HostError("read the file", sHostPath_, errno);
+    return static_cast<std::size_t>(nRead);
+  }
+
+ private:
+  FileDescriptor file_;
+  std::string sHostPath_;
+};
+
+FileDescriptor OpenForReading(const std::string& sHostPath) {
+  int hFile = -1;
+  do {
+    hFile = open(sHostPath.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+  } while (hFile < 0 && errno == EINTR);
+  return FileDescriptor(hFile);
+}
+
+bool MatchesPattern(const std::string& sName, const std::string& sPattern) {
+  std::size_t nName = 0;
+  std::size_t nPattern = 0;
+  std::size_t nStar = std::string::npos;  // the last * so far
+  std::size_t nStarEnd = 0;               // what it stands for ends here
+  while (nName < sName.size()) {
+    const char cPattern = nPattern < sPattern.size() ? sPattern[nPattern] : '\0';
+    if (cPattern == '*') {
+      nStar = nPattern++;
+      nStarEnd = nName;
+    } else if (cPattern == '?' || cPattern == sName[nName]) {
+      ++nPattern;
+      ++nName;
+    } else if (nStar != std::string::npos) {
+      nPattern = nStar + 1;
+      nName = ++nStarEnd;
+    } else {
+      return false;
+    }
+  }
+  return sPattern.find_first_not_of('*', nPattern) == std::string::npos;
+}
+
+bool MatchesName(const std::string& sName, const std::string& sPattern) {
+  const auto hasDot = [](const std::string& s) { return s.find('.') != std::string::npos; };
+  if (MatchesPattern(sName, sPattern)) return true;
+  return hasDot(sPattern) && !hasDot(sName) && MatchesPattern(sName + '.', sPattern);
+}
+
+struct CloseFolder {
+  void operator()(DIR* pFolder) const { closedir(pFolder); }
+};
+using Folder = std::unique_ptr<DIR, CloseFolder>;
+
+class HostSearch : public FileSearch {
+ public:
+  // Without a folder nothing is found.
+  HostSearch(Folder folder, std::string sFolder, const std::string& sPattern)
+      : folder_(std::move(folder)),
+        sFolder_(std::move(sFolder)),
+        sPattern_(UpperCase1252(sPattern)) {}
+
+  std::optional<std::string> Next() override {
+    while (folder_ != nullptr) {
+      errno = 0;
+      const dirent* pEntry = readdir(folder_.get());
+      if (pEntry == nullptr) {
+        End(errno);
+      } else if (Matches(pEntry->d_name)) {
+        return FromUtf8(pEntry->d_name);
+      }
+    }
+    return std::nullopt;
+  }
+
+ private:
+  bool Matches(const char* pEntry) const {
+    if (pEntry[0] == '.' || !MatchesName(UpperCase1252(FromUtf8(pEntry)), sPattern_)) return false;
+    struct stat status = {};
+    return fstatat(dirfd(folder_.get()), pEntry, &status, 0) == 0 && S_ISREG(status.st_mode);
+  }
+
+  void End(int lReason) {
+    folder_.reset();
+    if (lReason != 0) throw HostError("read the folder", sFolder_, lReason);
+  }
+
+  Folder folder_;
+  std::string sFolder_;
+  std::string sPattern_;
+};
+
+// Finds its one name once.
+class OneFileSearch : public FileSearch {
+ public:
+  explicit OneFileSearch(std::optional<std::string> sName) : sName_(std::move(sName)) {}
+  std::optional<std::string> Next() override { return std::exchange(sName_, std::nullopt); }
+
+ private:
+  std::optional<std::string> sName_;
+};
+
+// The file's name when it is one that a search finds; no folder is read. Most
+// files have the letter case that they are asked for in.
+std::optional<std::string> FindNormalFile(const std::string& sPath) {
+  std::string sHostPath = WrittenPath(sPath);
+  struct stat status = {};
+  bool bFound = stat(sHostPath.c_str(), &status) == 0;
+  if (!bFound) {
+    sHostPath = HostPath(sPath);
+    bFound = stat(sHostPath.c_str(), &status) == 0;
+  }
+  const std::string_view sName = std::string_view(sHostPath).substr(sHostPath.rfind('/') + 1);
+  if (!bFound || !S_ISREG(status.st_mode) || sName.starts_with('.')) return std::nullopt;
+  return FromUtf8(sName);
+}
+
+// No folder when there is none of that name.
+Folder OpenFolder(const std::string& sHostPath) {
+  Folder folder(opendir(sHostPath.c_str()));
+  if (folder == nullptr && errno != ENOENT && errno != ENOTDIR) {
+    throw HostError("read the folder", sHostPath, errno);
+  }
+  return folder;
+}
+
+// sPath as Windows searches for it: without the spaces and dots at its end, but
+// for a dot behind a star.
+std::string SearchedPath(const std::string& sPath) {
+  const std::string sTaken = sPath.substr(0, sPath.find_last_not_of(" .") + 1);
+  return sTaken.ends_with('*') && sPath.ends_with('.') ? sTaken + '.' : sTaken;
+}
+
+}  // namespace
+
+void FileDescriptor::Close() {
+  if (hFile_ >= 0) close(std::exchange(hFile_, -1));
+}
+
+std::unique_ptr<InputFile> OpenHostFile(const std::string& sPath) {
+  const char* const pOperation = "open the file";
+  RefuseNul(pOperation, sPath);
+  // Most files have the letter case that they are asked for in.
+  std::string sHostPath = WrittenPath(sPath);
+  FileDescriptor file = OpenForReading(sHostPath);
+  if (file.Get() < 0) {
+    sHostPath = HostPath(sPath);
+    file = OpenForReading(sHostPath);
+  }
+  struct stat status = {};
+  if (file.Get() < 0 || fstat(file.Get(), &status) != 0) {
+    throw HostError(pOperation, sHostPath, errno);
+  }
+  if (S_ISDIR(status.st_mode)) throw HostError(pOperation, sHostPath, EISDIR);
+  return std::make_unique<HostFile>(std::move(file), sHostPath);
+}
+
+std::unique_ptr<FileSearch> SearchHostFiles(const std::string& sGiven) {
+  RefuseNul("search for the file", sGiven);
+  const std::string sPath = SearchedPath(sGiven);
+  if (sPath.find_first_of("*?") == std::string::npos)
+    return std::make_unique<OneFileSearch>(FindNormalFile(sPath));
+  const std::size_t nName = sPath.find_last_of("\\/") + 1;  // 0 without a separator
+  const std::string sPattern = sPath.substr(nName);
+  const std::string sFolder = nName == 0 ? "." : HostPath(sPath.substr(0, nName));
+  Folder folder = sPattern.empty() ? nullptr : OpenFolder(sFolder);
+  return std::make_unique<HostSearch>(std::move(folder), sFolder, sPattern);
+}
+
+}  // namespace trelin

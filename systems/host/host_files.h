@@ -1,0 +1,42 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "seam/system.h"
+
+namespace trelin {
+
+// Owns an open descriptor of this system; -1 is none.
+class FileDescriptor {
+ public:
+  explicit FileDescriptor(int hFile = -1) : hFile_(hFile) {}
+  ~FileDescriptor() { Close(); }
+  FileDescriptor(FileDescriptor&& other) noexcept : hFile_(std::exchange(other.hFile_, -1)) {}
+  FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+    std::swap(hFile_, other.hFile_);
+    return *this;
+  }
+
+  int Get() const { return hFile_; }
+  void Close();
+
+ private:
+  int hFile_;
+};
+
+// System::OpenInput. A folder does not open.
+std::unique_ptr<InputFile> OpenHostFile(const std::string& sPath);
+
+// System::Search. Of this system's files, the hidden ones are those whose
+// name begins with a dot; a symbolic link counts as what it points to, and
+// devices, pipes and sockets are no normal files. A folder that may not be
+// read throws PlatformError.
+//
+// As on Windows, spaces and dots at the end of the path do not count. In the
+// pattern * stands for any characters and ? for exactly one. A name without a dot
+// matches as if it ended with one, so *.* finds every name, and *. those without.
+std::unique_ptr<FileSearch> SearchHostFiles(const std::string& sGiven);
+
+}  // namespace trelin

@@ -1,0 +1,176 @@
+#include "systems/host/registry_store.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+#include <thread>
+
+#include "seam/registry.h"
+#include "systems/host/host_path.h"
+
+namespace trelin {
+
+namespace {
+
+constexpr const char* ReadOperation = "read the registry file";
+
+// For the lock: more than any writer needs, and not too long for a user who
+// sees no window yet.
+constexpr std::chrono::seconds LongestWait{5};
+constexpr std::chrono::milliseconds PauseBetweenTries{1};
+
+std::int32_t WriteResult(int nReason) {
+  switch (nReason) {
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return RegistryAccessDenied;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+      return RegistryDiskFull;
+    default:
+      return RegistryWriteFault;
+  }
+}
+
+// A file under construction, removed again unless it has got its final name.
+class TemporaryFile {
+ public:
+  // Removes what a killed writer left.
+  explicit TemporaryFile(std::string sPath) : sPath_(std::move(sPath)) {
+    unlink(sPath_.c_str());
+    file_ = FileDescriptor(open(sPath_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+  }
+  ~TemporaryFile() {
+    if (bTemporary_) unlink(sPath_.c_str());
+  }
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+  int Get() const { return file_.Get(); }
+
+  bool Write(std::string_view sBytes) {
+    while (!sBytes.empty()) {
+      const ssize_t nWritten = write(Get(), sBytes.data(), sBytes.size());
+      if (nWritten < 0 && errno != EINTR) return false;
+      if (nWritten > 0) sBytes.remove_prefix(static_cast<std::size_t>(nWritten));
+    }
+    return true;
+  }
+
+  bool Rename(const std::string& sPath) {
+    if (rename(sPath_.c_str(), sPath.c_str()) != 0) return false;
+    bTemporary_ = false;
+    return true;
+  }
+
+ private:
+  std::string sPath_;
+  FileDescriptor file_;
+  bool bTemporary_ = true;
+};
+
+// 0, or the errno value of the failure: EWOULDBLOCK when another program holds
+// the lock all the time.
+int TakeLock(int hFile) {
+  const auto end = std::chrono::steady_clock::now() + LongestWait;
+  while (flock(hFile, LOCK_EX | LOCK_NB) != 0) {
+    if (errno != EWOULDBLOCK && errno != EINTR) return errno;
+    if (std::chrono::steady_clock::now() >= end) return EWOULDBLOCK;
+    std::this_thread::sleep_for(PauseBetweenTries);
+  }
+  return 0;
+}
+
+// The file that a symbolic link finally names, whether it exists or not.
+std::string LinkTarget(const std::string& sPath) {
+  std::filesystem::path path = sPath;
+  std::error_code error;
+  for (int nLinks = 0; nLinks < 40 && std::filesystem::is_symlink(path, error); ++nLinks)
+    path = path.parent_path() / std::filesystem::read_symlink(path, error);
+  return path.string();
+}
+
+bool CopyMode(const std::string& sFrom, int hTo) {
+  struct stat status {};
+  if (stat(sFrom.c_str(), &status) != 0) return true;  // there is no old file
+  return fchmod(hTo, status.st_mode & 07777) == 0;
+}
+
+std::string ReadAll(int hFile, std::int64_t nSize, const std::string& sPath) {
+  std::string sBytes(static_cast<std::size_t>(nSize) + 1, '\0');  // one more to see the end
+  std::size_t nLength = 0;
+  while (true) {
+    const ssize_t nRead = read(hFile, sBytes.data() + nLength, sBytes.size() - nLength);
+    if (nRead < 0 && errno != EINTR) throw HostError(ReadOperation, sPath, errno);
+    if (nRead == 0) break;
+    if (nRead > 0) nLength += static_cast<std::size_t>(nRead);
+    if (nLength == sBytes.size()) sBytes.resize(2 * nLength);
+  }
+  sBytes.resize(nLength);
+  return sBytes;
+}
+
+}  // namespace
+
+RegistryStore::RegistryStore(const std::string& sPath)
+    : sPath_(std::filesystem::absolute(sPath).string()) {}
+
+RegistryStore::Content RegistryStore::Read() const {
+  Content content;
+  // Without O_NONBLOCK, opening a pipe would wait for its other end.
+  const FileDescriptor file(open(sPath_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  if (file.Get() < 0) {
+    content.stamp.nReason = errno;
+    if (errno == ENOENT) return content;
+    throw HostError(ReadOperation, sPath_, errno);
+  }
+  struct stat status {};
+  if (fstat(file.Get(), &status) != 0) throw HostError(ReadOperation, sPath_, errno);
+  if (S_ISDIR(status.st_mode)) throw HostError(ReadOperation, sPath_, EISDIR);
+  if (!S_ISREG(status.st_mode))
+    throw PlatformError(ReadOperation, ShownPath(sPath_), "it is a device or a pipe");
+  content.stamp = FileStamp::Of(status);
+  content.bWritable = access(sPath_.c_str(), W_OK) == 0;
+  content.sBytes = ReadAll(file.Get(), status.st_size, sPath_);
+  return content;
+}
+
+FileDescriptor RegistryStore::Lock(std::int32_t& lResult) const {
+  const std::filesystem::path target = LinkTarget(sPath_);
+  std::error_code error;
+  std::filesystem::create_directories(target.parent_path(), error);
+  const std::string sLock = target.string() + ".lock";
+  FileDescriptor lock(open(sLock.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0666));
+  const int nReason = lock.Get() < 0 ? errno : TakeLock(lock.Get());
+  if (nReason == EWOULDBLOCK)
+    throw PlatformError(
+        "write the registry file", ShownPath(target.string()),
+        "another program holds its lock, the file \"" + ShownPath(sLock) +
+            "\"; please wait until that program has ended, or end it, and try again");
+  lResult = nReason == 0 ? RegistrySuccess : WriteResult(error ? error.value() : nReason);
+  return lock;
+}
+
+std::int32_t RegistryStore::Replace(const std::string& sBytes, FileStamp& stamp) const {
+  const std::string sTarget = LinkTarget(sPath_);
+  TemporaryFile file(sTarget + ".tmp");
+  if (file.Get() < 0 || !CopyMode(sTarget, file.Get()) || !file.Write(sBytes) ||
+      fsync(file.Get()) != 0 || !file.Rename(sTarget))
+    return WriteResult(errno);
+  struct stat status {};  // only now: renaming a file changes its stamp
+  if (fstat(file.Get(), &status) != 0) return RegistryWriteFault;
+  stamp = FileStamp::Of(status);
+  return RegistrySuccess;
+}
+
+}  // namespace trelin

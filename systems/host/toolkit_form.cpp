@@ -1,0 +1,206 @@
+#include "systems/host/toolkit_form.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <algorithm>
+#include <memory>
+#include <optional>
+
+#include "systems/host/toolkit_box.h"
+#include "systems/host/toolkit_measure.h"
+#include "systems/host/toolkit_native.h"
+#include "systems/host/toolkit_picture.h"
+#include "systems/host/toolkit_taskbar.h"
+
+namespace trelin {
+
+namespace {
+
+Qt::WindowFlags Flags(bool bShowInTaskbar) {
+  return (bShowInTaskbar ? Qt::Window : Qt::Dialog) | Qt::CustomizeWindowHint |
+         Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+}
+
+std::optional<int> TabIndex(const QWidget& widget) {
+  const QVariant index = widget.property(TabIndexProperty);
+  return index.isValid() ? std::optional(index.toInt()) : std::nullopt;
+}
+
+bool IsTabStop(const QWidget& widget) {
+  const QVariant stop = widget.property(TabStopProperty);
+  return TabIndex(widget) && (!stop.isValid() || stop.toBool());
+}
+
+// Runs its action when the scope is left, also by an exception.
+class AtExit {
+ public:
+  explicit AtExit(std::function<void()> action) : action_(std::move(action)) {}
+  ~AtExit() { action_(); }
+  AtExit(const AtExit&) = delete;
+  AtExit& operator=(const AtExit&) = delete;
+
+ private:
+  std::function<void()> action_;
+};
+
+}  // namespace
+
+FormWidget& FormOf(QWidget& widget) { return static_cast<FormWidget&>(*widget.window()); }
+
+FormWidget::FormWidget(Form& form, FormBorder border, bool bShowInTaskbar, QSize client)
+    : QWidget(nullptr, Flags(bShowInTaskbar)), form_(form), bShowInTaskbar_(bShowInTaskbar) {
+  border == FormBorder::FixedSingle ? setFixedSize(client) : resize(client);
+  connect(qApp, &QApplication::focusChanged, this, [this] {
+    if (default_) default_->update();  // it is drawn as default while it answers Enter
+  });
+}
+
+void FormWidget::ShowModal() {
+  if (loop_ != nullptr) return;
+  if (!std::exchange(bLoaded_, true)) Raise(form_.OnLoad);
+  if (!bLoaded_) return;
+
+  if (ModalLoop::Innermost() != nullptr) setWindowModality(Qt::ApplicationModal);
+  WindowLoop loop(*this);
+  loop_ = &loop;
+  const AtExit close([this] {
+    hide();
+    loop_ = nullptr;
+  });
+  Open();
+  loop.Run();
+}
+
+void FormWidget::Open() {
+  show();
+  if (!bShowInTaskbar_) LeaveTaskbar(*this);
+  activateWindow();
+  FocusFirst();
+}
+
+void FormWidget::Unload() {
+  if (!std::exchange(bLoaded_, false)) return;
+  const AtExit close([this] {
+    hide();
+    if (loop_ != nullptr) loop_->End();
+  });
+  Raise(form_.OnUnload);
+}
+
+void FormWidget::closeEvent(QCloseEvent* pEvent) {
+  pEvent->ignore();
+  DispatchInput([this] { Unload(); });
+}
+
+void FormWidget::ShowFocus(bool bShow) {
+  if (std::exchange(bShowsFocus_, bShow) == bShow) return;
+  if (auto* pArea = dynamic_cast<BoxArea*>(focusWidget())) pArea->Refresh();
+}
+
+bool FormWidget::eventFilter(QObject* /*pObject*/, QEvent* pEvent) {
+  if (pEvent->type() == QEvent::MouseButtonPress) ShowFocus(false);
+  return pEvent->type() == QEvent::KeyPress && AnswerKey(static_cast<QKeyEvent&>(*pEvent));
+}
+
+void FormWidget::keyPressEvent(QKeyEvent* pEvent) { AnswerKey(*pEvent); }
+
+// A key that is held down answers once: a window that has just opened must
+// not take the rest for an answer of its own.
+bool FormWidget::AnswerKey(const QKeyEvent& event) {
+  if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0)
+    return false;
+  switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (QPushButton* pButton = EnterButton(); pButton && !event.isAutoRepeat()) pButton->click();
+      return true;
+    case Qt::Key_Escape:
+      if (cancel_ && !event.isAutoRepeat()) cancel_->click();
+      return true;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+      ShowFocus(true);
+      focusNextPrevChild(event.key() == Qt::Key_Tab);
+      if (auto* pArea = dynamic_cast<BoxArea*>(focusWidget())) pArea->DispatchKey(BoxKey::Reach);
+      return true;
+    default:
+      return false;
+  }
+}
+
+QPushButton* FormWidget::EnterButton() const {
+  auto* pFocused = qobject_cast<QPushButton*>(focusWidget());
+  return pFocused != nullptr ? pFocused : default_.data();
+}
+
+bool FormWidget::AnswersEnter(const QPushButton& button) const {
+  return button.isEnabled() && EnterButton() == &button;
+}
+
+std::vector<QWidget*> FormWidget::TabOrder() const {
+  std::vector<QWidget*> order;
+  for (QWidget* pWidget : findChildren<QWidget*>()) {
+    if (IsTabStop(*pWidget) && pWidget->isEnabled() && pWidget->isVisibleTo(this))
+      order.push_back(pWidget);
+  }
+  std::stable_sort(order.begin(), order.end(),
+                   [](auto* p1, auto* p2) { return TabIndex(*p1) < TabIndex(*p2); });
+  return order;
+}
+
+// From a control without a place in the order, Tab goes to its beginning.
+bool FormWidget::focusNextPrevChild(bool bNext) {
+  std::vector<QWidget*> order = TabOrder();
+  if (order.empty()) return false;
+  if (!bNext) std::reverse(order.begin(), order.end());
+  const QWidget* const pFocused = focusWidget();
+  const auto from = pFocused != nullptr ? TabIndex(*pFocused) : std::nullopt;
+  const auto place = std::find_if(order.begin(), order.end(), [&](auto* pWidget) {
+    return bNext ? TabIndex(*pWidget) > from : TabIndex(*pWidget) < from;
+  });
+  (place != order.end() ? *place : order.front())
+      ->setFocus(bNext ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  return true;
+}
+
+void FormWidget::GiveFocus(QWidget& area) {
+  if (isVisible()) {
+    area.setFocus();
+  } else {
+    wanted_ = &area;
+  }
+}
+
+void FormWidget::FocusFirst() {
+  const std::vector<QWidget*> order = TabOrder();
+  QWidget* pFirst = order.empty() ? this : order.front();
+  if (wanted_ && wanted_->isEnabled() && wanted_->isVisible()) pFirst = wanted_;
+  wanted_.clear();
+  pFirst->setFocus();
+}
+
+Form::Form(FormBorder border, bool bShowInTaskbar, Twips clientWidth, Twips clientHeight)
+    : Control(std::make_unique<Native>(new FormWidget(
+          *this, border, bShowInTaskbar, QSize(PixelsX(clientWidth), PixelsY(clientHeight))))) {}
+
+Form::~Form() = default;
+
+void Form::SetCaption(const std::string& sCaption) {
+  native_->widget->setWindowTitle(ToQString(sCaption));
+}
+
+std::string Form::Caption() const { return FromQString(native_->widget->windowTitle()); }
+
+void Form::SetIcon(const Picture& picture) {
+  native_->widget->setWindowIcon(QIcon(QPixmap::fromImage(picture.Get().image)));
+}
+
+void Form::Move(Twips left, Twips top) { native_->widget->move(PixelsX(left), PixelsY(top)); }
+
+void Form::ShowModal() { FormOf(*native_->widget).ShowModal(); }
+
+void Form::Unload() { FormOf(*native_->widget).Unload(); }
+
+bool Form::Loaded() const { return FormOf(*native_->widget).Loaded(); }
+
+}  // namespace trelin

@@ -1,0 +1,52 @@
+#include "systems/host/toolkit_text_fit.h"
+
+#include <QFontMetrics>
+#include <algorithm>
+#include <cmath>
+
+#include "seam/toolkit.h"
+#include "systems/host/toolkit_font.h"
+#include "systems/host/toolkit_measure.h"
+
+namespace trelin {
+
+namespace {
+
+constexpr float UsualDpi = 96;
+constexpr float PointsPerInch = 72;
+constexpr float TwipsPerInch = 1440;
+
+// Halves the range in which the answer lies.
+std::size_t CountFittingIn(const QFontMetrics& metrics, const QString& text, int nWidth) {
+  qsizetype nFitting = 0;
+  for (qsizetype nTooMany = text.size() + 1; nTooMany - nFitting > 1;) {
+    const qsizetype nMiddle = nFitting + (nTooMany - nFitting) / 2;
+    const bool bFits = metrics.horizontalAdvance(text.first(nMiddle)) <= nWidth;
+    (bFits ? nFitting : nTooMany) = nMiddle;
+  }
+  return static_cast<std::size_t>(nFitting);
+}
+
+int UsualPixels(float size, float sizesPerInch) {
+  return static_cast<int>(std::lround(size * UsualDpi / sizesPerInch));
+}
+
+}  // namespace
+
+LabelLines LinesIn(const QString& text, const QFont& font, QSize size) {
+  const QFontMetrics metrics(font);
+  return BreakIntoLines(
+      text.toStdU16String(), size.height() / metrics.height(), [&](std::u16string_view sText) {
+        const auto nLength = static_cast<qsizetype>(sText.size());
+        return CountFittingIn(metrics, QString::fromUtf16(sText.data(), nLength), size.width());
+      });
+}
+
+bool LabelShowsWhole(const std::string& sText, const LabelFont& font, Twips width, Twips height) {
+  QFont usual = FontOf(font);
+  usual.setPixelSize(UsualPixels(font.points, PointsPerInch));
+  const QSize size(UsualPixels(width, TwipsPerInch), UsualPixels(height, TwipsPerInch));
+  return LinesIn(ToQString(sText), usual, size).bWhole;
+}
+
+}  // namespace trelin

@@ -1,0 +1,62 @@
+#include "seam/console.h"
+
+#include <windows.h>
+
+#include <string>
+
+#include "systems/windows/windows_error.h"
+
+namespace trelin {
+
+namespace {
+
+std::wstring ToWide(const std::string& sText, UINT codePage) {
+  const auto nLength = static_cast<int>(sText.size());
+  const int nSize = MultiByteToWideChar(codePage, 0, sText.data(), nLength, nullptr, 0);
+  std::wstring sWide(static_cast<std::size_t>(nSize), L'\0');
+  MultiByteToWideChar(codePage, 0, sText.data(), nLength, sWide.data(), nSize);
+  return sWide;
+}
+
+std::string ToUtf8(const std::wstring& sWide) {
+  const auto nLength = static_cast<int>(sWide.size());
+  const int nSize =
+      WideCharToMultiByte(CP_UTF8, 0, sWide.data(), nLength, nullptr, 0, nullptr, nullptr);
+  std::string sText(static_cast<std::size_t>(nSize), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, sWide.data(), nLength, sText.data(), nSize, nullptr, nullptr);
+  return sText;
+}
+
+bool WriteBytes(HANDLE hOutput, const std::string& sText) {
+  DWORD lWritten = 0;
+  return WriteFile(hOutput, sText.data(), static_cast<DWORD>(sText.size()), &lWritten, nullptr) &&
+         lWritten == sText.size();
+}
+
+// A console takes what it is to show as wide characters; a file or pipe gets
+// UTF-8.
+void Write(const std::string& sUtf8, DWORD lOutput) {
+  HANDLE hOutput = GetStdHandle(lOutput);
+  DWORD lMode = 0;
+  bool bWritten = false;
+  if (GetConsoleMode(hOutput, &lMode)) {
+    const std::wstring sWide = ToWide(sUtf8, CP_UTF8);
+    bWritten = WriteConsoleW(hOutput, sWide.data(), static_cast<DWORD>(sWide.size()), nullptr,
+                             nullptr) != 0;
+  } else {
+    bWritten = WriteBytes(hOutput, sUtf8);
+  }
+  if (!bWritten) throw WindowsError("write to", "the standard output");
+}
+
+}  // namespace
+
+std::string WrittenByUser(const std::string& sPath) { return sPath; }
+
+std::string Utf8Of(const std::string& sText) { return ToUtf8(ToWide(sText, CP_ACP)); }
+
+void WriteOutput(const std::string& sUtf8) { Write(sUtf8, STD_OUTPUT_HANDLE); }
+
+void WriteErrorOutput(const std::string& sUtf8) { Write(sUtf8, STD_ERROR_HANDLE); }
+
+}  // namespace trelin

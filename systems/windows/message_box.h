@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+#include "seam/system.h"
+
+namespace trelin {
+
+// System::ShowMessage: a message box owned by the window that is shown. One
+// that asks has no close box and leaves Esc without an answer, as the system's
+// questions do.
+MessageAnswer ShowMessageBox(const std::string& sText, MessageIcon icon, MessageButtons buttons,
+                             const std::string& sTitle);
+
+}  // namespace trelin

@@ -1,0 +1,173 @@
+#include <algorithm>
+#include <utility>
+
+#include "systems/windows/toolkit_box.h"
+#include "systems/windows/toolkit_button.h"
+#include "systems/windows/toolkit_form.h"
+#include "systems/windows/toolkit_scroll_bar.h"
+
+// Keys, the wheel and the focus of a form.
+namespace trelin {
+
+namespace {
+
+BOOL CALLBACK CollectControl(HWND hWindow, LPARAM pControls) {
+  if (auto* pControl = dynamic_cast<ControlWindow*>(NativeWindow::Of(hWindow)))
+    reinterpret_cast<std::vector<ControlWindow*>*>(pControls)->push_back(pControl);
+  return TRUE;
+}
+
+bool CanHaveFocus(HWND hControl) {
+  return hControl != nullptr && IsWindowVisible(hControl) && IsWindowEnabled(hControl);
+}
+
+// The control, if it is a box.
+BoxWindow* BoxOf(HWND hControl) {
+  return hControl != nullptr ? dynamic_cast<BoxWindow*>(NativeWindow::Of(hControl)) : nullptr;
+}
+
+// A box may show that it has the focus.
+void RefreshBox(HWND hControl) {
+  if (BoxWindow* pBox = BoxOf(hControl)) pBox->Refresh();
+}
+
+}  // namespace
+
+// A key that is held down answers once: a window that has just opened must not
+// take the rest for an answer of its own. The characters of keys that have been
+// answered lead nowhere.
+bool FormWindow::AnswerKey(UINT message, WPARAM wParam, LPARAM lParam) {
+  const bool bRepeated = (HIWORD(lParam) & KF_REPEAT) != 0;
+  switch (message) {
+    case WM_KEYDOWN: {
+      const bool bAnswered = wParam == VK_RETURN || wParam == VK_ESCAPE || wParam == VK_TAB;
+      if (!bAnswered || GetKeyState(VK_CONTROL) < 0) return false;
+      return (bRepeated && wParam != VK_TAB) || AnswerKeyDown(wParam);
+    }
+    case WM_CHAR:
+      return wParam == '\r' || wParam == '\x1B' || wParam == '\t';
+    case WM_SYSCHAR:
+      return AnswerAccessKey(wParam);
+    default:
+      return false;
+  }
+}
+
+bool FormWindow::AnswerKeyDown(WPARAM key) {
+  if (key == VK_TAB) {
+    ShowFocus(true);
+    MoveFocus(GetKeyState(VK_SHIFT) >= 0);
+    if (BoxWindow* pBox = BoxOf(hFocus_)) pBox->DispatchKey(BoxKey::Reach);
+  } else if (ButtonWindow* pButton = key == VK_RETURN ? EnterButton() : cancel_) {
+    pButton->Click();
+  }
+  return true;
+}
+
+bool FormWindow::AnswerAccessKey(WPARAM character) {
+  for (ControlWindow* pControl : Controls()) {
+    auto* const pButton = dynamic_cast<ButtonWindow*>(pControl);
+    if (pButton == nullptr || !pButton->HasAccessKey(static_cast<char>(character))) continue;
+    if (IsWindowEnabled(pButton->Handle())) GiveFocus(pButton->Handle());
+    pButton->Click();
+    return true;
+  }
+  return false;
+}
+
+// The container under the pointer turns; where the message gives no place on
+// this window, that of the control that got it.
+bool FormWindow::AnswerWheel(HWND hReceiver, WPARAM wParam, LPARAM lParam) {
+  const HWND hPointed =
+      WindowFromPoint({static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))});
+  const bool bHere = hPointed == Handle() || IsChild(Handle(), hPointed);
+  for (HWND hWindow = bHere ? hPointed : hReceiver; hWindow != nullptr && hWindow != Handle();
+       hWindow = GetAncestor(hWindow, GA_PARENT)) {
+    if (ScrollWindow* pBar = ScrollWindow::In(hWindow)) {
+      pBar->Turn(static_cast<short>(HIWORD(wParam)));
+      return true;
+    }
+  }
+  return false;
+}
+
+ButtonWindow* FormWindow::EnterButton() const {
+  auto* pFocused = dynamic_cast<ButtonWindow*>(hFocus_ != nullptr ? Of(hFocus_) : nullptr);
+  return pFocused != nullptr ? pFocused : default_;
+}
+
+void FormWindow::ShowDefaultButton() {
+  const ButtonWindow* const pEnter = EnterButton();
+  for (ControlWindow* pControl : Controls()) {
+    if (auto* pButton = dynamic_cast<ButtonWindow*>(pControl))
+      pButton->ShowAsDefault(pButton == pEnter && IsWindowEnabled(pButton->Handle()));
+  }
+}
+
+void FormWindow::Forget(const ButtonWindow& button) {
+  if (default_ == &button) default_ = nullptr;
+  if (cancel_ == &button) cancel_ = nullptr;
+}
+
+std::vector<ControlWindow*> FormWindow::Controls() const {
+  std::vector<ControlWindow*> controls;
+  EnumChildWindows(Handle(), CollectControl, reinterpret_cast<LPARAM>(&controls));
+  return controls;
+}
+
+std::vector<ControlWindow*> FormWindow::TabOrder() const {
+  std::vector<ControlWindow*> order = Controls();
+  std::erase_if(order, [](auto* pControl) { return !pControl->IsTabStop(); });
+  std::stable_sort(order.begin(), order.end(),
+                   [](auto* p1, auto* p2) { return p1->TabIndex() < p2->TabIndex(); });
+  return order;
+}
+
+// From a control without a place in the order, Tab goes to its beginning.
+void FormWindow::MoveFocus(bool bNext) {
+  std::vector<ControlWindow*> order = TabOrder();
+  if (order.empty()) return;
+  if (!bNext) std::reverse(order.begin(), order.end());
+  const auto* const pFocused =
+      dynamic_cast<ControlWindow*>(hFocus_ != nullptr ? Of(hFocus_) : nullptr);
+  const auto from = pFocused != nullptr ? pFocused->TabIndex() : std::nullopt;
+  const auto place = std::find_if(order.begin(), order.end(), [&](auto* pControl) {
+    return bNext ? pControl->TabIndex() > from : pControl->TabIndex() < from;
+  });
+  GiveFocus((place != order.end() ? *place : order.front())->Handle());
+}
+
+void FormWindow::GiveFocus(HWND hControl) {
+  FocusMoved(hControl);
+  if (GetActiveWindow() == Handle()) ::SetFocus(hControl);
+}
+
+void FormWindow::FocusMoved(HWND hControl) {
+  const HWND hBefore = std::exchange(hFocus_, hControl);
+  if (hBefore == hControl) return;
+  ShowDefaultButton();
+  RefreshBox(hBefore);
+  RefreshBox(hControl);
+}
+
+void FormWindow::ShowFocus(bool bShow) {
+  if (std::exchange(bShowsFocus_, bShow) != bShow) RefreshBox(hFocus_);
+}
+
+void FormWindow::LeaveControl(HWND hControl) {
+  if (hFocus_ == hControl && loop_ != nullptr) MoveFocus(true);
+}
+
+// The system gives the focus to the window itself when it becomes active.
+void FormWindow::TakeFocus() {
+  if (CanHaveFocus(hFocus_)) ::SetFocus(hFocus_);
+}
+
+void FormWindow::FocusFirst() {
+  const std::vector<ControlWindow*> order = TabOrder();
+  if (!CanHaveFocus(hFocus_)) hFocus_ = order.empty() ? nullptr : order.front()->Handle();
+  ShowDefaultButton();
+  TakeFocus();
+}
+
+}  // namespace trelin

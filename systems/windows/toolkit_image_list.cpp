@@ -1,0 +1,94 @@
+#include <windows.h>
+#include <commctrl.h>
+
+#include <map>
+#include <memory>
+#include <new>
+#include <string>
+#include <type_traits>
+
+#include "systems/windows/toolkit_box.h"
+#include "systems/windows/toolkit_form.h"
+#include "systems/windows/toolkit_icon.h"
+#include "systems/windows/toolkit_measure.h"
+#include "systems/windows/toolkit_picture.h"
+
+namespace trelin {
+
+namespace {
+
+struct ImageListCloser {
+  void operator()(HIMAGELIST hList) const { ImageList_Destroy(hList); }
+};
+using ImageListOwner = std::unique_ptr<std::remove_pointer_t<HIMAGELIST>, ImageListCloser>;
+
+}  // namespace
+
+// The common controls' image list knows its images by number.
+struct ImageList::Native {
+  std::int16_t nWidth, nHeight;
+  std::uint32_t mask;  // as an opaque pixel
+  ImageListOwner list;
+  std::map<std::string, int> numbers;
+};
+
+namespace {
+
+std::uint32_t ToPixel(Color color) {
+  const COLORREF lColor = ToColorRef(color);
+  return OpaqueAlpha | static_cast<std::uint32_t>(GetRValue(lColor)) << 16U |
+         static_cast<std::uint32_t>(GetGValue(lColor)) << 8U | GetBValue(lColor);
+}
+
+// The mask colour is taken out before scaling mixes it with its neighbours.
+Pixels32 Prepare(const Picture::Native& picture, std::uint32_t mask, int nWidth, int nHeight) {
+  Pixels32 image = picture.image;
+  for (std::uint32_t& pixel : image.pixels) {
+    if (!picture.bOwnMask && pixel == mask) pixel = 0;
+  }
+  const bool bFits = image.nWidth == nWidth && image.nHeight == nHeight;
+  return bFits ? image : Scaled(image, nWidth, nHeight);
+}
+
+}  // namespace
+
+ImageList::ImageList(std::int16_t nWidthPixels, std::int16_t nHeightPixels, Color mask)
+    : native_(std::make_unique<Native>(
+          Native{nWidthPixels,
+                 nHeightPixels,
+                 ToPixel(mask),
+                 ImageListOwner(
+                     ImageList_Create(nWidthPixels, nHeightPixels, ILC_COLOR32 | ILC_MASK, 0, 8)),
+                 {}})) {}
+
+ImageList::~ImageList() = default;
+
+std::int16_t ImageList::ImageWidth() const { return native_->nWidth; }
+
+std::int16_t ImageList::ImageHeight() const { return native_->nHeight; }
+
+void ImageList::Add(const std::string& sKey, const Picture& picture) {
+  const IconOwner icon =
+      picture.Get().bProgramIcon
+          ? MakeIcon(picture, native_->nWidth)
+          : MakeIcon(Prepare(picture.Get(), native_->mask, native_->nWidth, native_->nHeight));
+  const int nNumber = ImageList_AddIcon(native_->list.get(), icon.get());
+  if (nNumber < 0) throw std::bad_alloc();
+  native_->numbers.insert_or_assign(sKey, nNumber);
+}
+
+void ImageList::AddAgain(const std::string& sKey, const std::string& sOtherKey) {
+  const auto other = native_->numbers.find(sOtherKey);
+  if (other != native_->numbers.end()) native_->numbers.insert_or_assign(sKey, other->second);
+}
+
+bool ImageList::Contains(const std::string& sKey) const { return native_->numbers.contains(sKey); }
+
+void ImageList::Draw(const std::string& sKey, PictureBox& box, Twips left, Twips top) const {
+  const auto number = native_->numbers.find(sKey);
+  if (number == native_->numbers.end()) return;
+  const UINT dpi = BoxOf(box).Form().Dpi();
+  BoxOf(box).Draw({native_->list.get(), number->second, Pixels(left, dpi), Pixels(top, dpi)});
+}
+
+}  // namespace trelin

@@ -1,0 +1,40 @@
+#include "systems/windows/toolkit_text_fit.h"
+
+#include "seam/toolkit.h"
+#include "systems/windows/handle.h"
+#include "systems/windows/toolkit_font.h"
+#include "systems/windows/toolkit_measure.h"
+#include "systems/windows/toolkit_text.h"
+
+namespace trelin {
+
+namespace {
+
+constexpr UINT UsualDpi = 96;
+
+}  // namespace
+
+int LineHeight(HDC hContext) {
+  TEXTMETRICA metrics{};
+  GetTextMetricsA(hContext, &metrics);
+  return metrics.tmHeight;
+}
+
+LabelLines LinesIn(const std::string& sText, HDC hContext, SIZE size) {
+  return BreakIntoLines(
+      ToUtf16(sText), size.cy / LineHeight(hContext), [&](std::u16string_view sPart) {
+        int nFitting = 0;
+        SIZE all{};
+        GetTextExtentExPointW(hContext, reinterpret_cast<const wchar_t*>(sPart.data()),
+                              static_cast<int>(sPart.size()), size.cx, &nFitting, nullptr, &all);
+        return static_cast<std::size_t>(nFitting);
+      });
+}
+
+bool LabelShowsWhole(const std::string& sText, const LabelFont& font, Twips width, Twips height) {
+  const MemoryContextOwner context(CreateCompatibleDC(nullptr));
+  SelectObject(context.get(), FontOf(font, UsualDpi));
+  return LinesIn(sText, context.get(), {Pixels(width, UsualDpi), Pixels(height, UsualDpi)}).bWhole;
+}
+
+}  // namespace trelin

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "seam/system.h"
+
+namespace trelin {
+
+// System::OpenInput. Others may read the file meanwhile. A folder does not
+// open.
+std::unique_ptr<InputFile> OpenWindowsFile(const std::string& sPath);
+
+// System::Search, by the system's own rules for wildcards and short names.
+std::unique_ptr<FileSearch> SearchWindowsFiles(const std::string& sPath);
+
+// Whether sPath is there and a folder, or there and none.
+bool IsFolder(const std::string& sPath);
+bool IsFile(const std::string& sPath);
+
+}  // namespace trelin

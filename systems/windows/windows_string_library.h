@@ -1,0 +1,35 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "seam/string_library.h"
+
+namespace trelin {
+
+struct ModuleCloser {
+  void operator()(HMODULE hModule) const { FreeLibrary(hModule); }
+};
+using ModuleOwner = std::unique_ptr<HINSTANCE__, ModuleCloser>;
+
+// Has the system load the libraries as data: nothing in them runs, whatever
+// processor they are for. The file of a loaded library stays open.
+class WindowsStringLibraryLoader : public StringLibraryLoader {
+ public:
+  LibraryHandle Load(const std::string& sPath) override;
+  void Free(LibraryHandle hLibrary) override;
+
+  // As the system has it, only the low 16 bits of lId count.
+  std::int32_t LoadText(LibraryHandle hLibrary, std::int32_t lId, char* pBuffer,
+                        std::int32_t lSize) override;
+
+ private:
+  LibraryHandle hLast_ = 0;  // no handle is given out twice
+  std::map<LibraryHandle, ModuleOwner> libraries_;
+};
+
+}  // namespace trelin

@@ -1,0 +1,123 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "seam/platform.h"
+#include "shared/memory_registry.h"
+#include "testing/faults.h"
+
+namespace trelin {
+
+class FakeRegistry : public MemoryRegistry {
+ public:
+  explicit FakeRegistry(Faults& faults) : faults_(faults) {}
+
+  std::int32_t OpenKey(RegistryKey hParent, const std::string& sPath, std::uint32_t lAccess,
+                       RegistryKey& hKey) override;
+  std::int32_t CreateKey(RegistryKey hParent, const std::string& sPath, std::uint32_t lAccess,
+                         RegistryKey& hKey) override;
+  std::int32_t CloseKey(RegistryKey hKey) noexcept override;
+  std::int32_t QueryValue(RegistryKey hKey, const std::string& sName, char* pData,
+                          std::uint32_t& lSize) override;
+  std::int32_t SetValue(RegistryKey hKey, const std::string& sName, std::uint32_t lType,
+                        const char* pData, std::uint32_t lSize) override;
+  std::int32_t DeleteValue(RegistryKey hKey, const std::string& sName) override;
+  std::int32_t EnumKey(RegistryKey hKey, std::uint32_t lIndex, char* pName,
+                       std::uint32_t lSize) override;
+  std::int32_t EnumValue(RegistryKey hKey, std::uint32_t lIndex, char* pName,
+                         std::uint32_t& lNameSize, char* pData, std::uint32_t& lDataSize) override;
+  std::int32_t DeleteKey(RegistryKey hParent, const std::string& sName) override;
+  std::int32_t QueryDefault(RegistryKey hKey, const std::string& sName, char* pData,
+                            std::int32_t& lSize) override;
+
+ private:
+  Faults& faults_;
+};
+
+// Libraries by their full path. A text is what the maps hold.
+class FakeLibraries : public StringLibraryLoader {
+ public:
+  using Texts = std::map<std::int32_t, std::string>;
+
+  explicit FakeLibraries(Faults& faults) : faults_(faults) {}
+
+  LibraryHandle Load(const std::string& sPath) override;
+  void Free(LibraryHandle hLibrary) override;
+  std::int32_t LoadText(LibraryHandle hLibrary, std::int32_t lId, char* pBuffer,
+                        std::int32_t lSize) override;
+
+  std::map<std::string, Texts> files;
+  std::vector<std::string> loads;  // every path tried, in order
+  int nOpen = 0;
+
+ private:
+  Faults& faults_;
+  std::vector<Texts*> loaded_;
+};
+
+struct ShownMessage {
+  std::string sText;
+  MessageIcon icon;
+  MessageButtons buttons;
+  std::string sTitle;
+
+  bool operator==(const ShownMessage&) const = default;
+};
+void PrintTo(const ShownMessage& message, std::ostream* os);
+
+// A system whose files are texts in memory, read in small pieces; it records
+// what it is asked to do.
+class FakeSystem : public System {
+ public:
+  explicit FakeSystem(Faults& faults) : faults_(faults) {}
+
+  std::string ProgramFolder() override;
+  std::string CommandLineText() override;
+  void MakeUpperCase(std::span<char> text) override;
+  std::unique_ptr<InputFile> OpenInput(const std::string& sPath) override;
+  std::unique_ptr<FileSearch> Search(const std::string& sPath) override;
+  void Beep() override;
+  MessageAnswer ShowMessage(const std::string& sText, MessageIcon icon, MessageButtons buttons,
+                            const std::string& sTitle) override;
+  void StartProgram(const std::string& sLine) override;
+
+  std::string sProgramFolder = "C:\\Suite";
+  std::string sCommandLine;
+  std::map<std::string, std::string> files;
+  int nOpenFiles = 0;  // and searches
+  int nBeeps = 0;
+  std::vector<ShownMessage> messages;
+  std::function<MessageAnswer()> onMessage;  // empty: answers Ok
+  std::vector<std::string> started;
+
+ private:
+  Faults& faults_;
+};
+
+// The error that the operation throws, as "5001 Source Description"; "none"
+// without one.
+std::string Failure(const std::function<void()>& operation);
+
+// A program with string library, registry and system of its own. Templates
+// read as their number and arguments: "35010(BLOCK|3|APPLICATION|X)".
+class FakeProgram {
+ protected:
+  FakeProgram();
+
+  // Writes a value of the installation log; an empty text removes it.
+  void Record(const std::string& sName, const std::string& sText);
+
+  Faults faults;
+  FakeRegistry registry{faults};
+  FakeLibraries libraries{faults};
+  FakeSystem system{faults};
+};
+
+class ProgramTest : public ::testing::Test, protected FakeProgram {};
+
+}  // namespace trelin

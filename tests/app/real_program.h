@@ -1,0 +1,67 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "real_platform.h"
+#include "seam/entry.h"
+#include "seam/platform.h"
+#include "testing/driver.h"
+#include "testing/temporary_folder.h"
+#include "texts/string_resources.h"
+
+namespace trelin {
+
+// Works in a folder of its own and keeps what it would have shown.
+class RecordingSystem : public RealSystem {
+ public:
+  explicit RecordingSystem(const std::string& sPath) : sFolder(ProgramPath(sPath)) {}
+
+  std::string ProgramFolder() override { return sFolder; }
+  std::string CommandLineText() override { return ""; }
+  MessageAnswer ShowMessage(const std::string& sText, MessageIcon, MessageButtons,
+                            const std::string& sTitle) override {
+    sMessages += sTitle + ": " + sText + "\n";
+    return MessageAnswer::Ok;
+  }
+
+  std::string sFolder;
+  std::string sMessages;
+};
+
+// The whole program with the platform's registry, string library reader and
+// files, in a folder with a string library and a setup list of one product.
+class RealProgramWindow : public ::testing::Test {
+ protected:
+  RealProgramWindow() {
+    UsePlatform({registry.get(), &libraries, &system});
+    folder.Write("ENU35000.DLL", FileBytes(TRELIN_BUILD_DIR "/ENU35000.DLL"));
+    folder.Write("TRELIN.CFG", "BLOCK SETUPLIST\r\nBLOCK APPLICATION\r\nPRODUCT = A\r\nEND\r\nEND");
+  }
+
+  // Runs the program, accepts the agreement if it comes, and uses the menu if
+  // it opens. Returns the titles of the windows and then the messages.
+  std::string Run(const Driver::Script& useMenu = [] { Driver::Type(Key::Escape); }) {
+    system.sMessages.clear();
+    std::string sWindows;
+    Driver::WhenWindowOpens([&] {
+      sWindows += Driver::WindowTitle() + "\n";
+      Driver::WhenWindowOpens([&] {
+        sWindows += Driver::WindowTitle() + "\n";
+        useMenu();
+      });
+      Driver::Type(Key::Enter);
+    });
+    Main();
+    Driver::ForgetScripts();
+    FreeResourceLibraries();  // as the end of the process does
+    return sWindows + system.sMessages;
+  }
+
+  const TemporaryFolder folder;
+  const std::unique_ptr<Registry> registry = RealRegistry(folder / "");
+  RealLibraries libraries;
+  RecordingSystem system{folder / ""};
+};
+
+}  // namespace trelin

@@ -1,0 +1,108 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "real_platform.h"
+#include "seam/platform.h"
+#include "seam/platform_error.h"
+#include "testing/driver.h"
+
+namespace trelin {
+
+namespace {
+
+using namespace std::literals;
+
+// 16-bit numbers, the low byte first.
+std::string Words(const std::vector<std::size_t>& numbers) {
+  std::string sBytes;
+  for (const auto n : numbers) sBytes += {static_cast<char>(n), static_cast<char>(n >> 8U)};
+  return sBytes;
+}
+
+// A header, and a square of pixels: the mask colour on the left, the other one
+// (blue, green, red) on the right.
+std::string Pixels(std::size_t nSize, std::size_t nHeight, const std::string& sRight) {
+  std::string sBytes = Words({40, 0, nSize, 0, nHeight, 0, 1, 24}) + std::string(24, '\0');
+  for (std::size_t i = 0; i < nSize * nSize; ++i)
+    sBytes += i % nSize < nSize / 2 ? "\xC0\xC0\xC0" : sRight;
+  return sBytes;
+}
+
+std::string Bmp(std::size_t nSize) {
+  const std::string sPixels = Pixels(nSize, nSize, "\0\0\xFF"s);
+  return "BM" + Words({14 + sPixels.size(), 0, 0, 0, 54, 0}) + sPixels;
+}
+
+// A blue image of 16 by 16 pixels, then a red one of 32 by 32 whose top half is
+// masked out. Masks start with the bottom row.
+std::string Icon() {
+  const std::string sSmall = Pixels(16, 32, "\xFF\0\0"s) + std::string(64, '\0');
+  const std::string sLarge =
+      Pixels(32, 64, "\0\0\xFF"s) + std::string(64, '\0') + std::string(64, '\xFF');
+  return Words({0, 1, 2}) + Words({0x1010, 0, 1, 24, sSmall.size(), 0, 38, 0}) +
+         Words({0x2020, 0, 1, 24, sLarge.size(), 0, 38 + sSmall.size(), 0}) + sSmall + sLarge;
+}
+
+class ToolkitWindowPicture : public testing::Test {
+ protected:
+  ToolkitWindowPicture() { UsePlatform({nullptr, nullptr, &system}); }
+  ~ToolkitWindowPicture() override { std::filesystem::remove(path); }
+
+  Picture Load(const std::string& sBytes) const {
+    std::ofstream(path, std::ios::binary) << sBytes;
+    return Picture::LoadFromFile(path.string());
+  }
+
+  RealSystem system;
+  const std::filesystem::path path = std::filesystem::temp_directory_path() / "trelin-picture";
+};
+
+TEST_F(ToolkitWindowPicture, WhatIsNoPictureIsRefused) {
+  const std::pair<const char*, std::string> files[] = {
+      {"empty", ""},
+      {"text", "This is no picture."},
+      {"short bitmap", "BM"},
+      {"cut bitmap", Bmp(32).substr(0, 3000)},
+      {"huge bitmap", Bmp(32).replace(18, 8, Words({0, 2, 0, 2}))},
+      {"cut icon", Icon().substr(0, 30)},
+      {"icon with a cut image", Icon().substr(0, 1200)}};
+  for (const auto& [sName, sBytes] : files) EXPECT_THROW(Load(sBytes), PlatformError) << sName;
+  for (const std::string& sPath : {"missing.bmp"s, ""s, testing::TempDir()})
+    EXPECT_THROW(Picture::LoadFromFile(sPath), PlatformError) << sPath;
+}
+
+TEST_F(ToolkitWindowPicture, ImagesAreDrawnThroughTheirMask) {
+  ImageList images(32, 32, Color::ListMask);
+  images.Add("bitmap", Load(Bmp(32)));
+  images.Add("icon", Load(Icon()));
+  images.Add("large", Load(Bmp(64)));
+  const Rgb mask = {192, 192, 192}, red = {255, 0, 0}, cyan = {0, 255, 255};
+  // The colours in the corners: top left, top right, bottom left, bottom right.
+  const std::pair<std::string, std::vector<Rgb>> cases[] = {
+      {"bitmap", {cyan, red, cyan, red}},
+      {"icon", {cyan, cyan, mask, red}},
+      {"large", {cyan, red, cyan, red}},
+  };
+  Form form(FormBorder::FixedSingle, true, 3000, 3000);
+  PictureBox box(form);
+  box.SetBounds(0, 0, 3000, 3000);
+  box.SetBackColor(Color::Cyan);
+  std::string sKey;
+  const auto draw = [&] { images.Draw(sKey, box, 0, 0); };
+  box.OnPaint = draw;
+  Driver::ShowModal(form, [&] {
+    for (const auto& [sName, corners] : cases) {
+      sKey = sName;
+      draw();  // has it painted
+      const auto at = Driver::PixelsOf(box);
+      EXPECT_EQ((std::vector{at[0][0], at[0][31], at[31][0], at[31][31]}), corners) << sName;
+      EXPECT_EQ(at[0][32], cyan) << sName;
+    }
+  });
+}
+
+}  // namespace
+
+}  // namespace trelin

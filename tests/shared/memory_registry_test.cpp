@@ -1,0 +1,137 @@
+#include "shared/memory_registry.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "tests/shared/registry_contract.h"
+#include "tests/suite/registry_trees.h"
+
+namespace trelin {
+
+namespace {
+
+using Texts = std::vector<std::string>;
+using Names = std::set<std::string>;
+
+constexpr std::uint32_t ReadOnly = 0x20019;  // KEY_READ
+
+INSTANTIATE_TEST_SUITE_P(Memory, RegistryContract,
+                         testing::Values([] { return std::make_unique<MemoryRegistry>(); }));
+INSTANTIATE_TEST_SUITE_P(Memory, RegistryTrees,
+                         testing::Values([] { return std::make_unique<MemoryRegistry>(); }));
+
+TEST_P(RegistryContract, PathsFindKeysAndCreatingKeepsThem) {
+  const RegistryKey hKey = Create(base_, "One\\Two");
+  Set(registry_, hKey, "kept", "x");
+  RegistryKey hAgain = Create(base_, "oNE\\TWO\\");
+  EXPECT_NE(hKey, hAgain);
+  EXPECT_EQ("x", Get(registry_, hAgain, "kept"));
+  registry_.CloseKey(hAgain);
+  EXPECT_EQ("<6>", Get(registry_, hAgain, "kept")) << "a closed handle";
+  EXPECT_EQ(RegistryInvalidHandle, Set(registry_, hAgain, "kept", "y"));
+  EXPECT_EQ(RegistryInvalidHandle, registry_.CloseKey(hAgain));
+  for (const char* sPath : {"Two", "One\\Two\\Three"})
+    EXPECT_EQ(2, registry_.OpenKey(base_, sPath, RegistryReadWrite, hAgain)) << sPath;
+  EXPECT_EQ(0, registry_.OpenKey(hKey, "", RegistryReadWrite, hAgain));
+  registry_.CloseKey(hAgain);
+  EXPECT_EQ("x", Get(registry_, hKey, "kept")) << "an empty path gives a second handle";
+  EXPECT_EQ(0, registry_.OpenKey(RegistryKey::LocalMachine, "", RegistryReadWrite, hAgain));
+  EXPECT_EQ(RegistryKey::LocalMachine, hAgain);
+  EXPECT_EQ(161, registry_.OpenKey(base_, "\\One", RegistryReadWrite, hAgain));
+  EXPECT_EQ(0, registry_.OpenKey(RegistryKey::ClassesRoot, "\\", RegistryReadWrite, hAgain));
+  registry_.CloseKey(hAgain);
+  registry_.CloseKey(hKey);
+}
+
+TEST_P(RegistryContract, ValuesKeepTheirBytes) {
+  for (const std::string& sData :
+       Texts{"", "2.1", std::string("2.1\0", 4), std::string("\0a\0\0", 4),
+             "\x80\x81\xE4\xFF\r\n\t\"\\", std::string(255, 'x')})
+    for (const std::uint32_t lType : {1U, 3U}) {
+      EXPECT_EQ(RegistrySuccess, Set(registry_, base_, "Name \"\xE4\\", sData, lType));
+      EXPECT_EQ(sData, Get(registry_, base_, "nAME \"\xC4\\")) << lType;
+    }
+  EXPECT_EQ("<234>", Get(registry_, base_, "Name \"\xE4\\", 254));
+  EXPECT_EQ("<2>", Get(registry_, base_, ""));
+  Set(registry_, base_, "", "unnamed");
+  EXPECT_EQ("unnamed", Get(registry_, base_, ""));
+}
+
+TEST_P(RegistryContract, ReadingDoesNotGiveTheRightToWriteValues) {
+  RegistryKey hKey = RegistryKey::None;
+  EXPECT_EQ(0, registry_.OpenKey(base_, "", ReadOnly, hKey));
+  EXPECT_EQ(RegistryAccessDenied, Set(registry_, hKey, "x", "y"));
+  EXPECT_EQ(RegistryAccessDenied, registry_.DeleteValue(hKey, "x"));
+  registry_.CloseKey(Create(hKey, "Subkey"));
+  EXPECT_EQ(0, registry_.DeleteKey(hKey, "Subkey"));
+  registry_.CloseKey(hKey);
+}
+
+TEST_P(RegistryContract, EnumeratesEachKeyAndValueOnce) {
+  for (const char* sName : {"beta", "Alpha", "GAMMA", "alpha"})
+    registry_.CloseKey(Create(base_, sName));
+  const std::vector<std::string> keys = Keys(base_);
+  EXPECT_EQ((Names{"Alpha", "beta", "GAMMA"}), Names(keys.begin(), keys.end()));
+  std::array<char, 8> name{};
+  std::array<char, 8> data{};
+  EXPECT_EQ(234, registry_.EnumKey(base_, 0, name.data(), 4));
+  EXPECT_EQ(259, registry_.EnumKey(base_, 3, name.data(), 8));
+
+  const auto value = [&](std::uint32_t lIndex, std::uint32_t lName, std::uint32_t lData) {
+    const std::int32_t lResult =
+        registry_.EnumValue(base_, lIndex, name.data(), lName, data.data(), lData);
+    return lResult == 0 ? name.data() + ("=" + std::string(data.data(), lData))
+                        : std::to_string(lResult);
+  };
+  Set(registry_, base_, "b", "b");
+  EXPECT_EQ("b=b", value(0, 2, 1));
+  EXPECT_EQ("234", value(0, 1, 8)) << "the name's buffer lacks the place for its NUL";
+  EXPECT_EQ("234", value(0, 8, 0));
+  for (const char* sName : {"gone", "A", "B"}) Set(registry_, base_, sName, sName);
+  EXPECT_EQ(RegistrySuccess, registry_.DeleteValue(base_, "GONE"));
+  EXPECT_EQ(RegistryNotFound, registry_.DeleteValue(base_, "GONE"));
+  EXPECT_EQ((Names{"b=B", "A=A", "259"}), (Names{value(0, 8, 8), value(1, 8, 8), value(2, 8, 8)}));
+}
+
+TEST_P(RegistryContract, DeletedKeysLeaveTheirHandlesBehind) {
+  const RegistryKey hKey = Create(base_, "Parent\\Child");
+  EXPECT_EQ(RegistryAccessDenied, registry_.DeleteKey(base_, "Parent"));
+  EXPECT_EQ(RegistrySuccess, registry_.DeleteKey(base_, "PARENT\\Child"));
+  EXPECT_EQ(RegistryNotFound, registry_.DeleteKey(base_, "Parent\\Child"));
+  EXPECT_EQ("<1018>", Get(registry_, hKey, "x"));
+  EXPECT_EQ(RegistryKeyDeleted, Set(registry_, hKey, "x", "y"));
+  EXPECT_EQ(RegistrySuccess, registry_.CloseKey(hKey));
+}
+
+TEST_P(RegistryContract, DefaultsEndWithTheirNul) {
+  const RegistryKey hKey = Create(base_, "Key");
+  for (const std::string& sData : Texts{"", "text", std::string("text\0", 5)}) {
+    if (!sData.empty()) Set(registry_, hKey, "", sData);
+    const std::int32_t lNeeded = sData.empty() ? 1 : 5;
+    std::string sBuffer = "??????";
+    std::int32_t lSize = lNeeded;
+    EXPECT_EQ(RegistrySuccess, registry_.QueryDefault(base_, "key", sBuffer.data(), lSize));
+    EXPECT_EQ(lNeeded, lSize);
+    EXPECT_STREQ(sData.c_str(), sBuffer.c_str());
+    lSize = lNeeded - 1;
+    EXPECT_EQ(RegistryMoreData, registry_.QueryDefault(base_, "key", sBuffer.data(), lSize));
+  }
+  registry_.CloseKey(hKey);
+}
+
+TEST(MemoryRegistry, NoKeyIsNoParent) {
+  MemoryRegistry registry;
+  RegistryKey hKey = RegistryKey::None;
+  EXPECT_EQ(RegistryInvalidHandle,
+            registry.OpenKey(RegistryKey::None, "", RegistryReadWrite, hKey));
+  registry.SetText("HKEY_LOCAL_MACHINE\\A", "n", "x");
+  EXPECT_EQ(0, registry.OpenKey(RegistryKey::LocalMachine, "A", RegistryReadWrite, hKey));
+  EXPECT_EQ(0, registry.DeleteKey(RegistryKey::LocalMachine, "A"));
+  EXPECT_EQ(RegistryInvalidHandle,
+            registry.OpenKey(RegistryKey::None, "", RegistryReadWrite, hKey));
+}
+
+}  // namespace
+
+}  // namespace trelin

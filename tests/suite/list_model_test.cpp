@@ -1,0 +1,90 @@
+#include "suite/list_model.h"
+
+#include <stdexcept>
+
+#include "testing/fake_platform.h"
+
+namespace trelin {
+namespace {
+
+class ListModelTest : public ProgramTest {
+ protected:
+  ListModel& Load(int nProducts) {
+    std::string sText = "BLOCK SETUPLIST\n";
+    for (int i = 1; i <= nProducts; ++i) sText += "BLOCK APPLICATION\nEND\n";
+    system.files["C:\\list"] = sText;
+    list.Initialize();
+    list.LoadFromFile("C:\\list");
+    return model.emplace(list);
+  }
+
+  SetupList list;
+  std::optional<ListModel> model;
+};
+
+TEST_F(ListModelTest, RowsAndRangeFollowTheNumberOfProducts) {
+  const struct {
+    int nProducts;
+    std::int16_t nRows;
+    bool bScroll;
+    std::int16_t nMaxTop;
+  } cases[] = {{0, 0, false, 1}, {1, 1, false, 1}, {4, 4, false, 1},
+               {5, 4, true, 2},  {7, 4, true, 4},  {32767, 4, true, 32764}};
+  for (const auto& c : cases) {
+    Load(c.nProducts).Load();
+    EXPECT_EQ(model->nVisibleRows(), c.nRows) << c.nProducts;
+    EXPECT_EQ(model->CanScroll(), c.bScroll) << c.nProducts;
+    EXPECT_EQ(model->MaxTopIndex(), c.nMaxTop) << c.nProducts;
+  }
+  model->ScrollTo(32764);
+  model->Select(3);
+  EXPECT_EQ(list.CurrentIndex(), 32767);
+  EXPECT_EQ(model->LastItem(), 32767);
+  EXPECT_THROW(Load(32768).Load(), std::overflow_error);
+}
+
+TEST_F(ListModelTest, KeysMoveThroughTheListAndScrollIt) {
+  using Step = ListModel::Step;
+  // Top row and selection before and after.
+  const struct {
+    int nProducts;
+    std::int16_t nTop, nCurrent;
+    Step step;
+    std::optional<std::int16_t> nNewTop;
+    std::int16_t nNewCurrent;
+  } cases[] = {
+      {0, 1, 0, Step::Down, std::nullopt, 0},
+      {0, 1, 0, Step::End, std::nullopt, 0},
+      {7, 3, 0, Step::Down, 3, 3},
+      {7, 3, 0, Step::PageUp, 3, 3},
+      {7, 3, 0, Step::Home, 1, 1},
+      {7, 3, 0, Step::End, 4, 7},
+      {7, 1, 2, Step::Up, 1, 1},
+      {7, 1, 1, Step::Up, 1, 1},
+      {7, 2, 2, Step::Up, 1, 1},
+      {7, 1, 4, Step::Down, 2, 5},
+      {7, 4, 7, Step::Down, 4, 7},
+      {7, 4, 1, Step::Down, 2, 2},  // it was scrolled away
+      {7, 1, 7, Step::Up, 3, 6},
+      {7, 1, 1, Step::PageDown, 2, 5},
+      {7, 3, 5, Step::PageDown, 4, 7},
+      {7, 4, 7, Step::PageUp, 3, 3},
+      {7, 2, 3, Step::PageUp, 1, 1},
+      {7, 1, 1, Step::End, 4, 7},
+      {7, 4, 7, Step::Home, 1, 1},
+      {2, 1, 2, Step::Down, 1, 2},
+      {2, 1, 2, Step::PageUp, 1, 1},
+      {32767, 32764, 32767, Step::PageDown, 32764, 32767},
+      {32767, 1, 1, Step::End, 32764, 32767},
+  };
+  for (const auto& c : cases) {
+    if (!model || c.nProducts != list.MenuItems().Count()) Load(c.nProducts).Load();
+    model->ScrollTo(c.nTop);
+    list.SetCurrentIndex(c.nCurrent);
+    EXPECT_EQ(model->Go(c.step), c.nNewTop) << "case " << &c - cases;
+    EXPECT_EQ(list.CurrentIndex(), c.nNewCurrent) << "case " << &c - cases;
+  }
+}
+
+}  // namespace
+}  // namespace trelin
