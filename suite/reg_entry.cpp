@@ -1,7 +1,5 @@
 #include "suite/reg_entry.h"
 
-#include <array>
-
 #include "texts/error.h"
 #include "texts/messages.h"
 #include "texts/string_resources.h"
@@ -13,7 +11,7 @@ namespace {
 // Opens one level or else creates it. lTemplate describes the failure.
 KeyHandle OpenOrCreateLevel(RegistryKey hParent, const std::string& sLevel,
                             std::int32_t lTemplate) {
-  if (KeyHandle key = TryOpenInternal(hParent, sLevel); key.IsOpen()) return key;
+  if (KeyHandle key = TryOpen(hParent, sLevel); key.IsOpen()) return key;
   RegistryKey hKey = RegistryKey::None;
   if (TheRegistry().CreateKey(hParent, sLevel, RegistryReadWrite, hKey) == RegistrySuccess)
     return KeyHandle(hKey);
@@ -22,16 +20,8 @@ KeyHandle OpenOrCreateLevel(RegistryKey hParent, const std::string& sLevel,
 
 }  // namespace
 
-const std::string RegEntry::StandardRoot = "SOFTWARE\\Korvanta";
-
-KeyHandle TryOpenInternal(RegistryKey hParent, const std::string& sPath) {
-  RegistryKey hKey = RegistryKey::None;
-  const std::int32_t lResult = TheRegistry().OpenKey(hParent, sPath, RegistryReadWrite, hKey);
-  return KeyHandle(lResult == RegistrySuccess ? hKey : RegistryKey::None);
-}
-
 KeyHandle OpenInternal(RegistryKey hParent, const std::string& sPath) {
-  KeyHandle key = TryOpenInternal(hParent, sPath);
+  KeyHandle key = TryOpen(hParent, sPath);
   if (!key.IsOpen()) throw Error(5001, "RegEntry.OpenInternal", FormatResourceString(35001, sPath));
   return key;
 }
@@ -55,13 +45,6 @@ void RegEntry::OpenKey(const std::string& sKey) {
   currentKey_ = OpenInternal(RegistryKey::LocalMachine, sCurrentPath_);
 }
 
-bool RegEntry::TryOpenKey(const std::string& sKey) {
-  CloseKey();
-  sCurrentPath_ = FullPath(sKey);
-  currentKey_ = TryOpenInternal(RegistryKey::LocalMachine, sCurrentPath_);
-  return currentKey_.IsOpen();
-}
-
 void RegEntry::CreateKey(const std::string& sKey) {
   CloseKey();
   sCurrentPath_ = FullPath(sKey);
@@ -69,17 +52,11 @@ void RegEntry::CreateKey(const std::string& sKey) {
 }
 
 bool RegEntry::TestKey(const std::string& sKey) const {
-  return TryOpenInternal(RegistryKey::LocalMachine, FullPath(sKey)).IsOpen();
+  return TryOpen(RegistryKey::LocalMachine, FullPath(sKey)).IsOpen();
 }
 
 std::string RegEntry::GetString(const std::string& sName) const {
-  if (!currentKey_.IsOpen()) return "";
-  std::array<char, RegistryBufferBytes + 1> buffer{};
-  std::uint32_t lSize = RegistryBufferBytes;
-  if (TheRegistry().QueryValue(currentKey_.Get(), sName, buffer.data(), lSize) != RegistrySuccess)
-    return "";
-  if (lSize > 0 && buffer[lSize - 1] == '\0') --lSize;
-  return {buffer.data(), lSize};
+  return currentKey_.IsOpen() ? ReadText(currentKey_.Get(), sName) : "";
 }
 
 std::string RegEntry::GetStringInternational(const std::string& sName, std::int32_t lId) const {

@@ -2,11 +2,10 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "suite/registry_key.h"
+#include "shared/registry_key.h"
 
 namespace trelin {
 
@@ -74,10 +73,6 @@ class RegEntry {
   // Opens the key. Throws error 5001, and then no key is open.
   void OpenKey(const std::string& sKey);
 
-  // The same, but returns false for a key that does not open, and asks for no
-  // text from a string library.
-  bool TryOpenKey(const std::string& sKey);
-
   // Whether the key opens. The current key stays as it is. What keeps the registry
   // from being read at all is thrown.
   bool TestKey(const std::string& sKey) const;
@@ -96,7 +91,7 @@ class RegEntry {
 
   // The path below HKEY_LOCAL_MACHINE that key names are relative to. A new
   // one counts from the next call; the current key stays open.
-  const std::string& DefaultRoot() const { return sRoot_ ? *sRoot_ : StandardRoot; }
+  const std::string& DefaultRoot() const { return sRoot_; }
   void SetDefaultRoot(const std::string& s) { sRoot_ = s; }
 
  private:
@@ -105,8 +100,15 @@ class RegEntry {
 
   KeyHandle currentKey_;
   std::string sCurrentPath_;  // of the current key, below the hive
-  static const std::string StandardRoot;
-  std::optional<std::string> sRoot_;  // another one
+  std::string sRoot_ = SuiteRoot;
 };
+
+// What its operations on one key and on whole trees share.
+
+// Opens sPath below hParent for reading and writing. Throws error 5001.
+KeyHandle OpenInternal(RegistryKey hParent, const std::string& sPath);
+
+// The same, but creates every level that is missing. Throws error 5000.
+KeyHandle CreateInternal(RegistryKey hParent, const std::string& sPath);
 
 }  // namespace trelin

@@ -1,5 +1,6 @@
 // RegEntry's operations on whole trees of keys.
 
+#include <array>
 #include <optional>
 #include <set>
 #include <string_view>
@@ -68,7 +69,7 @@ void CopyValues(RegistryKey hDestination, RegistryKey hSource) {
 }
 
 KeyHandle OpenSubkey(RegistryKey hParent, const std::string& sKey) {
-  KeyHandle key = TryOpenInternal(hParent, sKey);
+  KeyHandle key = TryOpen(hParent, sKey);
   if (!key.IsOpen()) throw NotOpened(sKey);
   return key;
 }

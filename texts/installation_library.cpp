@@ -1,14 +1,18 @@
 #include "texts/installation_library.h"
 
 #include "seam/platform.h"
-#include "suite/reg_entry.h"
+#include "shared/registry_key.h"
 
 namespace trelin {
 
+// Not by the registry accessor: that words its failures with texts of the very
+// library which is being looked for.
 LibraryHandle LoadInstallationLibrary(const std::string& sFileName) {
-  RegEntry objReg;
-  if (!objReg.TryOpenKey("Tessaron\\Settings")) return 0;
-  return TheStringLibraries().Load(objReg.GetString("InstallDirectory") + "\\Bin\\" + sFileName);
+  const KeyHandle settings =
+      TryOpen(RegistryKey::LocalMachine, std::string(SuiteRoot) + "\\Tessaron\\Settings");
+  if (!settings.IsOpen()) return 0;
+  const std::string sFolder = ReadText(settings.Get(), "InstallDirectory") + "\\Bin\\";
+  return TheStringLibraries().Load(sFolder + sFileName);
 }
 
 }  // namespace trelin

@@ -6,10 +6,13 @@
 
 #include "seam/platform.h"
 
-// What the registry accessor's operations on one key and on whole trees share.
+// An open key of the registry in use, and what needs no words for its failure.
 namespace trelin {
 
-// The rooms for enumerated names and data: a NUL stands behind 255 bytes.
+// Where the suite's keys lie, below HKEY_LOCAL_MACHINE.
+constexpr const char* SuiteRoot = "SOFTWARE\\Korvanta";
+
+// The rooms for names and data that are read: a NUL stands behind 255 bytes.
 constexpr std::uint32_t RegistryBufferBytes = 255;
 
 // Owns an open key and closes it at the end of its scope.
@@ -35,12 +38,10 @@ class KeyHandle {
 };
 
 // Opens sPath below hParent for reading and writing; no key when that fails.
-KeyHandle TryOpenInternal(RegistryKey hParent, const std::string& sPath);
+KeyHandle TryOpen(RegistryKey hParent, const std::string& sPath);
 
-// The same, but throws error 5001 when it fails.
-KeyHandle OpenInternal(RegistryKey hParent, const std::string& sPath);
-
-// As OpenInternal, but creates every level that is missing. Throws error 5000.
-KeyHandle CreateInternal(RegistryKey hParent, const std::string& sPath);
+// The value's data as a text, whatever its type, without one NUL at its end. Empty
+// when there is no such value, or more than RegistryBufferBytes of data.
+std::string ReadText(RegistryKey hKey, const std::string& sName);
 
 }  // namespace trelin
