@@ -121,11 +121,11 @@ bool frmMainMenu::Initialize() {
 }
 
 void frmMainMenu::Form_Load() {
-  SetCaption(LoadResourceString(35014));
+  SetCaption(LoadResourceString(TextNumber::MenuCaption));
   picList.SetAccessibleName(Caption());
-  cmdSetup.SetCaption(LoadResourceString(35027));
-  cmdReadMe.SetCaption(LoadResourceString(35028));
-  cmdExit.SetCaption(LoadResourceString(35024));
+  cmdSetup.SetCaption(LoadResourceString(TextNumber::SetupButton));
+  cmdReadMe.SetCaption(LoadResourceString(TextNumber::ReadMeButton));
+  cmdExit.SetCaption(LoadResourceString(TextNumber::ExitButton));
   model_->Load();
   for (PictureBox& picBox : picListItem) picBox.SetBorder(BoxBorder::None);
   for (PictureBox& picBox : picIcon) picBox.SetBorder(BoxBorder::None);

@@ -11,7 +11,7 @@ namespace {
 
 bool ShowFailure(const PlatformError& error) {
   TheSystem().ShowMessage(error.what(), MessageIcon::Critical, MessageButtons::Ok,
-                          LoadResourceString(35014));
+                          LoadResourceString(TextNumber::MenuCaption));
   return false;
 }
 
@@ -46,7 +46,7 @@ void frmMainMenu::RunSetup(std::int16_t nIndex) {
   if (!ConfirmSetup(*objItem)) return;
   if (!objItem->CheckDependencies()) {
     TheSystem().ShowMessage(objSetupList->LastError(), MessageIcon::Information, MessageButtons::Ok,
-                            LoadResourceString(35031));
+                            LoadResourceString(TextNumber::UnmetTitle));
     return;
   }
   if (StartInstaller(objItem->InstallFile())) Timer1.SetEnabled(true);
@@ -56,14 +56,14 @@ void frmMainMenu::RunSetup(std::int16_t nIndex) {
 // newer revision.
 bool frmMainMenu::ConfirmSetup(MenuItem& objItem) {
   if (objItem.InstallFile().empty()) {
-    TheSystem().ShowMessage(LoadResourceString(35029), MessageIcon::Critical, MessageButtons::Ok,
-                            LoadResourceString(35014));
+    TheSystem().ShowMessage(LoadResourceString(TextNumber::NoInstaller), MessageIcon::Critical,
+                            MessageButtons::Ok, LoadResourceString(TextNumber::MenuCaption));
     return false;
   }
   return !objItem.NewerVersion() ||
-         TheSystem().ShowMessage(LoadResourceString(35030), MessageIcon::Exclamation,
-                                 MessageButtons::YesNo,
-                                 LoadResourceString(35014)) == MessageAnswer::Yes;
+         TheSystem().ShowMessage(LoadResourceString(TextNumber::InstallOverNewer),
+                                 MessageIcon::Exclamation, MessageButtons::YesNo,
+                                 LoadResourceString(TextNumber::MenuCaption)) == MessageAnswer::Yes;
 }
 
 void frmMainMenu::cmdReadMe_Click() {

@@ -12,7 +12,8 @@ namespace trelin {
 
 namespace {
 
-constexpr std::int32_t LineCountString = 35040;  // line k is string 35040 + k
+// Line k is the text behind it by k.
+constexpr auto LineCountString = static_cast<std::int32_t>(TextNumber::NoticeCount);
 
 // This is the first text that the program asks for, so a missing library shows
 // here: the message has to say so without one.

@@ -105,7 +105,7 @@ class SuiteLibraries : public StringLibraryLoader {
 void OpenStringResources() {
   ResetStringResources();
   InitStringResources(LocaleId);
-  if (GetResourceLibrary(35000) == 0)
+  if (GetResourceLibrary(static_cast<std::int32_t>(TextNumber::Missing)) == 0)
     throw PlatformError("open the string library",
                         InFolder(TheSystem().ProgramFolder(), LibraryName),
                         "it is missing or damaged; it belongs into the folder of trelin-check");

@@ -49,9 +49,10 @@ std::string UnknownKeyHint(BlockKind kind, const std::string& sKey) {
 // In the outer block the launcher says so itself.
 std::string UnknownKeyMessage(BlockKind kind, const std::string& sKey) {
   if (kind == BlockKind::SetupList)
-    return FormatResourceString(35013, LoadResourceString(35014), sKey);
-  return LoadResourceString(35014) + " does not know the entry \"" + sKey + "\" in a block " +
-         NameOf(kind) + ". It beeps and leaves it out.";
+    return FormatResourceString(TextNumber::UnknownKey, LoadResourceString(TextNumber::MenuCaption),
+                                sKey);
+  return LoadResourceString(TextNumber::MenuCaption) + " does not know the entry \"" + sKey +
+         "\" in a block " + NameOf(kind) + ". It beeps and leaves it out.";
 }
 
 // Reports each block that use accepts and in which the key is missing or has

@@ -18,6 +18,7 @@
 #include "shared/read_file.h"
 #include "suite/row_layout.h"
 #include "texts/paths.h"
+#include "texts/text_number.h"
 
 namespace trelin {
 
@@ -25,10 +26,8 @@ namespace {
 
 constexpr std::uint16_t FirstNumber = 35000;
 constexpr std::uint16_t LastNumber = 35999;
-constexpr std::uint16_t NoticeCount = 35040;  // the lines follow it
+constexpr auto NoticeCount = static_cast<std::uint16_t>(TextNumber::NoticeCount);
 constexpr std::size_t LongestText = 1023;
-constexpr std::array<std::uint16_t, 5> States = {35015, 35016, 35017, 35018, 35032};
-constexpr std::array<std::uint16_t, 3> Buttons = {35024, 35027, 35028};
 
 LibraryTexts TextsOf(const PeStringTable& table) {
   LibraryTexts texts;
@@ -143,7 +142,8 @@ class LibraryComparison {
   // The menu tells by the text that a state has changed.
   void CheckStates() {
     std::map<std::u16string, std::uint16_t> numbers;
-    for (const std::uint16_t nNumber : States) {
+    for (const TextNumber state : StateTexts) {
+      const auto nNumber = static_cast<std::uint16_t>(state);
       const auto text = texts_.find(nNumber);
       if (text == texts_.end()) continue;
       const auto [first, bNew] = numbers.emplace(text->second, nNumber);
@@ -158,7 +158,8 @@ class LibraryComparison {
 
   void CheckAccessKeys() {
     std::map<std::string, std::uint16_t> numbers;
-    for (const std::uint16_t nNumber : Buttons) {
+    for (const TextNumber button : ButtonTexts) {
+      const auto nNumber = static_cast<std::uint16_t>(button);
       const auto text = texts_.find(nNumber);
       if (text == texts_.end()) continue;
       const std::string sKey = AccessKeyOf(text->second);

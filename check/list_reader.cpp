@@ -63,12 +63,15 @@ class StructureReader {
       // A line that is no statement at all is reported as such already.
       const Place place = AtEnd() ? list_.lines.Statement(list_.lines.Count()) : Next().place;
       if (!AtEnd() || list_.faults.empty())
-        AddFault(Rule::MustBegin, place, FormatResourceString(35011, place.lLine), "");
+        AddFault(Rule::MustBegin, place, FormatResourceString(TextNumber::NoBeginning, place.lLine),
+                 "");
       while (!AtEnd() && !NextIsBlock()) ++nNext_;
       if (AtEnd()) return false;
     } else if (Next().sWord != Outer) {
       AddFault(Rule::WrongBlock, list_.lines.BlockType(Next().place.lLine),
-               FormatResourceString(35010, "BLOCK", Next().place.lLine, Outer, Next().sWord), "");
+               FormatResourceString(TextNumber::WrongBlock, "BLOCK", Next().place.lLine, Outer,
+                                    Next().sWord),
+               "");
     }
     list_.outer.start = Next().place;
     bOuterStarted_ = MeantType(Next().sWord, Outer) == Outer;
@@ -177,8 +180,9 @@ class StructureReader {
     const std::int32_t lLine = statement.place.lLine;
     const std::string sMessage =
         block.kind == BlockKind::Dependency
-            ? FormatResourceString(35005, lLine, statement.sWord)
-            : FormatResourceString(35010, "BLOCK", lLine, ExpectedIn(block.kind), statement.sWord);
+            ? FormatResourceString(TextNumber::BlockInDependency, lLine, statement.sWord)
+            : FormatResourceString(TextNumber::WrongBlock, "BLOCK", lLine, ExpectedIn(block.kind),
+                                   statement.sWord);
     std::string sHint;
     if (bEndMissing)
       sHint = std::string("The block ") + NameOf(block.kind) + " that begins in line " +
@@ -199,7 +203,7 @@ class StructureReader {
   void ReadAfterEnd() {
     if (!bAfterEndReported_) {
       const std::int32_t lLine = Next().place.lLine;
-      AddFault(Rule::AfterEnd, Next().place, FormatResourceString(35012, lLine),
+      AddFault(Rule::AfterEnd, Next().place, FormatResourceString(TextNumber::AfterTheEnd, lLine),
                "The list ends with the END in line " + std::to_string(lEnd_) +
                    ": there may be one END too many before that line.");
       bAfterEndReported_ = true;

@@ -86,7 +86,8 @@ class StatementReader {
     faults_.push_back({Rule::ByteOrderMark,
                        Severity::Error,
                        {1, 1, static_cast<std::int32_t>(Utf8Mark.size())},
-                       pError != nullptr ? pError->Description() : FormatResourceString(35011, 1),
+                       pError != nullptr ? pError->Description()
+                                         : FormatResourceString(TextNumber::NoBeginning, 1),
                        "The file begins with a UTF-8 byte order mark, which the launcher takes for "
                        "text. Save it in the ANSI code page (Windows-1252)."});
     const std::string sRest = objParser_.ExpandTabs(sLine.substr(Utf8Mark.size()));
@@ -109,7 +110,7 @@ class StatementReader {
     if (objParser_.ParseBlock(sLine)) return Take(BlockParser::TokenStartBlock());
     if (objParser_.ParseEnd(sLine)) return Take(BlockParser::TokenEndBlock());
     if (objParser_.ParseKeyValue(sLine)) return Take(BlockParser::TokenKeyValue());
-    AddFault(Rule::NotUnderstood, FormatResourceString(35008, 1));
+    AddFault(Rule::NotUnderstood, FormatResourceString(TextNumber::LineNotUnderstood, 1));
   }
 
   BlockParser objParser_;

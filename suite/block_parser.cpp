@@ -106,7 +106,8 @@ std::int16_t BlockParser::Classify(std::span<char> line) {
       break;
   }
   if (ReadKeyValue(line)) return TokenKeyValue();
-  throw Error(5000, "BlockParse.GetToken", FormatResourceString(35008, lCurrentLine_));
+  throw Error(5000, "BlockParse.GetToken",
+              FormatResourceString(TextNumber::LineNotUnderstood, lCurrentLine_));
 }
 
 bool BlockParser::ReadBlock(std::span<char> line) {

@@ -18,7 +18,8 @@ void Dependency::LoadFromFile(BlockParser& objParser) {
     if (nToken == BlockParser::TokenKeyValue())
       ProcessKeyValue(objParser.Key(), objParser.Value());
     else if (nToken == BlockParser::TokenStartBlock())
-      throw SetupListError(35005, objParser.CurrentLine(), objParser.BlockType());
+      throw SetupListError(TextNumber::BlockInDependency, objParser.CurrentLine(),
+                           objParser.BlockType());
     else
       return;  // the end of the block or of the file
   }
@@ -38,7 +39,7 @@ void Dependency::ProcessKeyValue(std::string_view sKey, std::string_view sValue)
 bool Dependency::CheckDependency() {
   const auto record = ReadInstallationRecord(sProductCode_, sRevision_);
   if (!record) {
-    sLastError_ = FormatResourceString(35035, sTitle_);
+    sLastError_ = FormatResourceString(TextNumber::NoLog, sTitle_);
     return false;
   }
 
@@ -48,15 +49,15 @@ bool Dependency::CheckDependency() {
     bMet = false;
   };
   if (record->revision == InstalledRevision::None)
-    fail(FormatResourceString(35036, sTitle_));
+    fail(FormatResourceString(TextNumber::NoRevision, sTitle_));
   else if (record->revision == InstalledRevision::Lower)
-    fail(FormatResourceString(35037, sRevision_, sTitle_, record->sRevision));
+    fail(FormatResourceString(TextNumber::RevisionTooLow, sRevision_, sTitle_, record->sRevision));
 
   // A fault of the check file replaces that of the revision.
   if (record->checkFile == CheckFile::NotRecorded)
-    fail(FormatResourceString(35039, sTitle_));
+    fail(FormatResourceString(TextNumber::NoCheckFile, sTitle_));
   else if (record->checkFile == CheckFile::Missing)
-    fail(FormatResourceString(35038, sTitle_));
+    fail(FormatResourceString(TextNumber::CheckFileMissing, sTitle_));
   return bMet;
 }
 

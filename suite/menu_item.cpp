@@ -10,22 +10,20 @@ namespace trelin {
 
 namespace {
 
-constexpr std::int32_t NotInstalledString = 35015;
-
-std::int32_t StatusString(const std::optional<InstallationRecord>& record) {
-  if (!record) return NotInstalledString;
-  if (record->checkFile == CheckFile::Missing) return 35032;
+TextNumber StatusText(const std::optional<InstallationRecord>& record) {
+  if (!record) return TextNumber::NotInstalled;
+  if (record->checkFile == CheckFile::Missing) return TextNumber::Incomplete;
   switch (record->revision) {
     case InstalledRevision::Equal:
-      return 35016;
+      return TextNumber::Installed;
     case InstalledRevision::Lower:
-      return 35017;
+      return TextNumber::OlderInstalled;
     case InstalledRevision::Higher:
-      return 35018;
+      return TextNumber::NewerInstalled;
     case InstalledRevision::None:
       break;
   }
-  return NotInstalledString;
+  return TextNumber::NotInstalled;
 }
 
 }  // namespace
@@ -36,7 +34,7 @@ void MenuItem::Initialize() {
   for (std::string* sField : {&sTitle_, &sImageFile_, &sReadMeFile_, &sInstallFile_, &sDescription_,
                               &sUninstallName_, &sProductCode_, &sRevision_})
     sField->clear();
-  sStatus_ = LoadResourceString(NotInstalledString);
+  sStatus_ = LoadResourceString(TextNumber::NotInstalled);
   bNewerVersion_ = false;
   bUpdated_ = false;
 }
@@ -82,7 +80,7 @@ void MenuItem::CheckInstallation() {
   std::optional<InstallationRecord> record;
   if (!sProductCode_.empty()) record = ReadInstallationRecord(sProductCode_, sRevision_);
 
-  std::string sStatus = LoadResourceString(StatusString(record));
+  std::string sStatus = LoadResourceString(StatusText(record));
   if (record && record->revision == InstalledRevision::Higher) bNewerVersion_ = true;
   bUpdated_ = sStatus != sStatus_;
   sStatus_ = std::move(sStatus);

@@ -9,8 +9,7 @@ namespace trelin {
 namespace {
 
 // Opens one level or else creates it. lTemplate describes the failure.
-KeyHandle OpenOrCreateLevel(RegistryKey hParent, const std::string& sLevel,
-                            std::int32_t lTemplate) {
+KeyHandle OpenOrCreateLevel(RegistryKey hParent, const std::string& sLevel, TextNumber lTemplate) {
   if (KeyHandle key = TryOpen(hParent, sLevel); key.IsOpen()) return key;
   RegistryKey hKey = RegistryKey::None;
   if (TheRegistry().CreateKey(hParent, sLevel, RegistryReadWrite, hKey) == RegistrySuccess)
@@ -22,14 +21,18 @@ KeyHandle OpenOrCreateLevel(RegistryKey hParent, const std::string& sLevel,
 
 KeyHandle OpenInternal(RegistryKey hParent, const std::string& sPath) {
   KeyHandle key = TryOpen(hParent, sPath);
-  if (!key.IsOpen()) throw Error(5001, "RegEntry.OpenInternal", FormatResourceString(35001, sPath));
+  if (!key.IsOpen())
+    throw Error(5001, "RegEntry.OpenInternal",
+                FormatResourceString(TextNumber::KeyNotOpened, sPath));
   return key;
 }
 
 KeyHandle CreateInternal(RegistryKey hParent, const std::string& sPath) {
   const std::size_t nBackslash = sPath.find('\\');
-  if (nBackslash == std::string::npos) return OpenOrCreateLevel(hParent, sPath, 35001);
-  const KeyHandle level = OpenOrCreateLevel(hParent, sPath.substr(0, nBackslash), 35002);
+  if (nBackslash == std::string::npos)
+    return OpenOrCreateLevel(hParent, sPath, TextNumber::KeyNotOpened);
+  const KeyHandle level =
+      OpenOrCreateLevel(hParent, sPath.substr(0, nBackslash), TextNumber::KeyNotCreated);
   return CreateInternal(level.Get(), sPath.substr(nBackslash + 1));
 }
 
@@ -76,7 +79,8 @@ void RegEntry::SetString(const std::string& sName, const std::string& sValue) {
   const auto lSize = static_cast<std::uint32_t>(sValue.size());
   if (TheRegistry().SetValue(currentKey_.Get(), sName, RegistryTypeText, sValue.data(), lSize) !=
       RegistrySuccess)
-    throw Error(5002, "RegEntry.SetValue", FormatResourceString(35003, sName));
+    throw Error(5002, "RegEntry.SetValue",
+                FormatResourceString(TextNumber::ValueNotWritten, sName));
 }
 
 void RegEntry::SetBoolean(const std::string& sName, bool bValue) {

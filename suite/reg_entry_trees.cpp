@@ -19,11 +19,11 @@ using Buffer = std::array<char, RegistryBufferBytes + 1>;
 constexpr const char* ErrorSource = "RegEntry.CopyInternal";  // also of deletions
 
 Error NotOpened(const std::string& sKey) {
-  return {5001, ErrorSource, FormatResourceString(35001, sKey)};
+  return {5001, ErrorSource, FormatResourceString(TextNumber::KeyNotOpened, sKey)};
 }
 
 Error NotCreated(const std::string& sKey) {
-  return {5000, ErrorSource, FormatResourceString(35002, sKey)};
+  return {5000, ErrorSource, FormatResourceString(TextNumber::KeyNotCreated, sKey)};
 }
 
 // Enumerates a subkey into a buffer of NULs.

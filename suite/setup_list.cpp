@@ -25,11 +25,11 @@ void SetupList::LoadFromFile(const std::string& sFile) {
     BlockParser objParser;
     objParser.OpenFile(sFile, false);
     if (objParser.GetToken() != BlockParser::TokenStartBlock())
-      throw SetupListError(35011, objParser.CurrentLine());
+      throw SetupListError(TextNumber::NoBeginning, objParser.CurrentLine());
     ExpectBlockType(objParser, "SETUPLIST");
     ReadSetupList(objParser);
     if (objParser.GetToken() != BlockParser::TokenEndFile())
-      throw SetupListError(35012, objParser.CurrentLine());
+      throw SetupListError(TextNumber::AfterTheEnd, objParser.CurrentLine());
   }
   CheckInstallations();
 }
@@ -55,8 +55,10 @@ void SetupList::ProcessKeyValue(std::string_view sKey, std::string_view sValue) 
   if (sKey == "TITLE")
     sTitle_ = std::string(sValue);
   else
-    TheSystem().ShowMessage(FormatResourceString(35013, LoadResourceString(35014), sKey),
-                            MessageIcon::None, MessageButtons::Ok, LoadResourceString(35009));
+    TheSystem().ShowMessage(FormatResourceString(TextNumber::UnknownKey,
+                                                 LoadResourceString(TextNumber::MenuCaption), sKey),
+                            MessageIcon::None, MessageButtons::Ok,
+                            LoadResourceString(TextNumber::SetupListTitle));
 }
 
 void SetupList::CheckInstallations() {

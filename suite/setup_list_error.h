@@ -10,17 +10,19 @@
 namespace trelin {
 
 // A fault in the setup list file: error 5001, whose source is the text of
-// string 35009 and whose description is the template lId, filled.
+// SetupListTitle and whose description is the text number, filled.
 template <class... Values>
-Error SetupListError(std::int32_t lId, const Values&... values) {
-  return {5001, LoadResourceString(35009), FormatResourceString(lId, values...)};
+Error SetupListError(TextNumber number, const Values&... values) {
+  return {5001, LoadResourceString(TextNumber::SetupListTitle),
+          FormatResourceString(number, values...)};
 }
 
 // Throws that error unless the block that objParser has just started is of
 // the type sExpected.
 inline void ExpectBlockType(const BlockParser& objParser, const char* sExpected) {
   if (objParser.BlockType() != sExpected)
-    throw SetupListError(35010, "BLOCK", objParser.CurrentLine(), sExpected, objParser.BlockType());
+    throw SetupListError(TextNumber::WrongBlock, "BLOCK", objParser.CurrentLine(), sExpected,
+                         objParser.BlockType());
 }
 
 }  // namespace trelin

@@ -7,7 +7,7 @@
 
 #include "seam/platform.h"
 #include "texts/installation_library.h"
-#include "texts/messages.h"
+#include "texts/message_template.h"
 #include "texts/numbers.h"
 #include "texts/paths.h"
 
@@ -129,7 +129,8 @@ std::string LoadResourceString(std::int32_t lId) {
 
   // A missing template would ask for itself without end.
   const std::int32_t lTemplate = ResourceBlockBase(lId);
-  return lId == lTemplate ? TemplateMissingText : FormatResourceString(lTemplate, lId);
+  if (lId == lTemplate) return TemplateMissingText;
+  return SubstituteArguments(LoadResourceString(lTemplate), {lId});
 }
 
 }  // namespace trelin

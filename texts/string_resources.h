@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "seam/string_library.h"
+#include "texts/text_number.h"
 
 // Every text that the user sees has a string number and lies in a string
 // library: blocks of 1000 numbers, one library file a block and language,
@@ -57,5 +58,8 @@ std::int16_t LastLibraryIndex();
 // lookups are disabled. Throws when there is no memory or when the registry,
 // which is asked for a library until one is found, cannot be read.
 std::string LoadResourceString(std::int32_t lId);
+inline std::string LoadResourceString(TextNumber number) {
+  return LoadResourceString(static_cast<std::int32_t>(number));
+}
 
 }  // namespace trelin

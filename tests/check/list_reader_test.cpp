@@ -117,15 +117,16 @@ TEST_F(ListReader, TheWordsAreTheLaunchersOwn) {
     const char* pText;
     std::string sMessage;
   } cases[] = {
-      {"BLOCK SETUPLIST\n\nx\n", FormatResourceString(35008, 3)},
-      {"TITLE = x\n", FormatResourceString(35011, 1)},
-      {"BLOCK x\n", FormatResourceString(35010, "BLOCK", 1, "SETUPLIST", "X")},
-      {"BLOCK SETUPLIST\nBLOCK y\n", FormatResourceString(35010, "BLOCK", 2, "APPLICATION", "Y")},
+      {"BLOCK SETUPLIST\n\nx\n", FormatResourceString(TextNumber::LineNotUnderstood, 3)},
+      {"TITLE = x\n", FormatResourceString(TextNumber::NoBeginning, 1)},
+      {"BLOCK x\n", FormatResourceString(TextNumber::WrongBlock, "BLOCK", 1, "SETUPLIST", "X")},
+      {"BLOCK SETUPLIST\nBLOCK y\n",
+       FormatResourceString(TextNumber::WrongBlock, "BLOCK", 2, "APPLICATION", "Y")},
       {"BLOCK SETUPLIST\nBLOCK APPLICATION\nBLOCK Z\n",
-       FormatResourceString(35010, "BLOCK", 3, "DEPENDENCY", "Z")},
+       FormatResourceString(TextNumber::WrongBlock, "BLOCK", 3, "DEPENDENCY", "Z")},
       {"BLOCK SETUPLIST\nBLOCK APPLICATION\nBLOCK DEPENDENCY\nBLOCK\n",
-       FormatResourceString(35005, 4, "")},
-      {"BLOCK SETUPLIST\nEND\nBLOCK x\n", FormatResourceString(35012, 3)},
+       FormatResourceString(TextNumber::BlockInDependency, 4, "")},
+      {"BLOCK SETUPLIST\nEND\nBLOCK x\n", FormatResourceString(TextNumber::AfterTheEnd, 3)},
   };
   for (const auto& c : cases) EXPECT_EQ(Read(c.pText).list.faults.at(0).sMessage, c.sMessage);
 }

@@ -59,8 +59,10 @@ TEST(Messages, TextsBeyond16BitsOverflowAndKeepTheirPlaceholders) {
 }
 
 TEST_F(ProgramTest, AMessageIsEmptyBeforeLookupsAreEnabledAndFilledAfterwards) {
-  EXPECT_EQ(FormatResourceString(35037, "2.0", "Runtime", "1.0"), "35037(2.0|Runtime|1.0)");
-  EXPECT_EQ(FormatResourceString(35100, "x"), "35000(35100)") << "the template of a missing string";
+  EXPECT_EQ(FormatResourceString(TextNumber::RevisionTooLow, "2.0", "Runtime", "1.0"),
+            "35037(2.0|Runtime|1.0)");
+  EXPECT_EQ(FormatResourceString(35100, {"x"}), "35000(35100)")
+      << "the template of a missing string";
 }
 
 TEST(Numbers, AreReadAndFitOrRaise) {
