@@ -76,8 +76,8 @@ Held ReadModel(const std::string& sFile) {
   BlockParser objParser;
   objParser.OpenFile(ProgramPath(sFile), false);
   objParser.GetToken();
-  for (std::int16_t nToken = 0; (nToken = objParser.GetToken()) != BlockParser::TokenEndBlock();)
-    if (nToken == BlockParser::TokenStartBlock()) items->AddFromFile(objParser);
+  ReadBlock(
+      objParser, [](const auto&, const auto&) {}, [&] { items->AddFromFile(objParser); });
   Require(items->Count() > 0, "products are missing");
   return items;
 }

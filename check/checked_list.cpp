@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "suite/setup_list.h"
+
 namespace trelin {
 
 namespace {
@@ -41,21 +43,27 @@ const char* NameOf(BlockKind kind) {
   return "DEPENDENCY";
 }
 
-const std::vector<const char*>& KeysOf(BlockKind kind) {
-  static const std::vector<const char*> ofSetupList = {"TITLE"};
-  static const std::vector<const char*> ofApplication = {
-      "PRODUCT", "PRODUCTCODE",   "REVISION",    "DESCRIPTION",
-      "IMAGE",   "UNINSTALLNAME", "INSTALLFILE", "READMEFILE"};
-  static const std::vector<const char*> ofDependency = {"PRODUCTCODE", "REVISION", "TITLE"};
+namespace {
+
+template <class Keys>
+std::vector<const char*> NamesOf(const Keys& keys) {
+  std::vector<const char*> names;
+  for (const auto& key : keys) names.push_back(key.pKey);
+  return names;
+}
+
+}  // namespace
+
+std::vector<const char*> KeysOf(BlockKind kind) {
   switch (kind) {
     case BlockKind::SetupList:
-      return ofSetupList;
+      return NamesOf(SetupList::Keys);
     case BlockKind::Application:
-      return ofApplication;
+      return NamesOf(MenuItem::Keys);
     case BlockKind::Dependency:
       break;
   }
-  return ofDependency;
+  return NamesOf(Dependency::Keys);
 }
 
 std::vector<const ListBlock*> CheckedList::Products() const {

@@ -37,8 +37,8 @@ struct ListBlock {
   Place PlaceOf(std::string_view sKey) const;
 };
 
-const char* NameOf(BlockKind kind);                      // "APPLICATION"
-const std::vector<const char*>& KeysOf(BlockKind kind);  // those that the launcher knows
+const char* NameOf(BlockKind kind);               // "APPLICATION"
+std::vector<const char*> KeysOf(BlockKind kind);  // those that the launcher knows
 
 // A setup list with the places of everything in it, and what was wrong in its
 // format. What can be read is there also behind a fault.

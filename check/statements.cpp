@@ -36,9 +36,9 @@ class StatementReader {
   // False at the end of the file.
   bool ReadOne() {
     try {
-      const std::int16_t nToken = objParser_.GetToken();
-      if (nToken == BlockParser::TokenEndFile()) return false;
-      if (!TakeMark()) Take(nToken);
+      const BlockParser::Token token = objParser_.GetToken();
+      if (token == BlockParser::TokenEndFile()) return false;
+      if (!TakeMark()) Take(token);
     } catch (const Error& error) {
       if (!TakeMark(&error)) TakeMeant(error.Description());
     } catch (const std::overflow_error& error) {
@@ -64,13 +64,13 @@ class StatementReader {
     faults_.push_back({rule, Severity::Error, lines_.Statement(Line()), sMessage, sHint});
   }
 
-  void Take(std::int16_t nToken) {
+  void Take(BlockParser::Token token) {
     Statement statement;
     statement.place = lines_.Statement(Line());
-    if (nToken == BlockParser::TokenStartBlock()) {
+    if (token == BlockParser::TokenStartBlock()) {
       statement.kind = Statement::Kind::BlockStart;
       statement.sWord = objParser_.BlockType();
-    } else if (nToken == BlockParser::TokenKeyValue()) {
+    } else if (token == BlockParser::TokenKeyValue()) {
       statement.kind = Statement::Kind::Entry;
       statement.sWord = objParser_.Key();
       statement.sValue = objParser_.Value();

@@ -49,11 +49,11 @@ void SetProperty(Product& product, std::string_view sKey, std::string_view sValu
 Product ReadProduct(BlockParser& parser) {
   Product product;
   for (int nDepth = 1; nDepth > 0;) {
-    const std::int16_t nToken = parser.GetToken();
-    if (nToken == BlockParser::TokenEndFile()) break;
-    if (nToken == BlockParser::TokenStartBlock()) ++nDepth;
-    if (nToken == BlockParser::TokenEndBlock()) --nDepth;
-    if (nToken == BlockParser::TokenKeyValue() && nDepth == 1)
+    const BlockParser::Token token = parser.GetToken();
+    if (token == BlockParser::TokenEndFile()) break;
+    if (token == BlockParser::TokenStartBlock()) ++nDepth;
+    if (token == BlockParser::TokenEndBlock()) --nDepth;
+    if (token == BlockParser::TokenKeyValue() && nDepth == 1)
       SetProperty(product, parser.Key(), parser.Value());
   }
   return product;
@@ -66,11 +66,11 @@ Product FindOwnProduct() {
   BlockParser parser;
   parser.OpenFile(sList, false);
   for (;;) {
-    const std::int16_t nToken = parser.GetToken();
-    if (nToken == BlockParser::TokenEndFile())
+    const BlockParser::Token token = parser.GetToken();
+    if (token == BlockParser::TokenEndFile())
       throw std::runtime_error("There is no product in \"" + sList +
                                "\" whose installer is named \"" + sName + "\".");
-    if (nToken != BlockParser::TokenStartBlock() || parser.BlockType() != "APPLICATION") continue;
+    if (token != BlockParser::TokenStartBlock() || parser.BlockType() != "APPLICATION") continue;
     const Product product = ReadProduct(parser);
     if (UpperCase(product.InstallFile) == UpperCase(sName)) return product;
   }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -31,18 +30,17 @@ class BlockParser {
   BlockParser(const BlockParser&) = delete;
   BlockParser& operator=(const BlockParser&) = delete;
 
-  // The tokens.
-  static constexpr std::int16_t TokenStartBlock() { return 0; }
-  static constexpr std::int16_t TokenEndBlock() { return 1; }
-  static constexpr std::int16_t TokenKeyValue() { return 2; }
-  static constexpr std::int16_t TokenEndFile() { return 3; }
+  enum class Token : std::int16_t { StartBlock, EndBlock, KeyValue, EndFile };
+  static constexpr Token TokenStartBlock() { return Token::StartBlock; }
+  static constexpr Token TokenEndBlock() { return Token::EndBlock; }
+  static constexpr Token TokenKeyValue() { return Token::KeyValue; }
+  static constexpr Token TokenEndFile() { return Token::EndFile; }
 
-  // Of the last key line; of the last block start (also after its END). The
-  // texts lie in the parser, whose next call may move them.
-  std::string_view Key() const { return Key_.sText; }
-  std::string_view Value() const { return Value_.sText; }
-  std::string_view BlockName() const { return BlockName_.sText; }
-  std::string_view BlockType() const { return BlockType_.sText; }
+  // Of the last key line; of the last block start (also after its END).
+  const std::string& Key() const { return sKey_; }
+  const std::string& Value() const { return sValue_; }
+  const std::string& BlockName() const { return sBlockName_; }
+  const std::string& BlockType() const { return sBlockType_; }
 
   // Opens the file, closing one that is open. Writing is not implemented:
   // error 5000, and nothing changes. Throws PlatformError when the file does
@@ -55,13 +53,13 @@ class BlockParser {
   // Reads on to the next token. At the end of the file, and ever after,
   // TokenEndFile. Throws error 5000 for a line that is none of the kinds;
   // the next call goes on behind it.
-  std::int16_t GetToken();
+  Token GetToken();
 
   // Whether sLine, with its tabs expanded and trimmed, is of that kind; if so,
   // they set the properties of the kind.
-  bool ParseBlock(const std::string& sLine);
-  bool ParseEnd(const std::string& sLine) const;
-  bool ParseKeyValue(const std::string& sLine);
+  bool ParseBlock(std::string_view sLine);
+  bool ParseEnd(std::string_view sLine) const;
+  bool ParseKeyValue(std::string_view sLine);
 
   // sSource with each tab replaced by one space.
   std::string ExpandTabs(const std::string& sSource) const;
@@ -71,29 +69,27 @@ class BlockParser {
   std::int32_t CurrentLine() const { return lCurrentLine_; }
 
  private:
-  // A property. It lies in the line that it was read from, which saves copying
-  // most of them, until that line has to give way.
-  struct Property {
-    std::string_view sText;
-    std::string sKept;
-
-    void Keep() { sText = sKept = sText; }
-  };
-
-  void KeepProperties();
-  std::span<char> OwnLine(const std::string& sLine);
-  void ExpandTabsOf(std::span<char> line) const;
-  std::int16_t Classify(std::span<char> line);
-  bool ReadBlock(std::span<char> line);
-  bool ReadKeyValue(std::span<char> line);
+  Token Classify(std::string_view sLine);
 
   LineReader lines_;
   std::int32_t lCurrentLine_ = 0;
-  Property Key_;
-  Property Value_;
-  Property BlockType_;
-  Property BlockName_;
-  std::string sOwnLine_;  // that a caller gave
+  std::string sKey_, sValue_;
+  std::string sBlockType_, sBlockName_;
 };
+
+// Reads the block that objParser has just started, up to its END or that of the
+// file: onKey takes each key and value, onBlock the start of each block in it.
+template <class OnKey, class OnBlock>
+void ReadBlock(BlockParser& objParser, const OnKey& onKey, const OnBlock& onBlock) {
+  for (;;) {
+    const BlockParser::Token token = objParser.GetToken();
+    if (token == BlockParser::TokenKeyValue())
+      onKey(objParser.Key(), objParser.Value());
+    else if (token == BlockParser::TokenStartBlock())
+      onBlock();
+    else
+      return;
+  }
+}
 
 }  // namespace trelin

@@ -6,34 +6,28 @@
 
 namespace trelin {
 
+constexpr std::array<BlockKey<Dependency>, 3> Dependency::Keys = {{
+    {"PRODUCTCODE", &Dependency::sProductCode_},
+    {"REVISION", &Dependency::sRevision_},
+    {"TITLE", &Dependency::sTitle_},
+}};
+
 void Dependency::Initialize() {
-  sProductCode_.clear();
-  sRevision_.clear();
-  sTitle_.clear();
+  for (const auto& key : Keys) (this->*key.pMember).clear();
 }
 
 void Dependency::LoadFromFile(BlockParser& objParser) {
-  for (;;) {
-    const std::int16_t nToken = objParser.GetToken();
-    if (nToken == BlockParser::TokenKeyValue())
-      ProcessKeyValue(objParser.Key(), objParser.Value());
-    else if (nToken == BlockParser::TokenStartBlock())
-      throw SetupListError(TextNumber::BlockInDependency, objParser.CurrentLine(),
-                           objParser.BlockType());
-    else
-      return;  // the end of the block or of the file
-  }
+  ReadBlock(
+      objParser,
+      [this](const std::string& sKey, const std::string& sValue) { ProcessKeyValue(sKey, sValue); },
+      [&] {
+        throw SetupListError(TextNumber::BlockInDependency, objParser.CurrentLine(),
+                             objParser.BlockType());
+      });
 }
 
-void Dependency::ProcessKeyValue(std::string_view sKey, std::string_view sValue) {
-  if (sKey == "PRODUCTCODE")
-    sProductCode_ = std::string(sValue);
-  else if (sKey == "REVISION")
-    sRevision_ = std::string(sValue);
-  else if (sKey == "TITLE")
-    sTitle_ = std::string(sValue);
-  else
-    TheSystem().Beep();
+void Dependency::ProcessKeyValue(const std::string& sKey, const std::string& sValue) {
+  if (!SetByKey(*this, Keys, sKey, sValue)) TheSystem().Beep();
 }
 
 bool Dependency::CheckDependency() {

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <array>
 #include <string>
-#include <string_view>
 
+#include "suite/block_keys.h"
 #include "suite/block_parser.h"
 
 namespace trelin {
@@ -31,8 +32,10 @@ class Dependency {
   const std::string& LastError() const { return sLastError_; }
   void ClearError() { sLastError_.clear(); }
 
+  static const std::array<BlockKey<Dependency>, 3> Keys;
+
  private:
-  void ProcessKeyValue(std::string_view sKey, std::string_view sValue);
+  void ProcessKeyValue(const std::string& sKey, const std::string& sValue);
 
   std::string sProductCode_;
   std::string sRevision_;

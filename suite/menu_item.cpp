@@ -28,12 +28,21 @@ TextNumber StatusText(const std::optional<InstallationRecord>& record) {
 
 }  // namespace
 
+constexpr std::array<BlockKey<MenuItem>, 8> MenuItem::Keys = {{
+    {"PRODUCT", &MenuItem::sTitle_},
+    {"PRODUCTCODE", &MenuItem::sProductCode_},
+    {"REVISION", &MenuItem::sRevision_},
+    {"DESCRIPTION", &MenuItem::sDescription_},
+    {"IMAGE", &MenuItem::sImageFile_},
+    {"UNINSTALLNAME", &MenuItem::sUninstallName_},
+    {"INSTALLFILE", &MenuItem::sInstallFile_},
+    {"READMEFILE", &MenuItem::sReadMeFile_},
+}};
+
 void MenuItem::Initialize() {
   objDependencies_ = DependencyCollection();
   objDependencies_.Initialize();
-  for (std::string* sField : {&sTitle_, &sImageFile_, &sReadMeFile_, &sInstallFile_, &sDescription_,
-                              &sUninstallName_, &sProductCode_, &sRevision_})
-    sField->clear();
+  for (const auto& key : Keys) (this->*key.pMember).clear();
   sStatus_ = LoadResourceString(TextNumber::NotInstalled);
   bNewerVersion_ = false;
   bUpdated_ = false;
@@ -42,38 +51,17 @@ void MenuItem::Initialize() {
 void MenuItem::Terminate() { objDependencies_.Terminate(); }
 
 void MenuItem::LoadFromFile(BlockParser& objParser) {
-  for (;;) {
-    const std::int16_t nToken = objParser.GetToken();
-    if (nToken == BlockParser::TokenKeyValue()) {
-      ProcessKeyValue(objParser.Key(), objParser.Value());
-    } else if (nToken == BlockParser::TokenStartBlock()) {
-      ExpectBlockType(objParser, "DEPENDENCY");
-      objDependencies_.AddFromFile(objParser);
-    } else {
-      return;  // the end of the block or of the file
-    }
-  }
+  ReadBlock(
+      objParser,
+      [this](const std::string& sKey, const std::string& sValue) { ProcessKeyValue(sKey, sValue); },
+      [&] {
+        ExpectBlockType(objParser, "DEPENDENCY");
+        objDependencies_.AddFromFile(objParser);
+      });
 }
 
-void MenuItem::ProcessKeyValue(std::string_view sKey, std::string_view sValue) {
-  if (sKey == "PRODUCT")
-    sTitle_ = std::string(sValue);
-  else if (sKey == "PRODUCTCODE")
-    sProductCode_ = std::string(sValue);
-  else if (sKey == "REVISION")
-    sRevision_ = std::string(sValue);
-  else if (sKey == "DESCRIPTION")
-    sDescription_ = std::string(sValue);
-  else if (sKey == "IMAGE")
-    sImageFile_ = std::string(sValue);
-  else if (sKey == "UNINSTALLNAME")
-    sUninstallName_ = std::string(sValue);
-  else if (sKey == "INSTALLFILE")
-    sInstallFile_ = std::string(sValue);
-  else if (sKey == "READMEFILE")
-    sReadMeFile_ = std::string(sValue);
-  else
-    TheSystem().Beep();
+void MenuItem::ProcessKeyValue(const std::string& sKey, const std::string& sValue) {
+  if (!SetByKey(*this, Keys, sKey, sValue)) TheSystem().Beep();
 }
 
 void MenuItem::CheckInstallation() {

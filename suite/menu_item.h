@@ -1,8 +1,9 @@
 #pragma once
 
+#include <array>
 #include <string>
-#include <string_view>
 
+#include "suite/block_keys.h"
 #include "suite/dependency.h"
 #include "suite/item_collection.h"
 
@@ -61,16 +62,16 @@ class MenuItem {
   // Whether the last check changed the status.
   bool Updated() const { return bUpdated_; }
 
- private:
-  void ProcessKeyValue(std::string_view sKey, std::string_view sValue);
+  static const std::array<BlockKey<MenuItem>, 8> Keys;
 
-  // What a check uses stands together.
+ private:
+  void ProcessKeyValue(const std::string& sKey, const std::string& sValue);
+
   std::string sProductCode_;
   std::string sRevision_;
   std::string sStatus_;
   bool bNewerVersion_ = false;
   bool bUpdated_ = false;
-
   std::string sTitle_;
   std::string sDescription_;
   std::string sImageFile_;

@@ -5,6 +5,8 @@
 
 namespace trelin {
 
+constexpr std::array<BlockKey<SetupList>, 1> SetupList::Keys = {{{"TITLE", &SetupList::sTitle_}}};
+
 bool SetupList::Initialize() {
   MenuItems_ = std::make_unique<MenuItemCollection>();
   MenuItems_->Initialize();
@@ -27,34 +29,23 @@ void SetupList::LoadFromFile(const std::string& sFile) {
     if (objParser.GetToken() != BlockParser::TokenStartBlock())
       throw SetupListError(TextNumber::NoBeginning, objParser.CurrentLine());
     ExpectBlockType(objParser, "SETUPLIST");
-    ReadSetupList(objParser);
+    ReadBlock(
+        objParser,
+        [this](const std::string& sKey, const std::string& sValue) {
+          ProcessKeyValue(sKey, sValue);
+        },
+        [&] {
+          ExpectBlockType(objParser, "APPLICATION");
+          MenuItems_->AddFromFile(objParser);
+        });
     if (objParser.GetToken() != BlockParser::TokenEndFile())
       throw SetupListError(TextNumber::AfterTheEnd, objParser.CurrentLine());
   }
   CheckInstallations();
 }
 
-void SetupList::ReadSetupList(BlockParser& objParser) {
-  for (;;) {
-    const std::int16_t nToken = objParser.GetToken();
-    if (nToken == BlockParser::TokenKeyValue())
-      ProcessKeyValue(objParser.Key(), objParser.Value());
-    else if (nToken == BlockParser::TokenStartBlock())
-      ReadApplication(objParser);
-    else
-      return;  // the end of the block or of the file
-  }
-}
-
-void SetupList::ReadApplication(BlockParser& objParser) {
-  ExpectBlockType(objParser, "APPLICATION");
-  MenuItems_->AddFromFile(objParser);
-}
-
-void SetupList::ProcessKeyValue(std::string_view sKey, std::string_view sValue) {
-  if (sKey == "TITLE")
-    sTitle_ = std::string(sValue);
-  else
+void SetupList::ProcessKeyValue(const std::string& sKey, const std::string& sValue) {
+  if (!SetByKey(*this, Keys, sKey, sValue))
     TheSystem().ShowMessage(FormatResourceString(TextNumber::UnknownKey,
                                                  LoadResourceString(TextNumber::MenuCaption), sKey),
                             MessageIcon::None, MessageButtons::Ok,

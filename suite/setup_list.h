@@ -1,10 +1,11 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <string_view>
 
+#include "suite/block_keys.h"
 #include "suite/item_collection.h"
 #include "suite/menu_item.h"
 
@@ -63,10 +64,10 @@ class SetupList {
   // The selected product. Throws std::out_of_range while there is none.
   std::shared_ptr<MenuItem> ActiveItem() const { return MenuItems_->Item(nCurrentIndex_); }
 
+  static const std::array<BlockKey<SetupList>, 1> Keys;
+
  private:
-  void ReadSetupList(BlockParser& objParser);
-  void ReadApplication(BlockParser& objParser);
-  void ProcessKeyValue(std::string_view sKey, std::string_view sValue);
+  void ProcessKeyValue(const std::string& sKey, const std::string& sValue);
 
   std::unique_ptr<MenuItemCollection> MenuItems_;
   std::string sTitle_;

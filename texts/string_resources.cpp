@@ -30,20 +30,6 @@ std::string LanguageCode;
 bool bEnabled = false;
 std::vector<ResourceLibrary> Libraries;
 
-// The last entry of the cache, taken back unless it gets a library.
-class Reservation {
- public:
-  explicit Reservation(const std::string& sFileName) {
-    ToInt16(static_cast<std::int64_t>(Libraries.size()), "The number of string libraries");
-    Libraries.push_back({0, sFileName});
-  }
-  ~Reservation() {
-    if (Libraries.back().Handle == 0) Libraries.pop_back();
-  }
-  Reservation(const Reservation&) = delete;
-  Reservation& operator=(const Reservation&) = delete;
-};
-
 // The block base with at least five digits: 0 gives "00000".
 std::string FiveDigits(std::int32_t lBase) {
   std::string sDigits = std::to_string(lBase < 0 ? -static_cast<std::int64_t>(lBase) : lBase);
@@ -94,8 +80,10 @@ LibraryHandle GetResourceLibrary(std::int32_t lId) {
   const std::string sFileName = LibraryFileName(lId);
   if (const LibraryHandle hCached = FindLoadedLibrary(sFileName); hCached != 0) return hCached;
 
-  const Reservation reservation(sFileName);
-  return Libraries.back().Handle = LoadLibraryFile(sFileName);
+  Libraries.reserve(Libraries.size() + 1);  // so that one which is loaded is kept
+  const LibraryHandle hLibrary = LoadLibraryFile(sFileName);
+  if (hLibrary != 0) Libraries.push_back({hLibrary, sFileName});
+  return hLibrary;
 }
 
 LibraryHandle FindLoadedLibrary(const std::string& sFileName) {

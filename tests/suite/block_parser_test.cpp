@@ -23,11 +23,11 @@ class BlockParserTest : public ProgramTest {
   // the error's number and description.
   std::string NextToken() {
     try {
-      const std::int16_t nToken = parser.GetToken();
-      if (nToken == BlockParser::TokenStartBlock())
+      const BlockParser::Token token = parser.GetToken();
+      if (token == BlockParser::TokenStartBlock())
         return "block " + Joined(parser.BlockType(), '|', parser.BlockName());
-      if (nToken == BlockParser::TokenKeyValue()) return Joined(parser.Key(), '=', parser.Value());
-      return nToken == BlockParser::TokenEndBlock() ? "end" : "eof";
+      if (token == BlockParser::TokenKeyValue()) return Joined(parser.Key(), '=', parser.Value());
+      return token == BlockParser::TokenEndBlock() ? "end" : "eof";
     } catch (const Error& error) {
       return std::to_string(error.Number()) + " " + error.Source() + " " + error.Description();
     } catch (const std::overflow_error&) {

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string>
+
+namespace trelin {
+
+// A key of a block of the setup list, in upper case, and what it sets.
+template <class Item>
+struct BlockKey {
+  const char* pKey;
+  std::string Item::*pMember;
+};
+
+// False, and nothing is set, when sKey is not among the keys of the item's block.
+template <class Item, std::size_t nKeys>
+bool SetByKey(Item& item, const std::array<BlockKey<Item>, nKeys>& keys, const std::string& sKey,
+              const std::string& sValue) {
+  const auto found =
+      std::find_if(keys.begin(), keys.end(), [&sKey](const auto& key) { return sKey == key.pKey; });
+  if (found == keys.end()) return false;
+  item.*found->pMember = sValue;
+  return true;
+}
+
+}  // namespace trelin
