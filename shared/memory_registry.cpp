@@ -126,17 +126,13 @@ MemoryRegistry::Handles::const_iterator MemoryRegistry::FindHandle(RegistryKey h
 
 std::int32_t MemoryRegistry::OpenKey(RegistryKey hParent, const std::string& sPath,
                                      std::uint32_t lAccess, RegistryKey& hKey) {
-  if (opened_.node != nullptr && hParent == opened_.hHive && sPath == opened_.sPath)
-    return NewHandle(*opened_.node, lAccess, hKey);
   RegistryNode* node = nullptr;
   const std::int32_t lResult = Walk(hParent, sPath, node);
   if (lResult != RegistrySuccess) return lResult;
-  const bool bBelowHive = HiveName(hParent) != nullptr;
-  if (bBelowHive && Name(sPath).empty()) {
+  if (HiveName(hParent) != nullptr && Name(sPath).empty()) {
     hKey = hParent;
     return RegistrySuccess;
   }
-  if (bBelowHive) opened_ = {hParent, sPath, node};
   return NewHandle(*node, lAccess, hKey);
 }
 
@@ -235,7 +231,6 @@ std::int32_t MemoryRegistry::DeleteKey(RegistryKey hParent, const std::string& s
     return RegistryAccessDenied;
   for (Handle& handle : handles_)
     if (handle.node == node) handle.node = nullptr;
-  opened_ = {};
   node->Parent()->RemoveKey(node->Name());
   return RegistrySuccess;
 }
@@ -256,7 +251,6 @@ std::int32_t MemoryRegistry::QueryDefault(RegistryKey hKey, const std::string& s
 
 void MemoryRegistry::ReplaceTree(std::unique_ptr<RegistryNode> root) {
   std::swap(root_, root);
-  opened_ = {};
   for (Handle& handle : handles_)
     if (handle.node != nullptr) handle.node = Descend(root_.get(), handle.node->Path());
 }

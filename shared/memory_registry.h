@@ -93,19 +93,10 @@ class MemoryRegistry : public Registry {
   std::int32_t NewHandle(RegistryNode& node, std::uint32_t lAccess, RegistryKey& hKey);
   static bool Refuses(const FoldedSet& paths, const RegistryNode& node);
 
-  std::unique_ptr<RegistryNode> root_;
-  // The key below a hive that was opened last: it is often opened again. None
-  // after keys have gone.
-  struct Opened {
-    RegistryKey hHive = RegistryKey::None;
-    std::string sPath;
-    RegistryNode* node = nullptr;
-  };
-
   Handles::const_iterator FindHandle(RegistryKey hKey) const;
 
+  std::unique_ptr<RegistryNode> root_;
   Handles handles_;
-  Opened opened_;
   std::int32_t lLastHandle_ = 0;
   FoldedSet refusedAccess_;
   FoldedSet refusedCreation_;

@@ -18,10 +18,6 @@ namespace {
 constexpr int MostTries = 20;
 constexpr std::chrono::milliseconds PauseBetweenTries{5};
 
-// So soon after a look at the file, no other program can have changed it and
-// this one have learned of it.
-constexpr std::chrono::microseconds Moment{2};
-
 std::string Variable(const char* sName) {
   const char* sValue = std::getenv(sName);
   return sValue == nullptr ? "" : sValue;
@@ -46,20 +42,10 @@ std::string FileRegistry::DefaultPath() {
 }
 
 void FileRegistry::Refresh() {
-  if (HasChanged())
+  if (!bSettled_ || store_.Stamp() != stamp_)
     Load();
   else if (fault_)
     throw PlatformError(*fault_);
-}
-
-// Opening a key to see whether it is there, and then to read it, asks the
-// system once.
-bool FileRegistry::HasChanged() {
-  if (!bSettled_) return true;
-  const auto now = std::chrono::steady_clock::now();
-  if (now - asked_ < Moment) return false;
-  asked_ = now;
-  return store_.Stamp() != stamp_;
 }
 
 // Who does not put a whole new file in the place of the old one, as some
@@ -125,7 +111,6 @@ std::int32_t FileRegistry::Write(const std::function<std::int32_t()>& change) {
   std::int32_t lResult = RegistrySuccess;
   const FileDescriptor lock = store_.Lock(lResult);
   if (lResult != RegistrySuccess) return lResult;
-  asked_ = {};  // another writer may just have given the lock back
   Refresh();
   if (!bWritable_) return RegistryAccessDenied;
   sKnown_.reset();

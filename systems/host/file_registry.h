@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -19,12 +18,12 @@ namespace trelin {
 // empty registry; it and its folder are created by the first change.
 //
 // OpenKey, CreateKey and what changes something work with the file as it is at
-// that moment, give or take two microseconds; the other operations with what
-// these last read. An open handle stays with its path when the file has changed,
-// and counts as one of a deleted key where the path has gone. A change is in the
-// file when its operation returns, or else nowhere: RegistryAccessDenied,
-// RegistryDiskFull and RegistryWriteFault leave the file and the memory as they
-// were. Names with a line break, which the format cannot hold, are refused with
+// that moment; the other operations with what these last read. An open handle
+// stays with its path when the file has changed, and counts as one of a
+// deleted key where the path has gone. A change is in the file when its
+// operation returns, or else nowhere: RegistryAccessDenied, RegistryDiskFull
+// and RegistryWriteFault leave the file and the memory as they were. Names
+// with a line break, which the format cannot hold, are refused with
 // RegistryInvalidParameter. A file that may not be written refuses its keys to
 // everyone who opens them for writing.
 //
@@ -69,7 +68,6 @@ class FileRegistry : public Registry {
  private:
   void Refresh();
   void Load();
-  bool HasChanged();
   std::unique_ptr<RegistryNode> ReadTree();
   std::unique_ptr<RegistryNode> Parse(const std::string& sBytes);
   MemoryRegistry& Loaded();  // throws while the file is damaged
@@ -79,9 +77,8 @@ class FileRegistry : public Registry {
   MemoryRegistry memory_;
   std::optional<PlatformError> fault_;  // why memory_ is not what the file holds
   FileStamp stamp_;
-  bool bSettled_ = false;                        // an equal stamp means an unchanged file
-  std::chrono::steady_clock::time_point asked_;  // when that was seen
-  std::optional<std::string> sKnown_;            // what memory_ holds, as long as it is not settled
+  bool bSettled_ = false;              // an equal stamp means an unchanged file
+  std::optional<std::string> sKnown_;  // what memory_ holds, as long as it is not settled
   bool bWritable_ = true;
   std::size_t nReads_ = 0;
   std::size_t nParses_ = 0;
