@@ -17,10 +17,9 @@ namespace {
 
 constexpr std::size_t LastPosition = std::numeric_limits<std::int16_t>::max();
 
-std::string UpperCase(std::string_view sText) {
-  std::string sUpper(sText);
-  TheSystem().MakeUpperCase(sUpper);
-  return sUpper;
+void SetUpperCase(std::string& sText, std::string_view sValue) {
+  sText = sValue;
+  TheSystem().MakeUpperCase(sText);
 }
 
 [[noreturn]] void FailTooLong(std::int32_t lLine) {
@@ -36,16 +35,17 @@ std::size_t CheckPosition(std::size_t nIndex, std::int32_t lLine) {
   return nIndex;
 }
 
-// The word before the first space, and what follows that space, trimmed.
-std::pair<std::string_view, std::string_view> SplitWord(std::string_view sText,
-                                                        std::int32_t lLine) {
-  const std::size_t nSpace = CheckPosition(sText.find(' '), lLine);
-  if (nSpace == std::string_view::npos) return {sText, {}};
-  return {sText.substr(0, nSpace), TrimSpaces(sText.substr(nSpace))};
+// The text before the first space.
+std::string_view FirstWord(std::string_view sText, std::int32_t lLine) {
+  return sText.substr(0, CheckPosition(sText.find(' '), lLine));
 }
 
+// Keywords are matched in any letter case.
 bool IsKeyword(std::string_view sWord, std::string_view sKeyword) {
-  return sWord.size() == sKeyword.size() && UpperCase(sWord) == sKeyword;
+  if (sWord.size() != sKeyword.size()) return false;
+  std::string sUpper(sWord);
+  TheSystem().MakeUpperCase(sUpper);
+  return sUpper == sKeyword;
 }
 
 }  // namespace
@@ -59,11 +59,13 @@ void BlockParser::OpenFile(const std::string& sFile, bool bWrite) {
 void BlockParser::CloseFile() { lines_.Close(); }
 
 BlockParser::Token BlockParser::GetToken() {
-  for (std::string sLine; lines_.NextLine(sLine);) {
-    const std::string sExpanded = ExpandTabs(sLine);
-    const std::string_view sTrimmed = TrimSpaces(sExpanded);
+  for (std::string_view sLine; lines_.NextLine(sLine);) {
+    std::string sExpanded;
+    if (sLine.find('\t') != std::string_view::npos)
+      sLine = sExpanded = ExpandTabs(std::string(sLine));
+    sLine = TrimSpaces(sLine);
     ++lCurrentLine_;
-    if (!sTrimmed.empty() && sTrimmed.front() != ';') return Classify(sTrimmed);
+    if (!sLine.empty() && sLine.front() != ';') return Classify(sLine);
   }
   return Token::EndFile;
 }
@@ -77,23 +79,25 @@ BlockParser::Token BlockParser::Classify(std::string_view sLine) {
 }
 
 bool BlockParser::ParseBlock(std::string_view sLine) {
-  const auto [word, rest] = SplitWord(sLine, lCurrentLine_);
-  if (!IsKeyword(word, "BLOCK")) return false;
-  const auto [type, remainder] = SplitWord(rest, lCurrentLine_);
-  const auto [name, ignored] = SplitWord(remainder, lCurrentLine_);
-  sBlockType_ = UpperCase(type);
-  sBlockName_ = name;
+  const std::string_view sWord = FirstWord(sLine, lCurrentLine_);
+  if (!IsKeyword(sWord, "BLOCK")) return false;
+  const std::string_view sRest = TrimSpaces(sLine.substr(sWord.size()));
+  const std::string_view sType = FirstWord(sRest, lCurrentLine_);
+  const std::string_view sBehind = TrimSpaces(sRest.substr(sType.size()));
+  const std::string_view sName = FirstWord(sBehind, lCurrentLine_);
+  SetUpperCase(sBlockType_, sType);
+  sBlockName_ = sName;
   return true;
 }
 
 bool BlockParser::ParseEnd(std::string_view sLine) const {
-  return IsKeyword(SplitWord(sLine, lCurrentLine_).first, "END");
+  return IsKeyword(FirstWord(sLine, lCurrentLine_), "END");
 }
 
 bool BlockParser::ParseKeyValue(std::string_view sLine) {
   const std::size_t nEquals = CheckPosition(sLine.find('='), lCurrentLine_);
   if (nEquals == std::string_view::npos) return false;
-  sKey_ = UpperCase(TrimSpaces(sLine.substr(0, nEquals)));
+  SetUpperCase(sKey_, TrimSpaces(sLine.substr(0, nEquals)));
   sValue_ = TrimSpaces(sLine.substr(nEquals + 1));
   return true;
 }

@@ -1,7 +1,7 @@
 #include "suite/line_reader.h"
 
-#include <algorithm>
 #include <array>
+#include <string_view>
 #include <utility>
 
 #include "seam/platform.h"
@@ -12,7 +12,10 @@ namespace {
 
 constexpr std::size_t BufferBytes = 65536;
 
-bool IsLineEnd(char c) { return c == '\n' || c == '\r'; }
+std::string_view UpToLineEnd(std::string_view sText) {
+  const std::string_view sUpToFeed = sText.substr(0, sText.find('\n'));
+  return sUpToFeed.substr(0, sUpToFeed.find('\r'));
+}
 
 }  // namespace
 
@@ -28,24 +31,24 @@ void LineReader::Close() {
   bAfterReturn_ = false;
 }
 
-bool LineReader::NextLine(std::string& sLine) {
-  sLine.clear();
+bool LineReader::NextLine(std::string_view& sLine) {
+  sBegun_.clear();
   bool bAny = false;
   while (nNext_ < sBuffer_.size() || ReadOn()) {
     if (std::exchange(bAfterReturn_, false) && sBuffer_[nNext_] == '\n') {
       ++nNext_;
       continue;
     }
-    const auto begin = sBuffer_.begin() + static_cast<std::ptrdiff_t>(nNext_);
-    const auto end = std::find_if(begin, sBuffer_.end(), IsLineEnd);
-    sLine.append(begin, end);
+    sLine = UpToLineEnd(std::string_view(sBuffer_).substr(nNext_));
+    nNext_ += sLine.size();
+    const bool bEnds = nNext_ < sBuffer_.size();
+    if (bEnds) bAfterReturn_ = sBuffer_[nNext_++] == '\r';
+    if (bEnds && !bAny) return true;
+    sBegun_ += sLine;
     bAny = true;
-    nNext_ = static_cast<std::size_t>(end - sBuffer_.begin());
-    if (end == sBuffer_.end()) continue;
-    bAfterReturn_ = *end == '\r';
-    ++nNext_;
-    return true;
+    if (bEnds) break;
   }
+  sLine = sBegun_;
   return bAny;
 }
 

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "seam/system.h"
 
@@ -16,9 +17,9 @@ class LineReader {
   void Open(const std::string& sFile);
   void Close();
 
-  // False at the end of the file. Throws PlatformError when the file cannot be
-  // read.
-  bool NextLine(std::string& sLine);
+  // False at the end of the file. The line stays where it lies until the next call.
+  // Throws PlatformError when the file cannot be read.
+  bool NextLine(std::string_view& sLine);
 
  private:
   bool ReadOn();
@@ -26,6 +27,7 @@ class LineReader {
   std::unique_ptr<InputFile> file_;
   std::string sBuffer_;
   std::size_t nNext_ = 0;      // in the buffer
+  std::string sBegun_;         // of a line that goes on behind the buffer
   bool bAfterReturn_ = false;  // a line has ended at a CR: a LF that follows belongs to it
 };
 
