@@ -26,7 +26,7 @@ void LayOut(Label& label, const LabelPlace& place, Twips rise) {
 
 }  // namespace
 
-frmMainMenu::frmMainMenu()
+frmMainMenu::frmMainMenu(std::string sSourceFolder)
     : Form(FormBorder::FixedSingle, true, 8520, 6060),
       picList(*this),
       picListItem(picList, Rows),
@@ -39,7 +39,8 @@ frmMainMenu::frmMainMenu()
       cmdReadMe(*this),
       cmdExit(*this),
       Timer1(*this),
-      imlIcons(32, 32, Color::ListMask) {
+      imlIcons(32, 32, Color::ListMask),
+      sSourceFolder_(std::move(sSourceFolder)) {
   SetIcon(Picture::ProgramIcon());
   imlIcons.Add("Default", Picture::ProgramIcon());
   Timer1.SetInterval(2500);

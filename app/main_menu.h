@@ -20,7 +20,8 @@ class frmMainMenu : public Form {
  public:
   static constexpr std::int16_t Rows = ListModel::MaxRows;
 
-  frmMainMenu();
+  // sSourceFolder: where installers are started from, as it was given.
+  explicit frmMainMenu(std::string sSourceFolder);
 
   // Loads the setup list TRELIN.CFG of the program's folder. Always true;
   // throws what SetupList::LoadFromFile throws. To be called once, before
@@ -92,6 +93,7 @@ class frmMainMenu : public Form {
   void RunSetup(std::int16_t nIndex);
   bool ConfirmSetup(MenuItem& objItem);
 
+  std::string sSourceFolder_;
   std::optional<ListModel> model_;
 };
 

@@ -1,5 +1,4 @@
 #include "app/main_menu.h"
-#include "app/start_up.h"
 #include "seam/platform.h"
 #include "seam/platform_error.h"
 #include "texts/paths.h"
@@ -27,8 +26,7 @@ bool StartProgram(const std::string& sCommandLine) {
 
 // The same. The folder is taken as it stands: its quotation marks would end those
 // around the installer, and another program would be meant.
-bool StartInstaller(const std::string& sInstaller) {
-  const std::string& sFolder = SourceFolder();
+bool StartInstaller(const std::string& sFolder, const std::string& sInstaller) {
   if (sFolder.find('"') == std::string::npos)
     return StartProgram("\"" + JoinPath(sFolder, sInstaller) + "\"");
   return ShowFailure({"start the program", sInstaller,
@@ -49,7 +47,7 @@ void frmMainMenu::RunSetup(std::int16_t nIndex) {
                             LoadResourceString(TextNumber::UnmetTitle));
     return;
   }
-  if (StartInstaller(objItem->InstallFile())) Timer1.SetEnabled(true);
+  if (StartInstaller(sSourceFolder_, objItem->InstallFile())) Timer1.SetEnabled(true);
 }
 
 // Whether the product has an installer and the user wants it even over a

@@ -21,7 +21,7 @@ void StartUpSteps() {
   ResetStringResources();
   InitStringResources(LocaleId);
   WriteNoticeLines();
-  objMainMenu = std::make_unique<frmMainMenu>();
+  objMainMenu = std::make_unique<frmMainMenu>(sSourceFolder);
   objMicrosoft = std::make_unique<frmMicrosoft>();
 }
 

@@ -55,7 +55,7 @@ class Suite {
 
   // Opens the menu, calls use when it is shown and painted, and closes it.
   void OpenMenu(const std::function<void(frmMainMenu&)>& use) {
-    frmMainMenu menu;
+    frmMainMenu menu("");
     QTimer::singleShot(0, [&] {
       QApplication::processEvents();
       use(menu);
