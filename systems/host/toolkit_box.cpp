@@ -6,6 +6,7 @@
 #include <QStyleOptionFocusRect>
 #include <memory>
 
+#include "shared/line_pixels.h"
 #include "shared/modal_loop.h"
 #include "systems/host/toolkit_form.h"
 #include "systems/host/toolkit_measure.h"
@@ -171,11 +172,6 @@ namespace {
 std::unique_ptr<Control::Native> MakeBox(PictureBox& box, Control& container) {
   auto* pFrame = new BoxFrame(box, container.Get().area);
   return std::make_unique<Control::Native>(pFrame, &pFrame->Area());
-}
-
-// The pixels of a line from n1 towards n2, without n2: first and count.
-std::pair<int, int> LinePixels(int n1, int n2) {
-  return {n1 < n2 ? n1 : n2 + 1, std::abs(n2 - n1)};
 }
 
 }  // namespace

@@ -2,10 +2,11 @@
 
 #include <QApplication>
 #include <QIcon>
-#include <algorithm>
 #include <memory>
 #include <optional>
 
+#include "shared/at_exit.h"
+#include "shared/tab_order.h"
 #include "systems/host/toolkit_box.h"
 #include "systems/host/toolkit_measure.h"
 #include "systems/host/toolkit_native.h"
@@ -30,18 +31,6 @@ bool IsTabStop(const QWidget& widget) {
   const QVariant stop = widget.property(TabStopProperty);
   return TabIndex(widget) && (!stop.isValid() || stop.toBool());
 }
-
-// Runs its action when the scope is left, also by an exception.
-class AtExit {
- public:
-  explicit AtExit(std::function<void()> action) : action_(std::move(action)) {}
-  ~AtExit() { action_(); }
-  AtExit(const AtExit&) = delete;
-  AtExit& operator=(const AtExit&) = delete;
-
- private:
-  std::function<void()> action_;
-};
 
 }  // namespace
 
@@ -137,30 +126,23 @@ bool FormWidget::AnswersEnter(const QPushButton& button) const {
   return button.isEnabled() && EnterButton() == &button;
 }
 
-std::vector<QWidget*> FormWidget::TabOrder() const {
-  std::vector<QWidget*> order;
+QWidget* FormWidget::NextStop(const QWidget* pFocused, bool bNext) const {
+  std::vector<QWidget*> stops;
+  std::vector<int> indexes;
   for (QWidget* pWidget : findChildren<QWidget*>()) {
-    if (IsTabStop(*pWidget) && pWidget->isEnabled() && pWidget->isVisibleTo(this))
-      order.push_back(pWidget);
+    if (!IsTabStop(*pWidget) || !pWidget->isEnabled() || !pWidget->isVisibleTo(this)) continue;
+    stops.push_back(pWidget);
+    indexes.push_back(*TabIndex(*pWidget));
   }
-  std::stable_sort(order.begin(), order.end(),
-                   [](auto* p1, auto* p2) { return TabIndex(*p1) < TabIndex(*p2); });
-  return order;
+  const auto from = pFocused != nullptr ? TabIndex(*pFocused) : std::nullopt;
+  const std::optional<std::size_t> next = NextTabStop(indexes, from, bNext);
+  return next ? stops[*next] : nullptr;
 }
 
-// From a control without a place in the order, Tab goes to its beginning.
 bool FormWidget::focusNextPrevChild(bool bNext) {
-  std::vector<QWidget*> order = TabOrder();
-  if (order.empty()) return false;
-  if (!bNext) std::reverse(order.begin(), order.end());
-  const QWidget* const pFocused = focusWidget();
-  const auto from = pFocused != nullptr ? TabIndex(*pFocused) : std::nullopt;
-  const auto place = std::find_if(order.begin(), order.end(), [&](auto* pWidget) {
-    return bNext ? TabIndex(*pWidget) > from : TabIndex(*pWidget) < from;
-  });
-  (place != order.end() ? *place : order.front())
-      ->setFocus(bNext ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-  return true;
+  QWidget* const pNext = NextStop(focusWidget(), bNext);
+  if (pNext != nullptr) pNext->setFocus(bNext ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  return pNext != nullptr;
 }
 
 void FormWidget::GiveFocus(QWidget& area) {
@@ -172,11 +154,10 @@ void FormWidget::GiveFocus(QWidget& area) {
 }
 
 void FormWidget::FocusFirst() {
-  const std::vector<QWidget*> order = TabOrder();
-  QWidget* pFirst = order.empty() ? this : order.front();
+  QWidget* pFirst = NextStop(nullptr, true);
   if (wanted_ && wanted_->isEnabled() && wanted_->isVisible()) pFirst = wanted_;
   wanted_.clear();
-  pFirst->setFocus();
+  (pFirst != nullptr ? pFirst : this)->setFocus();
 }
 
 Form::Form(FormBorder border, bool bShowInTaskbar, Twips clientWidth, Twips clientHeight)

@@ -5,7 +5,6 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QWidget>
-#include <vector>
 
 #include "seam/toolkit.h"
 #include "systems/host/toolkit_loop.h"
@@ -52,7 +51,8 @@ class FormWidget : public QWidget {
  private:
   bool AnswerKey(const QKeyEvent& event);
   QPushButton* EnterButton() const;
-  std::vector<QWidget*> TabOrder() const;
+  // Where Tab leads, or null; from no control, the first.
+  QWidget* NextStop(const QWidget* pFocused, bool bNext) const;
   void Open();
   void FocusFirst();
 

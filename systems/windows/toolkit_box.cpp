@@ -1,9 +1,9 @@
 #include "systems/windows/toolkit_box.h"
 
-#include <cstdlib>
 #include <memory>
 #include <utility>
 
+#include "shared/line_pixels.h"
 #include "shared/modal_loop.h"
 #include "systems/windows/toolkit_accessible.h"
 #include "systems/windows/toolkit_form.h"
@@ -191,15 +191,6 @@ void BoxWindow::ReleasePointer() {
   bCaptured_ = false;
   if (GetCapture() == Handle()) ReleaseCapture();
 }
-
-namespace {
-
-// The pixels of a line from n1 towards n2, without n2: first and count.
-std::pair<int, int> LinePixels(int n1, int n2) {
-  return {n1 < n2 ? n1 : n2 + 1, std::abs(n2 - n1)};
-}
-
-}  // namespace
 
 PictureBox::PictureBox(Control& container)
     : Control(

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "shared/at_exit.h"
 #include "systems/windows/toolkit_icon.h"
 #include "systems/windows/toolkit_measure.h"
 #include "systems/windows/toolkit_picture.h"
@@ -21,19 +22,6 @@ FormWindow* formInUse = nullptr;
 DWORD StyleOf(FormBorder border) {
   return border == FormBorder::Sizable ? FixedStyle | WS_THICKFRAME : FixedStyle;
 }
-
-// Calls a function when it goes out of scope.
-template <class Function>
-class AtExit {
- public:
-  explicit AtExit(Function function) : function_(std::move(function)) {}
-  ~AtExit() { function_(); }
-  AtExit(const AtExit&) = delete;
-  AtExit& operator=(const AtExit&) = delete;
-
- private:
-  Function function_;
-};
 
 }  // namespace
 

@@ -66,7 +66,8 @@ class FormWindow : public NativeWindow {
   void FocusFirst();
   void TakeFocus();
   std::vector<ControlWindow*> Controls() const;
-  std::vector<ControlWindow*> TabOrder() const;
+  // Where Tab leads, or null; from no control, the first.
+  ControlWindow* NextStop(HWND hFocused, bool bNext) const;
   void MoveFocus(bool bNext);
   ButtonWindow* EnterButton() const;
   bool AnswerKeyDown(WPARAM key);

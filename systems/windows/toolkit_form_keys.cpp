@@ -1,6 +1,8 @@
-#include <algorithm>
+#include <optional>
 #include <utility>
+#include <vector>
 
+#include "shared/tab_order.h"
 #include "systems/windows/toolkit_box.h"
 #include "systems/windows/toolkit_button.h"
 #include "systems/windows/toolkit_form.h"
@@ -115,26 +117,20 @@ std::vector<ControlWindow*> FormWindow::Controls() const {
   return controls;
 }
 
-std::vector<ControlWindow*> FormWindow::TabOrder() const {
-  std::vector<ControlWindow*> order = Controls();
-  std::erase_if(order, [](auto* pControl) { return !pControl->IsTabStop(); });
-  std::stable_sort(order.begin(), order.end(),
-                   [](auto* p1, auto* p2) { return p1->TabIndex() < p2->TabIndex(); });
-  return order;
+ControlWindow* FormWindow::NextStop(HWND hFocused, bool bNext) const {
+  std::vector<ControlWindow*> stops = Controls();
+  std::erase_if(stops, [](auto* pControl) { return !pControl->IsTabStop(); });
+  std::vector<int> indexes;
+  for (const ControlWindow* pStop : stops) indexes.push_back(*pStop->TabIndex());
+  const auto* const pFocused =
+      dynamic_cast<ControlWindow*>(hFocused != nullptr ? Of(hFocused) : nullptr);
+  const auto from = pFocused != nullptr ? std::optional<int>(pFocused->TabIndex()) : std::nullopt;
+  const std::optional<std::size_t> next = NextTabStop(indexes, from, bNext);
+  return next ? stops[*next] : nullptr;
 }
 
-// From a control without a place in the order, Tab goes to its beginning.
 void FormWindow::MoveFocus(bool bNext) {
-  std::vector<ControlWindow*> order = TabOrder();
-  if (order.empty()) return;
-  if (!bNext) std::reverse(order.begin(), order.end());
-  const auto* const pFocused =
-      dynamic_cast<ControlWindow*>(hFocus_ != nullptr ? Of(hFocus_) : nullptr);
-  const auto from = pFocused != nullptr ? pFocused->TabIndex() : std::nullopt;
-  const auto place = std::find_if(order.begin(), order.end(), [&](auto* pControl) {
-    return bNext ? pControl->TabIndex() > from : pControl->TabIndex() < from;
-  });
-  GiveFocus((place != order.end() ? *place : order.front())->Handle());
+  if (const ControlWindow* pNext = NextStop(hFocus_, bNext)) GiveFocus(pNext->Handle());
 }
 
 void FormWindow::GiveFocus(HWND hControl) {
@@ -164,8 +160,10 @@ void FormWindow::TakeFocus() {
 }
 
 void FormWindow::FocusFirst() {
-  const std::vector<ControlWindow*> order = TabOrder();
-  if (!CanHaveFocus(hFocus_)) hFocus_ = order.empty() ? nullptr : order.front()->Handle();
+  if (!CanHaveFocus(hFocus_)) {
+    const ControlWindow* const pFirst = NextStop(nullptr, true);
+    hFocus_ = pFirst != nullptr ? pFirst->Handle() : nullptr;
+  }
   ShowDefaultButton();
   TakeFocus();
 }
