@@ -11,9 +11,9 @@
 #include "check/checks.h"
 #include "check/encoding.h"
 #include "check/list_reader.h"
-#include "fuzz/fuzz_platform.h"
 #include "fuzz/target.h"
 #include "suite/setup_list.h"
+#include "testing/fake_platform.h"
 #include "texts/error.h"
 
 namespace trelin {
@@ -68,12 +68,12 @@ void CheckPlaces(const Findings& findings, const SourceLines& lines) {
 }  // namespace
 
 void Try(std::string_view sInput) {
-  FuzzPlatform platform;
-  platform.system.file.sBytes = sInput;
+  FakePlatform platform;
+  platform.faults.bCounts = false;
+  platform.system.files[Path] = sInput;
   const std::string sFault = LaunchersFault();
-  const auto nComplaints = static_cast<std::size_t>(platform.system.nBeeps) +
-                           static_cast<std::size_t>(std::count(platform.system.sShown.begin(),
-                                                               platform.system.sShown.end(), '('));
+  const std::size_t nComplaints =
+      static_cast<std::size_t>(platform.system.nBeeps) + platform.system.messages.size();
 
   const Suite suite{ReadCheckedList(Path), "C:\\Suite", "C:\\Suite"};
   Check(platform.system.nOpenFiles == 0, "the file is closed");

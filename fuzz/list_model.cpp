@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "fuzz/fuzz_platform.h"
 #include "fuzz/input.h"
 #include "fuzz/target.h"
+#include "testing/fake_platform.h"
 
 namespace trelin {
 
@@ -27,7 +27,7 @@ struct Product {
 
 std::string CodeOf(std::size_t nProduct) { return "P" + std::to_string(nProduct); }
 
-std::string Text(std::int32_t lId) { return std::to_string(lId) + "(%0%|%1%|%2%|%3%)"; }
+std::string Text(std::int32_t lId) { return std::to_string(lId); }
 
 std::string SetupListText(const std::vector<Product>& products) {
   std::string sText = "BLOCK SETUPLIST\n";
@@ -49,8 +49,9 @@ class Session {
   explicit Session(Input& input) : input_(input) {
     for (std::size_t n = input_.Below(10); n > 0; --n)
       products_.push_back({input_.Flag(), input_.Flag(), input_.Below(10)});
-    platform_.system.existing = {"C:\\there"};
-    platform_.system.file.sBytes = SetupListText(products_);
+    platform_.faults.bCounts = false;
+    platform_.system.files = {{"C:\\there", ""},
+                              {"C:\\Suite\\TRELIN.CFG", SetupListText(products_)}};
     list_.Initialize();
     list_.LoadFromFile("C:\\Suite\\TRELIN.CFG");
     model_.Load();
@@ -194,7 +195,7 @@ class Session {
 
   Input& input_;
   std::vector<Product> products_;
-  FuzzPlatform platform_;
+  FakePlatform platform_;
   SetupList list_;
   ListModel model_{list_};
 

@@ -8,9 +8,9 @@
 #include <stdexcept>
 #include <string>
 
-#include "fuzz/fuzz_platform.h"
 #include "fuzz/input.h"
 #include "fuzz/target.h"
+#include "testing/fake_platform.h"
 #include "texts/string_resources.h"
 
 namespace trelin {
@@ -54,17 +54,18 @@ std::string Filled(std::string sText, const ArgumentArray& arguments) {
 }
 
 void CheckResources(const std::string& sTemplate, const ArgumentArray& arguments) {
-  FuzzPlatform platform;
-  platform.libraries.texts[35008] = sTemplate;
+  FakePlatform platform;
+  platform.faults.bCounts = false;
+  platform.libraries.Own()[35008] = sTemplate;
   const std::string sShown = sTemplate.substr(0, 1023);
   if (!sShown.empty())
     CheckEqual(Filled(sShown, arguments), FormatResourceString(35008, arguments),
                "a string is filled as a template is");
 
   // A string that does not exist, then one whose template does not exist either.
-  platform.libraries.texts[35008].clear();
-  CheckEqual("35000(35008|%1%|%2%|%3%)", LoadResourceString(35008), "a missing string is named");
-  platform.libraries.texts[35000].clear();
+  platform.libraries.Own()[35008].clear();
+  CheckEqual("35000(35008)", LoadResourceString(35008), "a missing string is named");
+  platform.libraries.Own()[35000].clear();
   CheckEqual("Error: String Not Found", LoadResourceString(35008),
              "and a missing template as well");
 }

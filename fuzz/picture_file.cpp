@@ -6,16 +6,18 @@
 #include <stdexcept>
 #include <string>
 
-#include "fuzz/fuzz_platform.h"
 #include "fuzz/target.h"
+#include "testing/fake_platform.h"
 
 namespace trelin {
 
 namespace {
 
 std::string Read(std::string_view sInput) {
-  FuzzPlatform platform;
-  platform.system.file = {std::string(sInput), 1 + sInput.size() % 5000};
+  FakePlatform platform;
+  platform.faults.bCounts = false;
+  platform.system.files["a picture"] = sInput;
+  platform.system.nPiece = 1 + sInput.size() % 5000;
   const auto file = platform.system.OpenInput("a picture");
   return ReadPictureFile(*file);
 }

@@ -11,8 +11,8 @@
 #include <utility>
 #include <vector>
 
-#include "fuzz/fuzz_platform.h"
 #include "fuzz/target.h"
+#include "testing/fake_platform.h"
 #include "texts/error.h"
 
 namespace trelin {
@@ -73,20 +73,16 @@ bool IsFaulty(const Line& line) {
          line.words[0] != "END" && line.sText.find('=') == std::string::npos;
 }
 
-std::string Text(std::int32_t lId, const std::string& sFirst = "%0%") {
-  return std::to_string(lId) + "(" + sFirst + "|%1%|%2%|%3%)";
-}
-
 void CheckError(const Error& error, const std::vector<Line>& lines) {
   if (error.Number() == 5000) {
     CheckEqual("BlockParse.GetToken", error.Source(), "the source of error 5000");
     const auto faulty = std::find_if(lines.begin(), lines.end(), IsFaulty);
-    CheckEqual(Text(35008, std::to_string(faulty - lines.begin() + 1)), error.Description(),
+    CheckEqual("35008(" + std::to_string(faulty - lines.begin() + 1) + ")", error.Description(),
                "error 5000 names the first line that is none of the kinds");
     return;
   }
   Check(error.Number() == 5001, "the number of an error is 5000 or 5001");
-  CheckEqual(Text(35009), error.Source(), "the source of error 5001");
+  CheckEqual("35009", error.Source(), "the source of error 5001");
   const std::string sTemplate = error.Description().substr(0, 6);
   Check(sTemplate == "35005(" || sTemplate == "35010(" || sTemplate == "35011(" ||
             sTemplate == "35012(",
@@ -94,13 +90,11 @@ void CheckError(const Error& error, const std::vector<Line>& lines) {
 }
 
 void CheckProduct(MenuItem& item) {
-  const std::vector<std::string> statuses = {Text(35015), Text(35016), Text(35017), Text(35018),
-                                             Text(35032)};
+  const std::vector<std::string> statuses = {"35015", "35016", "35017", "35018", "35032"};
   Check(std::find(statuses.begin(), statuses.end(), item.Status()) != statuses.end(),
         "a status is one of five");
-  Check(item.Updated() == (item.Status() != Text(35015)),
-        "a product counts as not installed at first");
-  Check(item.NewerVersion() || item.Status() != Text(35018), "a higher revision is remembered");
+  Check(item.Updated() == (item.Status() != "35015"), "a product counts as not installed at first");
+  Check(item.NewerVersion() || item.Status() != "35018", "a higher revision is remembered");
   Check(item.LastError().empty(), "nothing has failed before the prerequisites are checked");
   const bool bMet = item.CheckDependencies();
   Check(bMet == item.LastError().empty(), "the reason of a prerequisite that is not met is there");
@@ -151,10 +145,11 @@ void Record(MemoryRegistry& registry) {
 
 // What became of the file, in words.
 std::string Load(std::string_view sFile, std::size_t nPiece, const std::vector<Line>& lines) {
-  FuzzPlatform platform;
+  FakePlatform platform;
+  platform.faults.bCounts = false;
   Record(platform.registry);
-  platform.system.existing = {"C:\\there"};
-  platform.system.file = {std::string(sFile), nPiece};
+  platform.system.files = {{"C:\\there", ""}, {"C:\\Suite\\TRELIN.CFG", std::string(sFile)}};
+  platform.system.nPiece = nPiece;
 
   SetupList list;
   list.Initialize();
@@ -173,7 +168,9 @@ std::string Load(std::string_view sFile, std::size_t nPiece, const std::vector<L
   Check(platform.system.nOpenFiles == 0, "the file is closed");
   Check(platform.registry.OpenHandles() == 0, "the registry's keys are closed");
   list.Terminate();
-  return sOutcome + std::to_string(platform.system.nBeeps) + platform.system.sShown;
+  for (const ShownMessage& message : platform.system.messages)
+    sOutcome += message.sTitle + ": " + message.sText + '\n';
+  return sOutcome + std::to_string(platform.system.nBeeps);
 }
 
 }  // namespace

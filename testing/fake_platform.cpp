@@ -13,8 +13,6 @@ namespace trelin {
 
 namespace {
 
-constexpr std::size_t PieceBytes = 400;
-
 // Counts what is open as long as it lives.
 class Opened {
  public:
@@ -28,18 +26,21 @@ class Opened {
 
 class FakeInput : public InputFile {
  public:
-  FakeInput(std::string sPath, std::string sText, int& nOpen, Faults& faults)
-      : sPath_(std::move(sPath)), sText_(std::move(sText)), opened_(nOpen), faults_(faults) {}
+  FakeInput(std::string sPath, const std::string& sText, std::size_t nPiece, int& nOpen,
+            Faults& faults)
+      : sPath_(std::move(sPath)), sText_(sText), nPiece_(nPiece), opened_(nOpen), faults_(faults) {}
 
   std::size_t Read(char* pBuffer, std::size_t nSize) override {
     faults_.Fails("Read", sPath_, "BM");
-    const std::size_t nRead = sText_.copy(pBuffer, std::min(nSize, PieceBytes), nPosition_);
+    const std::size_t nRead = sText_.copy(pBuffer, std::min(nSize, nPiece_), nPosition_);
     nPosition_ += nRead;
     return nRead;
   }
 
  private:
-  std::string sPath_, sText_;
+  std::string sPath_;
+  std::string sText_;  // as it was when it was opened
+  std::size_t nPiece_;
   Opened opened_;
   Faults& faults_;
   std::size_t nPosition_ = 0;
@@ -170,7 +171,7 @@ std::unique_ptr<InputFile> FakeSystem::OpenInput(const std::string& sPath) {
   faults_.Fails("OpenInput", sPath, "BM");
   const auto file = files.find(sPath);
   if (file == files.end()) throw PlatformError("open the file", sPath, "there is no such file");
-  return std::make_unique<FakeInput>(sPath, file->second, nOpenFiles, faults_);
+  return std::make_unique<FakeInput>(sPath, file->second, nPiece, nOpenFiles, faults_);
 }
 
 std::unique_ptr<FileSearch> FakeSystem::Search(const std::string& sPath) {
@@ -207,7 +208,7 @@ std::string Failure(const std::function<void()>& operation) {
   }
 }
 
-FakeProgram::FakeProgram() {
+FakePlatform::FakePlatform() {
   FakeLibraries::Texts texts;
   for (const std::int32_t lId :
        {35009, 35014, 35015, 35016, 35017, 35018, 35024, 35027, 35028, 35029, 35030, 35031, 35032})
@@ -221,14 +222,14 @@ FakeProgram::FakeProgram() {
   texts[35040] = "2";
   texts[35041] = "First line";
   texts[35042] = "Second line";
-  libraries.files["C:\\Suite\\ENU35000.DLL"] = texts;
+  libraries.Own() = texts;
 
   UsePlatform({&registry, &libraries, &system});
   ResetStringResources();
   InitStringResources(1033);
 }
 
-void FakeProgram::Record(const std::string& sName, const std::string& sText) {
+void FakePlatform::Record(const std::string& sName, const std::string& sText) {
   RegEntry objReg;
   objReg.CreateKey("InstallLog");
   objReg.SetString(sName, sText);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <map>
 #include <string>
@@ -52,6 +50,7 @@ class FakeLibraries : public StringLibraryLoader {
                         std::int32_t lSize) override;
 
   std::map<std::string, Texts> files;
+  Texts& Own() { return files["C:\\Suite\\ENU35000.DLL"]; }
   std::vector<std::string> loads;  // every path tried, in order
   int nOpen = 0;
 
@@ -89,7 +88,8 @@ class FakeSystem : public System {
   std::string sProgramFolder = "C:\\Suite";
   std::string sCommandLine;
   std::map<std::string, std::string> files;
-  int nOpenFiles = 0;  // and searches
+  std::size_t nPiece = 400;  // bytes that are read at once
+  int nOpenFiles = 0;        // and searches
   int nBeeps = 0;
   std::vector<ShownMessage> messages;
   std::function<MessageAnswer()> onMessage;  // empty: answers Ok
@@ -103,11 +103,13 @@ class FakeSystem : public System {
 // without one.
 std::string Failure(const std::function<void()>& operation);
 
-// A program with string library, registry and system of its own. Templates
-// read as their number and arguments: "35010(BLOCK|3|APPLICATION|X)".
-class FakeProgram {
- protected:
-  FakeProgram();
+// The platform in use from its construction on, with lookups enabled, and the
+// suite's string library beside the program: a text reads as its number and its
+// arguments, "35010(BLOCK|3|APPLICATION|X)".
+struct FakePlatform {
+  FakePlatform();
+  FakePlatform(const FakePlatform&) = delete;
+  FakePlatform& operator=(const FakePlatform&) = delete;
 
   // Writes a value of the installation log; an empty text removes it.
   void Record(const std::string& sName, const std::string& sText);
@@ -117,7 +119,5 @@ class FakeProgram {
   FakeLibraries libraries{faults};
   FakeSystem system{faults};
 };
-
-class ProgramTest : public ::testing::Test, protected FakeProgram {};
 
 }  // namespace trelin

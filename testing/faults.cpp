@@ -9,6 +9,7 @@ namespace trelin {
 
 bool Faults::Fails(const std::string& sOperation, const std::string& sArgument,
                    const std::string& sKinds) {
+  if (!bCounts) return false;
   calls.push_back({sOperation, sArgument, sKinds, log.size()});
   if (nFailing == 0 || calls.size() < nFailing || sKinds.find(cKind) == std::string::npos)
     return false;

@@ -29,6 +29,7 @@ class Faults {
   bool Fails(const std::string& sOperation, const std::string& sArgument,
              const std::string& sKinds);
 
+  bool bCounts = true;       // else nothing fails, and no call is kept
   std::size_t nFailing = 0;  // the first call to fail, from 1; 0: none
   char cKind = Result;
   Reach reach = Reach::Nothing;

@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "suite/reg_entry.h"
-#include "testing/fake_platform.h"
+#include "testing/program_test.h"
 
 namespace trelin {
 namespace {

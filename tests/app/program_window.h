@@ -5,7 +5,7 @@
 #include "app/start_up.h"
 #include "seam/entry.h"
 #include "testing/driver.h"
-#include "testing/fake_platform.h"
+#include "testing/program_test.h"
 
 namespace trelin {
 

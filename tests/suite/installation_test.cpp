@@ -1,7 +1,7 @@
 #include "suite/dependency.h"
 #include "suite/menu_item.h"
 #include "suite/reg_entry.h"
-#include "testing/fake_platform.h"
+#include "testing/program_test.h"
 
 namespace trelin {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "testing/fake_platform.h"
+#include "testing/program_test.h"
 
 namespace trelin {
 namespace {

@@ -1,6 +1,6 @@
 #include "suite/reg_entry.h"
 
-#include "testing/fake_platform.h"
+#include "testing/program_test.h"
 
 namespace trelin {
 namespace {

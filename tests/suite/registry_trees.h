@@ -3,14 +3,14 @@
 #include <map>
 
 #include "suite/reg_entry.h"
-#include "testing/fake_platform.h"
+#include "testing/program_test.h"
 #include "tests/shared/registry_contract.h"
 
 namespace trelin {
 
 // The registry accessor's operations on trees, on every Registry. The tests
 // stand in reg_entry_trees_test.cpp; the accessor's root is the contract's key.
-class RegistryTrees : public RegistryContract, protected FakeProgram {
+class RegistryTrees : public RegistryContract, protected FakePlatform {
  protected:
   RegistryTrees() {
     UsePlatform({&registry_, &libraries, &system});

@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "seam/platform_error.h"
-#include "testing/fake_platform.h"
+#include "testing/program_test.h"
 #include "texts/error.h"
 
 namespace trelin {

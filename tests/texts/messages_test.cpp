@@ -5,7 +5,7 @@
 #include <limits>
 #include <stdexcept>
 
-#include "testing/fake_platform.h"
+#include "testing/program_test.h"
 #include "texts/numbers.h"
 #include "texts/string_resources.h"
 

@@ -1,7 +1,7 @@
 #include "texts/string_resources.h"
 
 #include "suite/reg_entry.h"
-#include "testing/fake_platform.h"
+#include "testing/program_test.h"
 
 namespace trelin {
 namespace {
