@@ -50,7 +50,7 @@ TEST(PictureFile, OfAnIconTheImageOfTheSizeAndMostColorsIsShown) {
   for (const auto& c : cases) EXPECT_EQ(ShownIcon(IconFile(c.images)), c.nShown) << &c - cases;
   const std::string sFile = IconFile({{16, 24}, {32, 24}});
   EXPECT_EQ(ShownIcon(sFile.substr(0, sFile.size() - 20)), 0) << "the other one is cut off";
-  for (const std::size_t nSize : {3, 30, 50})
+  for (const std::size_t nSize : {3U, 30U, 50U})
     EXPECT_THROW(ShownIcon(sFile.substr(0, nSize)), std::runtime_error) << nSize;
 }
 
