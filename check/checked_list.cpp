@@ -47,8 +47,8 @@ namespace {
 
 template <class Keys>
 std::vector<const char*> NamesOf(const Keys& keys) {
-  std::vector<const char*> names;
-  for (const auto& key : keys) names.push_back(key.pKey);
+  std::vector<const char*> names(keys.size());
+  std::transform(keys.begin(), keys.end(), names.begin(), [](const auto& key) { return key.pKey; });
   return names;
 }
 

@@ -68,7 +68,8 @@ IconImage ImageAt(std::string_view sBytes, std::size_t nPlace) {
 using Rank = std::tuple<int, std::int64_t, std::int64_t>;
 
 Rank RankOf(const IconImage& image) {
-  const auto lArea = std::int64_t{image.lWidth} * image.lHeight;
+  const auto side = [](std::uint32_t lSide) { return std::int64_t{std::min(lSide, 0xFFFFU)}; };
+  const std::int64_t lArea = side(image.lWidth) * side(image.lHeight);
   const auto lColors = -std::int64_t{image.lBits};
   if (image.lWidth == IconSide && image.lHeight == IconSide) return {0, 0, lColors};
   if (image.lWidth >= IconSide && image.lHeight >= IconSide) return {1, lArea, lColors};
