@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -15,6 +16,16 @@ enum class RegistryKey : std::int32_t {
 
 constexpr std::uint32_t RegistryReadWrite = 0x2001F;  // KEY_READ with KEY_WRITE
 constexpr std::uint32_t RegistryTypeText = 1;         // REG_SZ
+
+// The limits of a Windows registry, which every implementation keeps: the
+// characters of a key's name, those of a value's name, and how many levels deep a
+// key may lie, its hive being the first.
+constexpr std::size_t RegistryLongestKeyName = 255;
+constexpr std::size_t RegistryLongestValueName = 16383;
+constexpr std::size_t RegistryDeepestLevel = 512;
+
+// How many bytes of names and data the program reads at the most.
+constexpr std::uint32_t RegistryBufferBytes = 255;
 
 // Results of the operations below: 0 is success, everything else a failure.
 // Callers rely on no particular failure, but every implementation gives the

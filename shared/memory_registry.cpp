@@ -12,10 +12,6 @@ namespace trelin {
 
 namespace {
 
-constexpr std::size_t LongestKeyName = 255;
-constexpr std::size_t LongestValueName = 16383;
-constexpr std::size_t DeepestLevel = 512;
-
 const char* HiveName(RegistryKey hKey) {
   switch (static_cast<std::uint32_t>(hKey)) {
     case 0x80000000U:
@@ -95,7 +91,7 @@ std::int32_t MemoryRegistry::Walk(RegistryKey hParent, const std::string& sPath,
   node = handle.node;
   std::size_t nDepth = node->Depth();
   for (std::string_view sName; NextLevel(sRest, sName); ++nDepth) {  // to the end, which is checked
-    if (sName.size() > LongestKeyName || nDepth >= DeepestLevel) return RegistryInvalidParameter;
+    if (sName.size() > RegistryLongestKeyName || nDepth >= RegistryDeepestLevel) return RegistryInvalidParameter;
     if (node != nullptr) node = node->FindKey(sName);
   }
   return node == nullptr ? RegistryNotFound : RegistrySuccess;
@@ -180,7 +176,7 @@ std::int32_t MemoryRegistry::SetValue(RegistryKey hKey, const std::string& sName
   const std::int32_t lResult = ResolveForWriting(hKey, node);
   if (lResult != RegistrySuccess) return lResult;
   const std::string sStored(Name(sName));
-  if (sStored.size() > LongestValueName) return RegistryInvalidParameter;
+  if (sStored.size() > RegistryLongestValueName) return RegistryInvalidParameter;
   if (!refusedValues_.empty() && refusedValues_.contains(UpperCase1252(sStored)))
     return RegistryAccessDenied;
   node->SetValue(sStored, lType, std::string(pData, lSize));

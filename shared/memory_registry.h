@@ -23,10 +23,9 @@ constexpr std::int32_t RegistryBadPath = 161;          // ERROR_BAD_PATHNAME
 // refuse what a real registry refuses to users without the right.
 //
 // A path may end in backslashes, and several in a row count as one; one that
-// begins with a backslash is refused with RegistryBadPath. Names of keys with
-// more than 255 characters, names of values with more than 16,383 and keys
-// more than 512 levels deep are refused with RegistryInvalidParameter. A name
-// or path ends at its first NUL.
+// begins with a backslash is refused with RegistryBadPath. What goes beyond the
+// limits of registry.h is refused with RegistryInvalidParameter. A name or path
+// ends at its first NUL.
 class MemoryRegistry : public Registry {
  public:
   MemoryRegistry() : root_(RegistryNode::NewTree()) {}

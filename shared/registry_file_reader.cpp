@@ -37,10 +37,6 @@ namespace trelin {
 
 namespace {
 
-constexpr std::size_t LongestKeyName = 255;
-constexpr std::size_t LongestValueName = 16383;
-constexpr std::size_t DeepestLevel = 512;
-
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 
 int HexDigit(char c) {
@@ -134,14 +130,18 @@ class Reader {
   }
 
   void AddLevel(const std::string& sName, std::size_t nDepth) {
-    if (sName.size() > LongestKeyName) Fail("a key's name has more than 255 characters");
-    if (nDepth >= DeepestLevel) Fail("the key lies more than 512 levels deep");
+    if (sName.size() > RegistryLongestKeyName)
+      Fail("a key's name has more than " + std::to_string(RegistryLongestKeyName) + " characters");
+    if (nDepth >= RegistryDeepestLevel)
+      Fail("the key lies more than " + std::to_string(RegistryDeepestLevel) + " levels deep");
     key_ = &key_->AddKey(sName);
   }
 
   void ReadValue() {
     const std::string sName = Skip("@") ? "" : ReadQuoted();
-    if (sName.size() > LongestValueName) Fail("the value's name has more than 16383 characters");
+    if (sName.size() > RegistryLongestValueName)
+      Fail("the value's name has more than " + std::to_string(RegistryLongestValueName) +
+           " characters");
     SkipBlanks();
     if (!Skip("=")) Fail("an equals sign must follow the value's name");
     SkipBlanks();

@@ -12,9 +12,6 @@ namespace trelin {
 // Where the suite's keys lie, below HKEY_LOCAL_MACHINE.
 constexpr const char* SuiteRoot = "SOFTWARE\\Korvanta";
 
-// The rooms for names and data that are read: a NUL stands behind 255 bytes.
-constexpr std::uint32_t RegistryBufferBytes = 255;
-
 // Owns an open key and closes it at the end of its scope.
 class KeyHandle {
  public:
