@@ -5,7 +5,6 @@
 #include <fstream>
 #include <system_error>
 
-#include "seam/platform.h"
 #include "systems/host/host_path.h"
 #include "texts/string_resources.h"
 
@@ -29,7 +28,6 @@ void BenchFolder::Write(const std::string& sName, const std::string& sText) cons
 
 BenchPlatform::BenchPlatform() : system_(ProgramPath(folder / "")) {
   std::filesystem::copy_file(TRELIN_BUILD_DIR "/ENU35000.DLL", folder / "ENU35000.DLL");
-  UsePlatform({&registry, &libraries_, &system_});
   ResetStringResources();
   InitStringResources(1033);
 }

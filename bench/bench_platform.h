@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 
+#include "seam/platform.h"
 #include "systems/host/file_registry.h"
 #include "systems/host/host_string_library.h"
 #include "systems/host/host_system.h"
@@ -48,6 +49,7 @@ class BenchPlatform {
 
   BenchSystem system_;
   HostStringLibraryLoader libraries_;
+  const PlatformScope scope_{{&registry, &libraries_, &system_}};
 };
 
 }  // namespace trelin

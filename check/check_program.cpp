@@ -117,7 +117,7 @@ std::string SuiteFolder(const Options& options) {
 
 int RunChecks(const Options& options) {
   SuiteLibraries libraries(TheStringLibraries(), SuiteFolder(options));
-  UsePlatform({&TheRegistry(), &libraries, &TheSystem()});
+  const PlatformScope scope({&TheRegistry(), &libraries, &TheSystem()});
   OpenStringResources();
   const Results results = CheckWhatIsAsked(options);
   FreeResourceLibraries();

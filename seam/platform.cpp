@@ -1,12 +1,17 @@
 #include "seam/platform.h"
 
+#include <utility>
+
 namespace trelin {
 
 namespace {
 Platform current;
 }  // namespace
 
-void UsePlatform(const Platform& platform) { current = platform; }
+PlatformScope::PlatformScope(const Platform& platform)
+    : before_(std::exchange(current, platform)) {}
+
+PlatformScope::~PlatformScope() { current = before_; }
 
 Registry& TheRegistry() { return *current.registry; }
 

@@ -224,7 +224,6 @@ FakePlatform::FakePlatform() {
   texts[35042] = "Second line";
   libraries.Own() = texts;
 
-  UsePlatform({&registry, &libraries, &system});
   ResetStringResources();
   InitStringResources(1033);
 }

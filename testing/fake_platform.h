@@ -118,6 +118,7 @@ struct FakePlatform {
   FakeRegistry registry{faults};
   FakeLibraries libraries{faults};
   FakeSystem system{faults};
+  const PlatformScope scope{{&registry, &libraries, &system}};
 };
 
 }  // namespace trelin

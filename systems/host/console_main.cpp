@@ -39,7 +39,7 @@ int main(int argc, char** argv) {
     trelin::HostSystem system(argc, argv);
     trelin::MemoryRegistry registry;
     trelin::HostStringLibraryLoader libraries;
-    trelin::UsePlatform({&registry, &libraries, &system});
+    const trelin::PlatformScope scope({&registry, &libraries, &system});
     trelin::WithoutDisplay();
 
     std::vector<std::string> arguments;

@@ -39,7 +39,7 @@ int main(int argc, char** argv) {
 
     trelin::FileRegistry registry(trelin::FileRegistry::DefaultPath());
     trelin::HostStringLibraryLoader libraries;
-    trelin::UsePlatform({&registry, &libraries, &system});
+    const trelin::PlatformScope scope({&registry, &libraries, &system});
     trelin::Main();
     return trelin::ExitCode();
   } catch (const std::exception& error) {

@@ -22,7 +22,7 @@ int main(int argc, char** argv) {
     trelin::WindowsSystem system;
     trelin::MemoryRegistry registry;
     trelin::WindowsStringLibraryLoader libraries;
-    trelin::UsePlatform({&registry, &libraries, &system});
+    const trelin::PlatformScope scope({&registry, &libraries, &system});
     return trelin::RunCommand({argv + 1, argv + argc});
   } catch (const std::exception& error) {
     try {

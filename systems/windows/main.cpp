@@ -36,7 +36,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     trelin::WindowsRegistry registry;
     trelin::WindowsStringLibraryLoader libraries;
     trelin::WindowsSystem system;
-    trelin::UsePlatform({&registry, &libraries, &system});
+    const trelin::PlatformScope scope({&registry, &libraries, &system});
     trelin::Main();
     return trelin::ExitCode();
   } catch (const std::exception& error) {

@@ -81,7 +81,7 @@ bool ActAsInstaller(int argc, char** argv) {
   const std::unique_ptr<Registry> registry = RealRegistry(sFolder);
   RealLibraries libraries;
   RealSystem system;
-  UsePlatform({registry.get(), &libraries, &system});
+  const PlatformScope scope({registry.get(), &libraries, &system});
   for (int i = 0; i < Rewrites; i += RewritesAnInstallation) {
     Uninstall(sFolder);
     Install(sFolder);

@@ -34,7 +34,6 @@ class RecordingSystem : public RealSystem {
 class RealProgramWindow : public ::testing::Test {
  protected:
   RealProgramWindow() {
-    UsePlatform({registry.get(), &libraries, &system});
     folder.Write("ENU35000.DLL", FileBytes(TRELIN_BUILD_DIR "/ENU35000.DLL"));
     folder.Write("TRELIN.CFG", "BLOCK SETUPLIST\r\nBLOCK APPLICATION\r\nPRODUCT = A\r\nEND\r\nEND");
   }
@@ -62,6 +61,7 @@ class RealProgramWindow : public ::testing::Test {
   const std::unique_ptr<Registry> registry = RealRegistry(folder / "");
   RealLibraries libraries;
   RecordingSystem system{folder / ""};
+  const PlatformScope scope{{registry.get(), &libraries, &system}};
 };
 
 }  // namespace trelin

@@ -249,7 +249,7 @@ TEST_F(ListChecks, TheKnownKeysAreTheLaunchers) {
     }
     int nComplaints = 0;
   } counting;
-  UsePlatform({registry.get(), &libraries, &counting});
+  const PlatformScope scope({registry.get(), &libraries, &counting});
   constexpr std::array Openings = {"BLOCK SETUPLIST\n", "BLOCK APPLICATION\n",
                                    "BLOCK DEPENDENCY\n"};
   const auto complaints = [&](std::size_t nDepth, const std::string& sKey) {

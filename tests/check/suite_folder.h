@@ -19,7 +19,6 @@ namespace trelin {
 class CheckTest : public ::testing::Test {
  protected:
   CheckTest() {
-    UsePlatform({registry.get(), &libraries, &system});
     ResetStringResources();
     InitStringResources(1033);
     for (const char* pName : {"setup.exe", "readme.exe", "bad.bmp"}) folder.Write(pName, "MZ");
@@ -56,6 +55,7 @@ class CheckTest : public ::testing::Test {
   const std::unique_ptr<Registry> registry = RealRegistry(folder / "");
   RealLibraries libraries;
   BuildSystem system;
+  const PlatformScope scope{{registry.get(), &libraries, &system}};
 };
 
 // A list of these products; each begins in the line that follows the one

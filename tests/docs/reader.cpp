@@ -73,7 +73,7 @@ std::string WithBackslashes(std::string sPath) {
 int RunCommand(const std::vector<std::string>& arguments) {
   const auto registry = RealRegistry(Utf8Of(arguments.at(1)));
   WatchedSystem system;
-  UsePlatform({registry.get(), &TheStringLibraries(), &system});
+  const PlatformScope scope({registry.get(), &TheStringLibraries(), &system});
   ResetStringResources();
   InitStringResources(1033);
   try {

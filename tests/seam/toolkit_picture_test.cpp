@@ -47,7 +47,6 @@ std::string Icon() {
 
 class ToolkitWindowPicture : public testing::Test {
  protected:
-  ToolkitWindowPicture() { UsePlatform({nullptr, nullptr, &system}); }
   ~ToolkitWindowPicture() override { std::filesystem::remove(path); }
 
   Picture Load(const std::string& sBytes) const {
@@ -56,6 +55,7 @@ class ToolkitWindowPicture : public testing::Test {
   }
 
   RealSystem system;
+  const PlatformScope scope{{nullptr, nullptr, &system}};
   const std::filesystem::path path = std::filesystem::temp_directory_path() / "trelin-picture";
 };
 

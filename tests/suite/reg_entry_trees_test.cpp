@@ -283,7 +283,7 @@ class StrangeRegistry : public MemoryRegistry {
 
 TEST_F(ProgramTest, StrangeListsEndWithZero) {
   StrangeRegistry strange;
-  UsePlatform({&strange, &libraries, &system});
+  const PlatformScope scope({&strange, &libraries, &system});
   {
     RegEntry objReg;
     objReg.CreateKey("A");
@@ -300,7 +300,6 @@ TEST_F(ProgramTest, StrangeListsEndWithZero) {
     EXPECT_EQ(values[2].size(), 32768U) << "filled as far as 16 bits count";
   }
   EXPECT_EQ(strange.OpenHandles(), 0U);
-  UsePlatform({&registry, &libraries, &system});
 }
 
 }  // namespace

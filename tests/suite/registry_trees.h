@@ -12,10 +12,7 @@ namespace trelin {
 // stand in reg_entry_trees_test.cpp; the accessor's root is the contract's key.
 class RegistryTrees : public RegistryContract, protected FakePlatform {
  protected:
-  RegistryTrees() {
-    UsePlatform({&registry_, &libraries, &system});
-    objReg.SetDefaultRoot(Base);
-  }
+  RegistryTrees() { objReg.SetDefaultRoot(Base); }
 
   // Creates the key level by level: a long path is not taken everywhere.
   void Put(const std::string& sPath, const std::string& sName, const std::string& sData,
@@ -52,6 +49,7 @@ class RegistryTrees : public RegistryContract, protected FakePlatform {
     return sTree;
   }
 
+  const PlatformScope ofContract{{&registry_, &libraries, &system}};
   RegEntry objReg;
 };
 
