@@ -39,8 +39,9 @@ std::unique_ptr<RegistryNode> Read(std::string_view sFile) {
   try {
     return ReadRegistryText(sFile, FilePath);
   } catch (const PlatformError& error) {
-    CheckEqual(FilePath, error.Path(), "the error names the file");
-    Check(error.Reason().starts_with("line "), "the error names the line");
+    const std::string sBegin = std::string("Could not read the registry file \"") + FilePath;
+    Check(std::string(error.what()).starts_with(sBegin + "\": line "),
+          "the error names the file and the line");
     return nullptr;
   }
 }

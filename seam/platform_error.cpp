@@ -4,9 +4,6 @@ namespace trelin {
 
 PlatformError::PlatformError(const std::string& sOperation, const std::string& sPath,
                              const std::string& sReason)
-    : std::runtime_error("Could not " + sOperation + " \"" + sPath + "\": " + sReason + "."),
-      sOperation_(sOperation),
-      sPath_(sPath),
-      sReason_(sReason) {}
+    : std::runtime_error("Could not " + sOperation + " \"" + sPath + "\": " + sReason + ".") {}
 
 }  // namespace trelin

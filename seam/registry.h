@@ -27,9 +27,8 @@ constexpr std::size_t RegistryDeepestLevel = 512;
 // How many bytes of names and data the program reads at the most.
 constexpr std::uint32_t RegistryBufferBytes = 255;
 
-// Results of the operations below: 0 is success, everything else a failure.
-// Callers rely on no particular failure, but every implementation gives the
-// numbers that Windows gives.
+// Results of the operations below: 0 is success, everything else a failure, by
+// the numbers that Windows gives. Callers tell no failures apart but the last one.
 constexpr std::int32_t RegistrySuccess = 0;
 constexpr std::int32_t RegistryNotFound = 2;       // ERROR_FILE_NOT_FOUND
 constexpr std::int32_t RegistryAccessDenied = 5;   // ERROR_ACCESS_DENIED
@@ -38,14 +37,18 @@ constexpr std::int32_t RegistryMoreData = 234;     // ERROR_MORE_DATA
 constexpr std::int32_t RegistryNoMoreItems = 259;  // ERROR_NO_MORE_ITEMS
 constexpr std::int32_t RegistryKeyDeleted = 1018;  // ERROR_KEY_DELETED
 
+// The registry as a whole cannot be read or written, as when the file that holds
+// it is damaged: what was asked for may be there all the same, and Trouble says
+// what is wrong. Windows leaves the numbers with this bit to programs.
+constexpr std::int32_t RegistryUnusable = 0x20000000;
+
 // What the program needs of a Windows registry: the ten operations that its
 // registry accessor calls, with results, lengths and buffers as the ANSI
 // functions of advapi32 have them. Texts are in the system's ANSI code page,
 // lengths are bytes. Names of keys and values match in any letter case; a
-// path may hold backslashes.
-//
-// An operation may also throw a PlatformError when the registry as a whole
-// cannot be read or written (on the host: a damaged or locked registry file).
+// path may hold backslashes. Each operation gives one of the results above and
+// throws nothing but std::bad_alloc; where it fails, what it would put into its
+// arguments is not to be relied on.
 class Registry {
  public:
   virtual ~Registry() = default;
@@ -62,7 +65,7 @@ class Registry {
   virtual std::int32_t CreateKey(RegistryKey hParent, const std::string& sPath,
                                  std::uint32_t lAccess, RegistryKey& hKey) = 0;
 
-  // Throws nothing.
+  // Gives a handle back; a hive stays open. Throws nothing.
   virtual std::int32_t CloseKey(RegistryKey hKey) noexcept = 0;
 
   // Reads the data of the value sName (empty: the default value), whatever
@@ -76,6 +79,7 @@ class Registry {
   virtual std::int32_t SetValue(RegistryKey hKey, const std::string& sName, std::uint32_t lType,
                                 const char* pData, std::uint32_t lSize) = 0;
 
+  // Removes the value sName. Fails when it is missing.
   virtual std::int32_t DeleteValue(RegistryKey hKey, const std::string& sName) = 0;
 
   // Copies the NUL-terminated name of the subkey at lIndex (from 0, in no
@@ -100,6 +104,10 @@ class Registry {
   // on success; a key without a default value gives the empty text.
   virtual std::int32_t QueryDefault(RegistryKey hKey, const std::string& sName, char* pData,
                                     std::int32_t& lSize) = 0;
+
+  // Why the last operation whose result was RegistryUnusable gave it: a sentence
+  // for the user. Empty in a registry that never gives it.
+  virtual std::string Trouble() const { return ""; }
 };
 
 }  // namespace trelin

@@ -12,6 +12,11 @@ namespace trelin {
 // Where the suite's keys lie, below HKEY_LOCAL_MACHINE.
 constexpr const char* SuiteRoot = "SOFTWARE\\Korvanta";
 
+// Whether an operation of the registry in use has succeeded, by its result. Throws
+// PlatformError with its Trouble for RegistryUnusable: a registry that cannot be
+// read is not to look like one in which something is missing.
+bool Succeeded(std::int32_t lResult);
+
 // Owns an open key and closes it at the end of its scope.
 class KeyHandle {
  public:

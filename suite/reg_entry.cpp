@@ -12,7 +12,7 @@ namespace {
 KeyHandle OpenOrCreateLevel(RegistryKey hParent, const std::string& sLevel, TextNumber lTemplate) {
   if (KeyHandle key = TryOpen(hParent, sLevel); key.IsOpen()) return key;
   RegistryKey hKey = RegistryKey::None;
-  if (TheRegistry().CreateKey(hParent, sLevel, RegistryReadWrite, hKey) == RegistrySuccess)
+  if (Succeeded(TheRegistry().CreateKey(hParent, sLevel, RegistryReadWrite, hKey)))
     return KeyHandle(hKey);
   throw Error(5000, "RegEntry.CreateInternal", FormatResourceString(lTemplate, sLevel));
 }
@@ -77,8 +77,8 @@ void RegEntry::SetString(const std::string& sName, const std::string& sValue) {
   if (!currentKey_.IsOpen()) return;
   if (sValue.empty()) return DeleteValue(sName);
   const auto lSize = static_cast<std::uint32_t>(sValue.size());
-  if (TheRegistry().SetValue(currentKey_.Get(), sName, RegistryTypeText, sValue.data(), lSize) !=
-      RegistrySuccess)
+  if (!Succeeded(
+          TheRegistry().SetValue(currentKey_.Get(), sName, RegistryTypeText, sValue.data(), lSize)))
     throw Error(5002, "RegEntry.SetValue",
                 FormatResourceString(TextNumber::ValueNotWritten, sName));
 }
@@ -88,7 +88,7 @@ void RegEntry::SetBoolean(const std::string& sName, bool bValue) {
 }
 
 void RegEntry::DeleteValue(const std::string& sName) {
-  if (currentKey_.IsOpen()) TheRegistry().DeleteValue(currentKey_.Get(), sName);
+  if (currentKey_.IsOpen()) Succeeded(TheRegistry().DeleteValue(currentKey_.Get(), sName));
 }
 
 }  // namespace trelin

@@ -29,7 +29,7 @@ Error NotCreated(const std::string& sKey) {
 // Enumerates a subkey into a buffer of NULs.
 bool EnumKey(RegistryKey hKey, std::uint32_t lIndex, Buffer& name) {
   name.fill('\0');
-  return TheRegistry().EnumKey(hKey, lIndex, name.data(), RegistryBufferBytes) == RegistrySuccess;
+  return Succeeded(TheRegistry().EnumKey(hKey, lIndex, name.data(), RegistryBufferBytes));
 }
 
 // The text before the first NUL; nothing when there is none.
@@ -54,8 +54,8 @@ std::optional<EnumeratedValue> ValueAt(RegistryKey hKey, std::uint32_t lIndex) {
   Buffer data{};
   std::uint32_t lNameSize = RegistryBufferBytes;
   std::uint32_t lDataSize = RegistryBufferBytes;
-  if (TheRegistry().EnumValue(hKey, lIndex, name.data(), lNameSize, data.data(), lDataSize) !=
-      RegistrySuccess)
+  if (!Succeeded(
+          TheRegistry().EnumValue(hKey, lIndex, name.data(), lNameSize, data.data(), lDataSize)))
     return std::nullopt;
   return EnumeratedValue{{name.data(), lNameSize}, {data.data(), lDataSize}};
 }
@@ -63,8 +63,9 @@ std::optional<EnumeratedValue> ValueAt(RegistryKey hKey, std::uint32_t lIndex) {
 void CopyValues(RegistryKey hDestination, RegistryKey hSource) {
   for (std::uint32_t lIndex = 0; auto value = ValueAt(hSource, lIndex); ++lIndex) {
     if (value->sName.ends_with('\0')) value->sName.pop_back();
-    TheRegistry().SetValue(hDestination, value->sName, RegistryTypeText, value->sData.data(),
-                           static_cast<std::uint32_t>(value->sData.size()));
+    Succeeded(TheRegistry().SetValue(hDestination, value->sName, RegistryTypeText,
+                                     value->sData.data(),
+                                     static_cast<std::uint32_t>(value->sData.size())));
   }
 }
 
@@ -76,7 +77,7 @@ KeyHandle OpenSubkey(RegistryKey hParent, const std::string& sKey) {
 
 KeyHandle CreateSubkey(RegistryKey hParent, const std::string& sKey) {
   RegistryKey hKey = RegistryKey::None;
-  if (TheRegistry().CreateKey(hParent, sKey, RegistryReadWrite, hKey) != RegistrySuccess)
+  if (!Succeeded(TheRegistry().CreateKey(hParent, sKey, RegistryReadWrite, hKey)))
     throw NotCreated(sKey);
   return KeyHandle(hKey);
 }
@@ -135,7 +136,7 @@ std::optional<std::string> ClassesDefault(const std::string& sParent, const std:
     const KeyHandle key = OpenInternal(RegistryKey::ClassesRoot, sParent + sKey);
     Buffer data{};
     std::int32_t lSize = RegistryBufferBytes;
-    if (TheRegistry().QueryDefault(key.Get(), sSubkey, data.data(), lSize) != RegistrySuccess)
+    if (!Succeeded(TheRegistry().QueryDefault(key.Get(), sSubkey, data.data(), lSize)))
       return std::nullopt;
     return std::string(data.data(), static_cast<std::size_t>(lSize) - 1);
   } catch (...) {
@@ -177,7 +178,7 @@ void RegEntry::DeleteKey(const std::string& sKey) const {
 void RegEntry::DeleteInternal(RegistryKey lParentKey, const std::string& sKey) {
   if (MeansItsParent(sKey)) throw NotOpened(sKey);
   DeleteSubkeys(OpenSubkey(lParentKey, sKey).Get());  // closed again before it goes
-  TheRegistry().DeleteKey(lParentKey, sKey);
+  Succeeded(TheRegistry().DeleteKey(lParentKey, sKey));
 }
 
 std::int16_t RegEntry::Query(std::vector<std::string>& colKeys) const {

@@ -65,15 +65,27 @@ class FakeSearch : public FileSearch {
 
 }  // namespace
 
+// The result of a call that fails; nothing when it goes on.
+std::optional<std::int32_t> FakeRegistry::Fault(const std::string& sOperation,
+                                                const std::string& sArgument,
+                                                std::int32_t lRefused) {
+  try {
+    return faults_.Fails(sOperation, sArgument, "RBM") ? std::optional(lRefused) : std::nullopt;
+  } catch (const PlatformError& error) {
+    sTrouble_ = error.what();
+    return RegistryUnusable;
+  }
+}
+
 std::int32_t FakeRegistry::OpenKey(RegistryKey hParent, const std::string& sPath,
                                    std::uint32_t lAccess, RegistryKey& hKey) {
-  if (faults_.Fails("OpenKey", sPath, "RBM")) return RegistryAccessDenied;
+  if (const auto lFault = Fault("OpenKey", sPath, RegistryAccessDenied)) return *lFault;
   return MemoryRegistry::OpenKey(hParent, sPath, lAccess, hKey);
 }
 
 std::int32_t FakeRegistry::CreateKey(RegistryKey hParent, const std::string& sPath,
                                      std::uint32_t lAccess, RegistryKey& hKey) {
-  if (faults_.Fails("CreateKey", sPath, "RBM")) return RegistryAccessDenied;
+  if (const auto lFault = Fault("CreateKey", sPath, RegistryAccessDenied)) return *lFault;
   return MemoryRegistry::CreateKey(hParent, sPath, lAccess, hKey);
 }
 
@@ -85,42 +97,44 @@ std::int32_t FakeRegistry::CloseKey(RegistryKey hKey) noexcept {
 
 std::int32_t FakeRegistry::QueryValue(RegistryKey hKey, const std::string& sName, char* pData,
                                       std::uint32_t& lSize) {
-  if (faults_.Fails("QueryValue", sName, "RBM")) return RegistryMoreData;
+  if (const auto lFault = Fault("QueryValue", sName, RegistryMoreData)) return *lFault;
   return MemoryRegistry::QueryValue(hKey, sName, pData, lSize);
 }
 
 std::int32_t FakeRegistry::SetValue(RegistryKey hKey, const std::string& sName, std::uint32_t lType,
                                     const char* pData, std::uint32_t lSize) {
-  if (faults_.Fails("SetValue", sName, "RBM")) return RegistryAccessDenied;
+  if (const auto lFault = Fault("SetValue", sName, RegistryAccessDenied)) return *lFault;
   return MemoryRegistry::SetValue(hKey, sName, lType, pData, lSize);
 }
 
 std::int32_t FakeRegistry::DeleteValue(RegistryKey hKey, const std::string& sName) {
-  if (faults_.Fails("DeleteValue", sName, "RBM")) return RegistryAccessDenied;
+  if (const auto lFault = Fault("DeleteValue", sName, RegistryAccessDenied)) return *lFault;
   return MemoryRegistry::DeleteValue(hKey, sName);
 }
 
 std::int32_t FakeRegistry::EnumKey(RegistryKey hKey, std::uint32_t lIndex, char* pName,
                                    std::uint32_t lSize) {
-  if (faults_.Fails("EnumKey", std::to_string(lIndex), "RBM")) return RegistryMoreData;
+  if (const auto lFault = Fault("EnumKey", std::to_string(lIndex), RegistryMoreData))
+    return *lFault;
   return MemoryRegistry::EnumKey(hKey, lIndex, pName, lSize);
 }
 
 std::int32_t FakeRegistry::EnumValue(RegistryKey hKey, std::uint32_t lIndex, char* pName,
                                      std::uint32_t& lNameSize, char* pData,
                                      std::uint32_t& lDataSize) {
-  if (faults_.Fails("EnumValue", std::to_string(lIndex), "RBM")) return RegistryMoreData;
+  if (const auto lFault = Fault("EnumValue", std::to_string(lIndex), RegistryMoreData))
+    return *lFault;
   return MemoryRegistry::EnumValue(hKey, lIndex, pName, lNameSize, pData, lDataSize);
 }
 
 std::int32_t FakeRegistry::DeleteKey(RegistryKey hParent, const std::string& sName) {
-  if (faults_.Fails("DeleteKey", sName, "RBM")) return RegistryAccessDenied;
+  if (const auto lFault = Fault("DeleteKey", sName, RegistryAccessDenied)) return *lFault;
   return MemoryRegistry::DeleteKey(hParent, sName);
 }
 
 std::int32_t FakeRegistry::QueryDefault(RegistryKey hKey, const std::string& sName, char* pData,
                                         std::int32_t& lSize) {
-  if (faults_.Fails("QueryDefault", sName, "RBM")) return RegistryMoreData;
+  if (const auto lFault = Fault("QueryDefault", sName, RegistryMoreData)) return *lFault;
   return MemoryRegistry::QueryDefault(hKey, sName, pData, lSize);
 }
 

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,9 +33,14 @@ class FakeRegistry : public MemoryRegistry {
   std::int32_t DeleteKey(RegistryKey hParent, const std::string& sName) override;
   std::int32_t QueryDefault(RegistryKey hKey, const std::string& sName, char* pData,
                             std::int32_t& lSize) override;
+  std::string Trouble() const override { return sTrouble_; }
 
  private:
+  std::optional<std::int32_t> Fault(const std::string& sOperation, const std::string& sArgument,
+                                    std::int32_t lRefused);
+
   Faults& faults_;
+  std::string sTrouble_;
 };
 
 // Libraries by their full path. A text is what the maps hold.

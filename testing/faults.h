@@ -12,7 +12,7 @@ class Faults {
  public:
   // The kinds of failure.
   static constexpr char Result = 'R';    // the result that means failure
-  static constexpr char Broken = 'B';    // a PlatformError
+  static constexpr char Broken = 'B';    // a PlatformError, or RegistryUnusable
   static constexpr char NoMemory = 'M';  // std::bad_alloc
 
   // What fails after the first call that does.

@@ -13,7 +13,8 @@ namespace {
 void Write(const std::string& sText, std::FILE* pOutput) {
   const bool bWritten = std::fwrite(sText.data(), 1, sText.size(), pOutput) == sText.size() &&
                         std::fflush(pOutput) == 0;
-  if (!bWritten) throw HostError("write to", "the standard output", errno);
+  if (!bWritten)
+    throw PlatformError("Could not write to the standard output: " + SystemReason(errno) + ".");
 }
 
 }  // namespace

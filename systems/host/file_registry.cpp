@@ -8,6 +8,8 @@
 #include <string_view>
 #include <thread>
 
+#include "seam/platform_error.h"
+#include "shared/at_exit.h"
 #include "shared/registry_file.h"
 #include "systems/host/host_path.h"
 
@@ -41,12 +43,23 @@ std::string FileRegistry::DefaultPath() {
   return (sData.starts_with('/') ? sData : HomeFolder() + "/.local/share") + "/trelin/registry.reg";
 }
 
-void FileRegistry::Refresh() {
-  if (!bSettled_ || store_.Stamp() != stamp_)
-    Load();
-  else if (fault_)
-    throw PlatformError(*fault_);
+// The three of them return whether the memory holds what the file holds: as it is
+// now, when it is read anew, and when it was read last.
+
+bool FileRegistry::Refresh() { return bSettled_ && store_.Stamp() == stamp_ ? !bDamaged_ : Load(); }
+
+bool FileRegistry::Load() {
+  try {
+    if (auto tree = ReadTree()) memory_.ReplaceTree(std::move(tree));
+    bDamaged_ = false;
+  } catch (const PlatformError& error) {
+    sTrouble_ = error.what();
+    bDamaged_ = true;
+  }
+  return !bDamaged_;
 }
+
+bool FileRegistry::Loaded() { return nReads_ == 0 ? Load() : !bDamaged_; }
 
 // Who does not put a whole new file in the place of the old one, as some
 // editors, leaves it damaged or missing for a moment: it is read again until
@@ -54,7 +67,7 @@ void FileRegistry::Refresh() {
 // memory holds.
 std::unique_ptr<RegistryNode> FileRegistry::ReadTree() {
   const bool bThere = stamp_.nInode != 0;
-  const int nTries = fault_ ? 1 : MostTries;
+  const int nTries = bDamaged_ ? 1 : MostTries;
   for (int nTry = 1;; ++nTry) {
     bSettled_ = false;
     ++nReads_;
@@ -89,29 +102,14 @@ std::unique_ptr<RegistryNode> FileRegistry::Parse(const std::string& sBytes) {
   return tree;
 }
 
-void FileRegistry::Load() {
-  try {
-    if (auto tree = ReadTree()) memory_.ReplaceTree(std::move(tree));
-    fault_.reset();
-  } catch (const PlatformError& error) {
-    fault_ = error;
-    throw;
-  }
-}
-
-MemoryRegistry& FileRegistry::Loaded() {
-  if (nReads_ == 0) Load();
-  if (fault_) throw PlatformError(*fault_);
-  return memory_;
-}
-
 // Under the lock, applies the change to the file's newest state and saves it.
 std::int32_t FileRegistry::Write(const std::function<std::int32_t()>& change) {
   if (!bWritable_) return RegistryAccessDenied;
   std::int32_t lResult = RegistrySuccess;
   const FileDescriptor lock = store_.Lock(lResult);
+  if (lResult == RegistryUnusable) sTrouble_ = store_.LockTrouble();
   if (lResult != RegistrySuccess) return lResult;
-  Refresh();
+  if (!Refresh()) return RegistryUnusable;
   if (!bWritable_) return RegistryAccessDenied;
   sKnown_.reset();
   lResult = change();
@@ -119,18 +117,15 @@ std::int32_t FileRegistry::Write(const std::function<std::int32_t()>& change) {
   bSettled_ = false;  // until the change is saved
   std::string sBytes = WriteRegistryText(memory_.Tree());
   lResult = store_.Replace(sBytes, stamp_);
-  if (lResult != RegistrySuccess) {
-    Load();
-  } else {
-    bSettled_ = stamp_.Settled();
-    sKnown_ = std::move(sBytes);
-  }
-  return lResult;
+  if (lResult != RegistrySuccess) return Load() ? lResult : RegistryUnusable;
+  bSettled_ = stamp_.Settled();
+  sKnown_ = std::move(sBytes);
+  return RegistrySuccess;
 }
 
 std::int32_t FileRegistry::OpenKey(RegistryKey hParent, const std::string& sPath,
                                    std::uint32_t lAccess, RegistryKey& hKey) {
-  Refresh();
+  if (!Refresh()) return RegistryUnusable;
   RegistryKey hOpened = RegistryKey::None;
   const std::int32_t lResult = memory_.OpenKey(hParent, sPath, lAccess, hOpened);
   if (lResult != RegistrySuccess) return lResult;
@@ -148,22 +143,17 @@ std::int32_t FileRegistry::CreateKey(RegistryKey hParent, const std::string& sPa
   if (lResult != RegistryNotFound) return lResult;
   if (HasLineBreak(sPath)) return RegistryInvalidParameter;
   RegistryKey hCreated = RegistryKey::None;
-  try {
-    lResult = Write([&] { return memory_.CreateKey(hParent, sPath, lAccess, hCreated); });
-  } catch (...) {
-    memory_.CloseKey(hCreated);
-    throw;
-  }
-  if (lResult == RegistrySuccess)
-    hKey = hCreated;
-  else
-    memory_.CloseKey(hCreated);
+  const AtExit close([&] {
+    if (lResult != RegistrySuccess) memory_.CloseKey(hCreated);
+  });
+  lResult = Write([&] { return memory_.CreateKey(hParent, sPath, lAccess, hCreated); });
+  if (lResult == RegistrySuccess) hKey = hCreated;
   return lResult;
 }
 
 std::int32_t FileRegistry::QueryValue(RegistryKey hKey, const std::string& sName, char* pData,
                                       std::uint32_t& lSize) {
-  return Loaded().QueryValue(hKey, sName, pData, lSize);
+  return Loaded() ? memory_.QueryValue(hKey, sName, pData, lSize) : RegistryUnusable;
 }
 
 // In the three operations below, what changes nothing is left to the memory,
@@ -171,7 +161,7 @@ std::int32_t FileRegistry::QueryValue(RegistryKey hKey, const std::string& sName
 
 std::int32_t FileRegistry::SetValue(RegistryKey hKey, const std::string& sName, std::uint32_t lType,
                                     const char* pData, std::uint32_t lSize) {
-  Refresh();
+  if (!Refresh()) return RegistryUnusable;
   const auto change = [&] { return memory_.SetValue(hKey, sName, lType, pData, lSize); };
   const RegistryNode* node = memory_.Find(hKey);
   if (node == nullptr) return change();
@@ -182,7 +172,7 @@ std::int32_t FileRegistry::SetValue(RegistryKey hKey, const std::string& sName, 
 }
 
 std::int32_t FileRegistry::DeleteValue(RegistryKey hKey, const std::string& sName) {
-  Refresh();
+  if (!Refresh()) return RegistryUnusable;
   const auto change = [&] { return memory_.DeleteValue(hKey, sName); };
   const RegistryNode* node = memory_.Find(hKey);
   if (node == nullptr || node->FindValue(sName.c_str()) == nullptr) return change();
@@ -190,7 +180,7 @@ std::int32_t FileRegistry::DeleteValue(RegistryKey hKey, const std::string& sNam
 }
 
 std::int32_t FileRegistry::DeleteKey(RegistryKey hParent, const std::string& sName) {
-  Refresh();
+  if (!Refresh()) return RegistryUnusable;
   const auto change = [&] { return memory_.DeleteKey(hParent, sName); };
   const RegistryNode* node = memory_.Find(hParent, sName);
   if (node == nullptr || node->KeyCount() > 0) return change();
@@ -199,18 +189,19 @@ std::int32_t FileRegistry::DeleteKey(RegistryKey hParent, const std::string& sNa
 
 std::int32_t FileRegistry::EnumKey(RegistryKey hKey, std::uint32_t lIndex, char* pName,
                                    std::uint32_t lSize) {
-  return Loaded().EnumKey(hKey, lIndex, pName, lSize);
+  return Loaded() ? memory_.EnumKey(hKey, lIndex, pName, lSize) : RegistryUnusable;
 }
 
 std::int32_t FileRegistry::EnumValue(RegistryKey hKey, std::uint32_t lIndex, char* pName,
                                      std::uint32_t& lNameSize, char* pData,
                                      std::uint32_t& lDataSize) {
-  return Loaded().EnumValue(hKey, lIndex, pName, lNameSize, pData, lDataSize);
+  return Loaded() ? memory_.EnumValue(hKey, lIndex, pName, lNameSize, pData, lDataSize)
+                  : RegistryUnusable;
 }
 
 std::int32_t FileRegistry::QueryDefault(RegistryKey hKey, const std::string& sName, char* pData,
                                         std::int32_t& lSize) {
-  return Loaded().QueryDefault(hKey, sName, pData, lSize);
+  return Loaded() ? memory_.QueryDefault(hKey, sName, pData, lSize) : RegistryUnusable;
 }
 
 }  // namespace trelin

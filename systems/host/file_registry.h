@@ -7,7 +7,6 @@
 #include <optional>
 #include <string>
 
-#include "seam/platform_error.h"
 #include "shared/memory_registry.h"
 #include "systems/host/registry_store.h"
 
@@ -27,13 +26,13 @@ namespace trelin {
 // RegistryInvalidParameter. A file that may not be written refuses its keys to
 // everyone who opens them for writing.
 //
-// A change throws PlatformError, and changes nothing, when others hold the
+// A change gives RegistryUnusable, and changes nothing, when others hold the
 // file's lock for five seconds.
 //
-// While the file cannot be read or is damaged, every operation except
-// CloseKey throws PlatformError, and the file is left alone. As somebody may be
-// in the middle of writing it, a file is read again for a tenth of a second
-// before it counts as damaged or as gone.
+// While the file cannot be read or is damaged, every operation except CloseKey
+// gives RegistryUnusable, and the file is left alone. As somebody may be in the
+// middle of writing it, a file is read again for a tenth of a second before it
+// counts as damaged or as gone.
 class FileRegistry : public Registry {
  public:
   // sPath: a path of this system.
@@ -60,22 +59,24 @@ class FileRegistry : public Registry {
   std::int32_t DeleteKey(RegistryKey hParent, const std::string& sName) override;
   std::int32_t QueryDefault(RegistryKey hKey, const std::string& sName, char* pData,
                             std::int32_t& lSize) override;
+  std::string Trouble() const override { return sTrouble_; }
 
   std::size_t OpenHandles() const { return memory_.OpenHandles(); }
   std::size_t Reads() const { return nReads_; }    // how often the file was read,
   std::size_t Parses() const { return nParses_; }  // and how often it was another
 
  private:
-  void Refresh();
-  void Load();
+  bool Refresh();
+  bool Load();
+  bool Loaded();
   std::unique_ptr<RegistryNode> ReadTree();
   std::unique_ptr<RegistryNode> Parse(const std::string& sBytes);
-  MemoryRegistry& Loaded();  // throws while the file is damaged
   std::int32_t Write(const std::function<std::int32_t()>& change);
 
   RegistryStore store_;
   MemoryRegistry memory_;
-  std::optional<PlatformError> fault_;  // why memory_ is not what the file holds
+  bool bDamaged_ = false;  // memory_ is not what the file holds
+  std::string sTrouble_;   // the last one
   FileStamp stamp_;
   bool bSettled_ = false;              // an equal stamp means an unchanged file
   std::optional<std::string> sKnown_;  // what memory_ holds, as long as it is not settled

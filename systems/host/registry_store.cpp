@@ -91,6 +91,8 @@ int TakeLock(int hFile) {
   return 0;
 }
 
+std::string LockPath(const std::string& sTarget) { return sTarget + ".lock"; }
+
 // The file that a symbolic link finally names, whether it exists or not.
 std::string LinkTarget(const std::string& sPath) {
   std::filesystem::path path = sPath;
@@ -149,16 +151,24 @@ FileDescriptor RegistryStore::Lock(std::int32_t& lResult) const {
   const std::filesystem::path target = LinkTarget(sPath_);
   std::error_code error;
   std::filesystem::create_directories(target.parent_path(), error);
-  const std::string sLock = target.string() + ".lock";
+  const std::string sLock = LockPath(target.string());
   FileDescriptor lock(open(sLock.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0666));
   const int nReason = lock.Get() < 0 ? errno : TakeLock(lock.Get());
-  if (nReason == EWOULDBLOCK)
-    throw PlatformError(
-        "write the registry file", ShownPath(target.string()),
-        "another program holds its lock, the file \"" + ShownPath(sLock) +
-            "\"; please wait until that program has ended, or end it, and try again");
-  lResult = nReason == 0 ? RegistrySuccess : WriteResult(error ? error.value() : nReason);
+  if (nReason == 0)
+    lResult = RegistrySuccess;
+  else
+    lResult =
+        nReason == EWOULDBLOCK ? RegistryUnusable : WriteResult(error ? error.value() : nReason);
   return lock;
+}
+
+std::string RegistryStore::LockTrouble() const {
+  const std::string sTarget = LinkTarget(sPath_);
+  return PlatformError("write the registry file", ShownPath(sTarget),
+                       "another program holds its lock, the file \"" +
+                           ShownPath(LockPath(sTarget)) +
+                           "\"; please wait until that program has ended, or end it, and try again")
+      .what();
 }
 
 std::int32_t RegistryStore::Replace(const std::string& sBytes, FileStamp& stamp) const {

@@ -20,6 +20,7 @@ class RegistryStore {
     bool bWritable = true;
   };
 
+  // sPath: a path of this system, full or from the current folder on.
   explicit RegistryStore(const std::string& sPath);
 
   const std::string& Path() const { return sPath_; }
@@ -32,10 +33,11 @@ class RegistryStore {
   Content Read() const;
 
   // Waits until no other writer holds the lock and takes it until it is
-  // destroyed. The lock is a file beside the registry's, which stays. lResult
-  // is a result of the registry's operations. Throws PlatformError when others
-  // hold it for five seconds.
+  // destroyed. The lock is a file beside the registry's, which stays. lResult is a
+  // result of the registry's operations: RegistryUnusable when others hold it for
+  // five seconds, which LockTrouble tells the user.
   FileDescriptor Lock(std::int32_t& lResult) const;
+  std::string LockTrouble() const;
 
   // Puts a new file in the place of the old one, with its mode; whoever reads
   // finds the whole old one or the whole new one. Only under the lock.

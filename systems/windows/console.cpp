@@ -46,7 +46,9 @@ void Write(const std::string& sUtf8, DWORD lOutput) {
   } else {
     bWritten = WriteBytes(hOutput, sUtf8);
   }
-  if (!bWritten) throw WindowsError("write to", "the standard output");
+  if (!bWritten)
+    throw PlatformError("Could not write to the standard output: " + SystemReason(GetLastError()) +
+                        ".");
 }
 
 }  // namespace
