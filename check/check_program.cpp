@@ -106,8 +106,7 @@ void OpenStringResources() {
   ResetStringResources();
   InitStringResources(LocaleId);
   if (GetResourceLibrary(static_cast<std::int32_t>(TextNumber::Missing)) == 0)
-    throw PlatformError("open the string library",
-                        InFolder(TheSystem().ProgramFolder(), LibraryName),
+    throw PlatformError("open the string library", ProgramFile(LibraryName),
                         "it is missing or damaged; it belongs into the folder of trelin-check");
 }
 

@@ -2,6 +2,7 @@
 
 #include "seam/platform.h"
 #include "shared/registry_key.h"
+#include "texts/paths.h"
 
 namespace trelin {
 
@@ -11,8 +12,8 @@ LibraryHandle LoadInstallationLibrary(const std::string& sFileName) {
   const KeyHandle settings =
       TryOpen(RegistryKey::LocalMachine, std::string(SuiteRoot) + "\\Tessaron\\Settings");
   if (!settings.IsOpen()) return 0;
-  const std::string sFolder = ReadText(settings.Get(), "InstallDirectory") + "\\Bin\\";
-  return TheStringLibraries().Load(sFolder + sFileName);
+  const std::string sFolder = ReadText(settings.Get(), "InstallDirectory") + "\\Bin";
+  return TheStringLibraries().Load(InFolder(sFolder, sFileName));
 }
 
 }  // namespace trelin

@@ -5,17 +5,25 @@
 
 namespace trelin {
 
-void AddBackslash(std::string& sFolder) {
-  const std::string_view sTrimmed = TrimRight(sFolder);
-  if (sTrimmed.ends_with('\\')) return;
-  sFolder.resize(sTrimmed.size());
-  sFolder += '\\';
+std::string InFolder(const std::string& sFolder, const std::string& sFile) {
+  return sFolder + (sFolder.ends_with('\\') ? "" : "\\") + sFile;
+}
+
+std::string ProgramFile(const std::string& sFile) {
+  return InFolder(TheSystem().ProgramFolder(), sFile);
 }
 
 std::string JoinPath(const std::string& sFolder, const std::string& sFile) {
   std::string sPath(TrimSpaces(sFolder));
   AddBackslash(sPath);
   return sPath.append(TrimSpaces(sFile));
+}
+
+void AddBackslash(std::string& sFolder) {
+  const std::string_view sTrimmed = TrimRight(sFolder);
+  if (sTrimmed.ends_with('\\')) return;
+  sFolder.resize(sTrimmed.size());
+  sFolder += '\\';
 }
 
 bool FileExists(const std::string& sPath) {
@@ -29,14 +37,6 @@ bool FileExists(const std::string& sPath) {
   } catch (...) {
     return false;
   }
-}
-
-std::string InFolder(const std::string& sFolder, const std::string& sFile) {
-  return sFolder + (sFolder.ends_with('\\') ? "" : "\\") + sFile;
-}
-
-std::string ProgramFile(const std::string& sFile) {
-  return InFolder(TheSystem().ProgramFolder(), sFile);
 }
 
 }  // namespace trelin

@@ -44,9 +44,7 @@ std::string LibraryFileName(std::int32_t lId) {
 }
 
 LibraryHandle LoadLibraryFile(const std::string& sFileName) {
-  std::string sFolder = TheSystem().ProgramFolder();
-  AddBackslash(sFolder);
-  const LibraryHandle hLibrary = TheStringLibraries().Load(sFolder + sFileName);
+  const LibraryHandle hLibrary = TheStringLibraries().Load(ProgramFile(sFileName));
   return hLibrary != 0 ? hLibrary : LoadInstallationLibrary(sFileName);
 }
 
