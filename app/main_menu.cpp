@@ -46,17 +46,32 @@ frmMainMenu::frmMainMenu(std::string sSourceFolder)
   Timer1.SetInterval(2500);
   LayOutButtons();
   LayOutList();
+  SetTabOrder();
   ConnectEvents();
+}
+
+std::array<frmMainMenu::MenuButton, 3> frmMainMenu::Buttons() {
+  return {{{cmdSetup, TextNumber::SetupButton, &frmMainMenu::cmdSetup_Click},
+           {cmdReadMe, TextNumber::ReadMeButton, &frmMainMenu::cmdReadMe_Click},
+           {cmdExit, TextNumber::ExitButton, &frmMainMenu::cmdExit_Click}}};
+}
+
+void frmMainMenu::LayOutButtons() {
+  Twips top = 120;
+  for (const MenuButton& row : Buttons()) {
+    row.button.SetBounds(7200, top, 1125, 345);
+    top += 390;
+  }
+  cmdSetup.SetDefault();
+  cmdExit.SetCancel();
 }
 
 void frmMainMenu::LayOutList() {
   picList.SetBounds(75, 120, 6975, 5820);
   picList.SetBorder(BoxBorder::Sunken);
-  picList.SetTabIndex(3);
   picList.SetRole(BoxRole::List);
   picList.SetTabStop(false);  // it is covered by its rows, to which Tab goes
   VScroll.SetBounds(6660, 0, 255, 5760);
-  VScroll.SetTabIndex(4);
   for (std::int16_t i = 0; i < Rows; ++i) LayOutRow(i);
 }
 
@@ -66,23 +81,19 @@ void frmMainMenu::LayOutRow(std::int16_t Index) {
   picIcon[Index].SetRole(BoxRole::Button);
   picListItem[Index].SetVisible(false);
   picListItem[Index].SetBounds(0, 1440.0F * static_cast<Twips>(Index), 6645, 1440);
-  picListItem[Index].SetTabIndex(static_cast<std::int16_t>(5 + Index));
   picIcon[Index].SetBounds(120, 120, 1365, 1185);
-  picIcon[Index].SetTabIndex(static_cast<std::int16_t>(9 + Index));
   LayOut(lblTitle[Index], TitlePlace, rise);
   LayOut(lblDescription[Index], DescriptionPlace, rise);
   LayOut(lblStatus[Index], StatusPlace, rise);
 }
 
-void frmMainMenu::LayOutButtons() {
-  cmdSetup.SetBounds(7200, 120, 1125, 345);
-  cmdSetup.SetDefault();
-  cmdSetup.SetTabIndex(0);
-  cmdReadMe.SetBounds(7200, 510, 1125, 345);
-  cmdReadMe.SetTabIndex(1);
-  cmdExit.SetBounds(7200, 900, 1125, 345);
-  cmdExit.SetCancel();
-  cmdExit.SetTabIndex(2);
+void frmMainMenu::SetTabOrder() {
+  std::int16_t nIndex = 0;
+  for (const MenuButton& row : Buttons()) row.button.SetTabIndex(nIndex++);
+  picList.SetTabIndex(nIndex++);
+  VScroll.SetTabIndex(nIndex++);
+  for (PictureBox& picBox : picListItem) picBox.SetTabIndex(nIndex++);
+  for (PictureBox& picBox : picIcon) picBox.SetTabIndex(nIndex++);
 }
 
 void frmMainMenu::ConnectEvents() {
@@ -92,9 +103,8 @@ void frmMainMenu::ConnectEvents() {
   picList.OnKey = [this](BoxKey key) { picList_Key(key); };
   VScroll.OnChange = [this] { VScroll_Change(); };
   VScroll.OnScroll = [this] { VScroll_Scroll(); };
-  cmdSetup.OnClick = [this] { cmdSetup_Click(); };
-  cmdReadMe.OnClick = [this] { cmdReadMe_Click(); };
-  cmdExit.OnClick = [this] { cmdExit_Click(); };
+  for (const MenuButton& row : Buttons())
+    row.button.OnClick = [this, click = row.click] { (this->*click)(); };
   Timer1.OnTimer = [this] { Timer1_Timer(); };
 }
 
@@ -124,9 +134,7 @@ bool frmMainMenu::Initialize() {
 void frmMainMenu::Form_Load() {
   SetCaption(LoadResourceString(TextNumber::MenuCaption));
   picList.SetAccessibleName(Caption());
-  cmdSetup.SetCaption(LoadResourceString(TextNumber::SetupButton));
-  cmdReadMe.SetCaption(LoadResourceString(TextNumber::ReadMeButton));
-  cmdExit.SetCaption(LoadResourceString(TextNumber::ExitButton));
+  for (const MenuButton& row : Buttons()) row.button.SetCaption(LoadResourceString(row.caption));
   model_->Load();
   for (PictureBox& picBox : picListItem) picBox.SetBorder(BoxBorder::None);
   for (PictureBox& picBox : picIcon) picBox.SetBorder(BoxBorder::None);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -10,6 +11,7 @@
 #include "seam/toolkit.h"
 #include "suite/list_model.h"
 #include "suite/setup_list.h"
+#include "texts/text_number.h"
 
 namespace trelin {
 
@@ -46,9 +48,16 @@ class frmMainMenu : public Form {
 
  private:
   // main_menu.cpp: layout, opening and closing.
+  struct MenuButton {
+    Button& button;
+    TextNumber caption;
+    void (frmMainMenu::*click)();
+  };
+  std::array<MenuButton, 3> Buttons();  // from the top down, as Tab goes through them
+  void LayOutButtons();
   void LayOutList();
   void LayOutRow(std::int16_t Index);
-  void LayOutButtons();
+  void SetTabOrder();
   void ConnectEvents();
   void ConnectRowEvents(std::int16_t Index);
   void Form_Load();
