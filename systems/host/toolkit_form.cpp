@@ -40,7 +40,8 @@ FormWidget::FormWidget(Form& form, FormBorder border, bool bShowInTaskbar, QSize
     : QWidget(nullptr, Flags(bShowInTaskbar)), form_(form), bShowInTaskbar_(bShowInTaskbar) {
   border == FormBorder::FixedSingle ? setFixedSize(client) : resize(client);
   connect(qApp, &QApplication::focusChanged, this, [this] {
-    if (default_) default_->update();  // it is drawn as default while it answers Enter
+    if (QWidget* pDefault = buttons_.Default())
+      pDefault->update();  // it is drawn as default while it answers Enter
   });
 }
 
@@ -93,18 +94,21 @@ bool FormWidget::eventFilter(QObject* /*pObject*/, QEvent* pEvent) {
 
 void FormWidget::keyPressEvent(QKeyEvent* pEvent) { AnswerKey(*pEvent); }
 
-// A key that is held down answers once: a window that has just opened must
-// not take the rest for an answer of its own.
 bool FormWidget::AnswerKey(const QKeyEvent& event) {
   if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0)
     return false;
+  using Key = decltype(buttons_)::Key;
+  const auto press = [&](Key key) {
+    QPushButton* const pButton = buttons_.Pressed(key, FocusedButton(), event.isAutoRepeat());
+    if (pButton != nullptr) pButton->click();
+  };
   switch (event.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (QPushButton* pButton = EnterButton(); pButton && !event.isAutoRepeat()) pButton->click();
+      press(Key::Enter);
       return true;
     case Qt::Key_Escape:
-      if (cancel_ && !event.isAutoRepeat()) cancel_->click();
+      press(Key::Escape);
       return true;
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
@@ -117,13 +121,10 @@ bool FormWidget::AnswerKey(const QKeyEvent& event) {
   }
 }
 
-QPushButton* FormWidget::EnterButton() const {
-  auto* pFocused = qobject_cast<QPushButton*>(focusWidget());
-  return pFocused != nullptr ? pFocused : default_.data();
-}
+QPushButton* FormWidget::FocusedButton() const { return qobject_cast<QPushButton*>(focusWidget()); }
 
 bool FormWidget::AnswersEnter(const QPushButton& button) const {
-  return button.isEnabled() && EnterButton() == &button;
+  return button.isEnabled() && buttons_.EnterButton(FocusedButton()) == &button;
 }
 
 QWidget* FormWidget::NextStop(const QWidget* pFocused, bool bNext) const {

@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include "seam/toolkit.h"
+#include "shared/key_buttons.h"
 #include "systems/host/toolkit_loop.h"
 
 namespace trelin {
@@ -37,8 +38,8 @@ class FormWidget : public QWidget {
   void ShowFocus(bool bShow);
   bool ShowsFocus() const { return bShowsFocus_; }
 
-  void SetDefault(QPushButton& button) { default_ = &button; }
-  void SetCancel(QPushButton& button) { cancel_ = &button; }
+  void SetDefault(QPushButton& button) { buttons_.SetDefault(button); }
+  void SetCancel(QPushButton& button) { buttons_.SetCancel(button); }
   bool AnswersEnter(const QPushButton& button) const;
 
   bool eventFilter(QObject* pObject, QEvent* pEvent) override;
@@ -50,7 +51,7 @@ class FormWidget : public QWidget {
 
  private:
   bool AnswerKey(const QKeyEvent& event);
-  QPushButton* EnterButton() const;
+  QPushButton* FocusedButton() const;
   // Where Tab leads, or null; from no control, the first.
   QWidget* NextStop(const QWidget* pFocused, bool bNext) const;
   void Open();
@@ -61,8 +62,7 @@ class FormWidget : public QWidget {
   bool bLoaded_ = false;
   bool bShowsFocus_ = false;
   WindowLoop* loop_ = nullptr;  // while shown
-  QPointer<QPushButton> default_;
-  QPointer<QPushButton> cancel_;
+  KeyButtons<QPushButton, QPointer<QPushButton>> buttons_;
   QPointer<QWidget> wanted_;  // takes the focus when the window is shown
 };
 

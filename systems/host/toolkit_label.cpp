@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "shared/modal_loop.h"
+#include "shared/tooltip_text.h"
 #include "systems/host/toolkit_font.h"
 #include "systems/host/toolkit_measure.h"
 #include "systems/host/toolkit_native.h"
@@ -50,7 +51,7 @@ class LabelWidget : public QLabel {
 
  private:
   void ShowTooltip(const QPoint& point) {
-    if (label_.OnMouseDown && !LinesIn(text(), font(), size()).bWhole)
+    if (HasTooltip(LinesIn(text(), font(), size()), label_.OnMouseDown))
       QToolTip::showText(point, TooltipText(), this, rect());
     else
       QToolTip::hideText();
@@ -58,8 +59,11 @@ class LabelWidget : public QLabel {
 
   // As rich text: Qt would look for tags in a plain one.
   QString TooltipText() const {
-    const QSize room(width(), screen()->size().height() / 2);
-    const std::u16string sShown = LinesIn(text(), QToolTip::font(), room).Joined();
+    const auto linesIn = [this](int nHeight) {
+      return LinesIn(text(), QToolTip::font(), QSize(width(), nHeight));
+    };
+    const std::u16string sShown =
+        TooltipText(screen()->size().height(), std::u16string::npos, linesIn);
     return Qt::convertFromPlainText(QString::fromStdU16String(sShown), Qt::WhiteSpacePre);
   }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "seam/toolkit.h"
+#include "shared/key_buttons.h"
 #include "systems/windows/toolkit_loop.h"
 #include "systems/windows/toolkit_native.h"
 
@@ -45,9 +46,9 @@ class FormWindow : public NativeWindow {
   void ShowFocus(bool bShow);
   bool ShowsFocus() const { return bShowsFocus_; }
 
-  void SetDefault(ButtonWindow& button) { default_ = &button; }
-  void SetCancel(ButtonWindow& button) { cancel_ = &button; }
-  void Forget(const ButtonWindow& button);
+  void SetDefault(ButtonWindow& button) { buttons_.SetDefault(button); }
+  void SetCancel(ButtonWindow& button) { buttons_.SetCancel(button); }
+  void Forget(const ButtonWindow& button) { buttons_.Forget(button); }
   void ShowDefaultButton();  // the one that answers Enter is drawn as such
 
   // Whether the message was a key or a turn of the wheel that the form answers.
@@ -69,8 +70,8 @@ class FormWindow : public NativeWindow {
   // Where Tab leads, or null; from no control, the first.
   ControlWindow* NextStop(HWND hFocused, bool bNext) const;
   void MoveFocus(bool bNext);
-  ButtonWindow* EnterButton() const;
-  bool AnswerKeyDown(WPARAM key);
+  ButtonWindow* FocusedButton() const;
+  bool AnswerKeyDown(WPARAM key, bool bRepeated);
   bool AnswerAccessKey(WPARAM character);
   void Tick(WPARAM id);
   void ChangeDpi(UINT dpi, const RECT* pPlace);
@@ -85,8 +86,7 @@ class FormWindow : public NativeWindow {
   bool bLoaded_ = false;
   bool bShowsFocus_ = false;
   WindowLoop* loop_ = nullptr;  // while shown
-  ButtonWindow* default_ = nullptr;
-  ButtonWindow* cancel_ = nullptr;
+  KeyButtons<ButtonWindow> buttons_;
   HWND hFocus_ = nullptr;  // the control that has the focus while the window is active
   std::set<Timer::Native*> timers_;
 };

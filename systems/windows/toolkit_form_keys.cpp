@@ -35,16 +35,14 @@ void RefreshBox(HWND hControl) {
 
 }  // namespace
 
-// A key that is held down answers once: a window that has just opened must not
-// take the rest for an answer of its own. The characters of keys that have been
-// answered lead nowhere.
+// The characters of keys that have been answered lead nowhere.
 bool FormWindow::AnswerKey(UINT message, WPARAM wParam, LPARAM lParam) {
   const bool bRepeated = (HIWORD(lParam) & KF_REPEAT) != 0;
   switch (message) {
     case WM_KEYDOWN: {
       const bool bAnswered = wParam == VK_RETURN || wParam == VK_ESCAPE || wParam == VK_TAB;
       if (!bAnswered || GetKeyState(VK_CONTROL) < 0) return false;
-      return (bRepeated && wParam != VK_TAB) || AnswerKeyDown(wParam);
+      return AnswerKeyDown(wParam, bRepeated);
     }
     case WM_CHAR:
       return wParam == '\r' || wParam == '\x1B' || wParam == '\t';
@@ -55,12 +53,14 @@ bool FormWindow::AnswerKey(UINT message, WPARAM wParam, LPARAM lParam) {
   }
 }
 
-bool FormWindow::AnswerKeyDown(WPARAM key) {
+bool FormWindow::AnswerKeyDown(WPARAM key, bool bRepeated) {
+  using Key = decltype(buttons_)::Key;
   if (key == VK_TAB) {
     ShowFocus(true);
     MoveFocus(GetKeyState(VK_SHIFT) >= 0);
     if (BoxWindow* pBox = BoxOf(hFocus_)) pBox->DispatchKey(BoxKey::Reach);
-  } else if (ButtonWindow* pButton = key == VK_RETURN ? EnterButton() : cancel_) {
+  } else if (ButtonWindow* pButton = buttons_.Pressed(key == VK_RETURN ? Key::Enter : Key::Escape,
+                                                      FocusedButton(), bRepeated)) {
     pButton->Click();
   }
   return true;
@@ -93,22 +93,16 @@ bool FormWindow::AnswerWheel(HWND hReceiver, WPARAM wParam, LPARAM lParam) {
   return false;
 }
 
-ButtonWindow* FormWindow::EnterButton() const {
-  auto* pFocused = dynamic_cast<ButtonWindow*>(hFocus_ != nullptr ? Of(hFocus_) : nullptr);
-  return pFocused != nullptr ? pFocused : default_;
+ButtonWindow* FormWindow::FocusedButton() const {
+  return dynamic_cast<ButtonWindow*>(hFocus_ != nullptr ? Of(hFocus_) : nullptr);
 }
 
 void FormWindow::ShowDefaultButton() {
-  const ButtonWindow* const pEnter = EnterButton();
+  const ButtonWindow* const pEnter = buttons_.EnterButton(FocusedButton());
   for (ControlWindow* pControl : Controls()) {
     if (auto* pButton = dynamic_cast<ButtonWindow*>(pControl))
       pButton->ShowAsDefault(pButton == pEnter && IsWindowEnabled(pButton->Handle()));
   }
-}
-
-void FormWindow::Forget(const ButtonWindow& button) {
-  if (default_ == &button) default_ = nullptr;
-  if (cancel_ == &button) cancel_ = nullptr;
 }
 
 std::vector<ControlWindow*> FormWindow::Controls() const {

@@ -2,6 +2,7 @@
 #include <optional>
 #include <utility>
 
+#include "shared/tooltip_text.h"
 #include "systems/windows/toolkit_accessible.h"
 #include "systems/windows/toolkit_box.h"
 #include "systems/windows/toolkit_form.h"
@@ -97,7 +98,7 @@ void LabelWindow::Paint() {
   int nTop = 0;
   const std::string sText = WindowCaption(Handle());
   const LabelLines shown = LinesIn(sText, hContext, size);
-  SetTooltip(shown.bWhole ? "" : sText);
+  SetTooltip(HasTooltip(shown, label_.OnMouseDown) ? sText : "");
   for (const std::u16string& sLine : shown.lines) {
     TextOutW(hContext, 0, nTop, Wide(sLine), static_cast<int>(sLine.size()));
     nTop += LineHeight(hContext);

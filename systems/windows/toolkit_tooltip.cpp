@@ -3,6 +3,7 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include "shared/tooltip_text.h"
 #include "systems/windows/toolkit_text_fit.h"
 
 namespace trelin {
@@ -10,6 +11,9 @@ namespace trelin {
 namespace {
 
 constexpr int LongestShownMilliseconds = 30000;
+
+// Of a text with more characters the system would cut the end off.
+constexpr std::size_t LongestTooltip = INFOTIPSIZE - 1;
 
 TTTOOLINFOW Tool(HWND hWindow) {
   TTTOOLINFOW tool{};
@@ -38,14 +42,9 @@ Tooltip::Tooltip(HWND hWindow)
   SendMessageA(hTooltip, TTM_SETDELAYTIME, TTDT_AUTOPOP, LongestShownMilliseconds);
 }
 
-// Of a longer text than that the system would cut the end off.
 void Tooltip::SetText(const std::string& sText) {
-  std::u16string sShown;
-  int nHeight = GetSystemMetrics(SM_CYSCREEN) / 2;
-  do {
-    sShown = Lines(sText, nHeight).Joined();
-    nHeight -= nHeight / 8;
-  } while (sShown.size() >= INFOTIPSIZE);
+  std::u16string sShown = TooltipText(GetSystemMetrics(SM_CYSCREEN), LongestTooltip,
+                                      [&](int nHeight) { return Lines(sText, nHeight); });
   TTTOOLINFOW tool = Tool(hWindow_);
   tool.lpszText = reinterpret_cast<wchar_t*>(sShown.data());
   SendMessageA(tooltip_.get(), TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
