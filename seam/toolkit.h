@@ -79,9 +79,7 @@ class Control {
   Twips Height() const;
 
   void SetVisible(bool bVisible);
-  bool Visible() const;
   void SetEnabled(bool bEnabled);
-  bool Enabled() const;
 
   // The control's place in the order that Tab follows, from 0. A control
   // without one is passed over.
@@ -242,7 +240,6 @@ class TextBox : public Control {
   explicit TextBox(Form& form);
 
   void SetText(const std::string& sText);
-  std::string Text() const;
 };
 
 // A vertical scroll bar. The wheel turned over its container moves it by its
@@ -256,9 +253,7 @@ class ScrollBar : public Control {
   void SetMax(std::int16_t nMax);
   void SetSmallChange(std::int16_t nChange);
   void SetLargeChange(std::int16_t nChange);
-  std::int16_t Min() const;
   std::int16_t Max() const;
-  std::int16_t SmallChange() const;
   std::int16_t LargeChange() const;
   void SetValue(std::int16_t nValue);  // raises OnChange when it is another one
   std::int16_t Value() const;

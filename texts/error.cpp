@@ -18,13 +18,13 @@ ErrorReport CurrentError() {
   try {
     throw;
   } catch (const Error& error) {
-    return {error.Number(), error.Source(), error.Description()};
+    return {error.Source(), error.Description()};
   } catch (const std::bad_alloc&) {
-    return {0, ProgramName, "There is not enough memory to go on."};
+    return {ProgramName, "There is not enough memory to go on."};
   } catch (const std::exception& error) {
-    return {0, ProgramName, error.what()};
+    return {ProgramName, error.what()};
   } catch (...) {
-    return {0, ProgramName, "An error of an unknown kind has occurred."};
+    return {ProgramName, "An error of an unknown kind has occurred."};
   }
 }
 

@@ -27,7 +27,6 @@ class Error : public std::exception {
 
 // What the outermost level shows of an error of whatever type.
 struct ErrorReport {
-  std::int32_t lNumber = 0;  // 0: none of the program's own errors
   std::string sSource;
   std::string sDescription;
 };

@@ -28,13 +28,7 @@ Twips Control::Height() const { return TwipsY(native_->widget->frameGeometry().h
 
 void Control::SetVisible(bool bVisible) { native_->widget->setVisible(bVisible); }
 
-bool Control::Visible() const { return !native_->widget->isHidden(); }
-
 void Control::SetEnabled(bool bEnabled) { native_->widget->setEnabled(bEnabled); }
-
-bool Control::Enabled() const {
-  return native_->widget->isEnabledTo(native_->widget->parentWidget());
-}
 
 void Control::SetTabIndex(std::int16_t nIndex) {
   native_->area->setProperty(TabIndexProperty, static_cast<int>(nIndex));

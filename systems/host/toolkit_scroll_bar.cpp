@@ -80,11 +80,7 @@ void ScrollBar::SetSmallChange(std::int16_t nChange) { ScrollOf(*this).setSingle
 
 void ScrollBar::SetLargeChange(std::int16_t nChange) { ScrollOf(*this).setPageStep(nChange); }
 
-std::int16_t ScrollBar::Min() const { return ToInt16(ScrollOf(*this).minimum()); }
-
 std::int16_t ScrollBar::Max() const { return ToInt16(ScrollOf(*this).maximum()); }
-
-std::int16_t ScrollBar::SmallChange() const { return ToInt16(ScrollOf(*this).singleStep()); }
 
 std::int16_t ScrollBar::LargeChange() const { return ToInt16(ScrollOf(*this).pageStep()); }
 

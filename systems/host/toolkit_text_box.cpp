@@ -26,8 +26,4 @@ TextBox::TextBox(Form& form)
 
 void TextBox::SetText(const std::string& sText) { EditOf(*this).setPlainText(ToQString(sText)); }
 
-std::string TextBox::Text() const {
-  return FromQString(EditOf(*this).toPlainText().replace('\n', "\r\n"));
-}
-
 }  // namespace trelin

@@ -14,10 +14,6 @@ FormWindow& FormAbove(NativeWindow& container) {
   return static_cast<ControlWindow&>(container).Form();  // cppcheck-suppress returnTempReference
 }
 
-bool HasStyle(const Control& control, LONG_PTR style) {
-  return (GetWindowLongPtrA(control.Get().Handle(), GWL_STYLE) & style) != 0;
-}
-
 ControlWindow& ControlOf(const Control& control) {
   return static_cast<ControlWindow&>(*control.Get().window);
 }
@@ -118,15 +114,11 @@ void Control::SetVisible(bool bVisible) {
   ShowWindow(native_->Handle(), bVisible ? SW_SHOWNA : SW_HIDE);
 }
 
-bool Control::Visible() const { return HasStyle(*this, WS_VISIBLE); }
-
 void Control::SetEnabled(bool bEnabled) {
   EnableWindow(native_->Handle(), bEnabled);
   if (!bEnabled) FormAbove(*native_->window).LeaveControl(native_->Handle());
   FormAbove(*native_->window).ShowDefaultButton();
 }
-
-bool Control::Enabled() const { return !HasStyle(*this, WS_DISABLED); }
 
 void Control::SetTabIndex(std::int16_t nIndex) { ControlOf(*this).SetTabIndex(nIndex); }
 

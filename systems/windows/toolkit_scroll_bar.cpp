@@ -130,11 +130,7 @@ void ScrollBar::SetSmallChange(std::int16_t nChange) { ScrollOf(*this).SetSmallC
 
 void ScrollBar::SetLargeChange(std::int16_t nChange) { ScrollOf(*this).SetLargeChange(nChange); }
 
-std::int16_t ScrollBar::Min() const { return ToInt16(ScrollOf(*this).Min()); }
-
 std::int16_t ScrollBar::Max() const { return ToInt16(ScrollOf(*this).Max()); }
-
-std::int16_t ScrollBar::SmallChange() const { return ToInt16(ScrollOf(*this).SmallChange()); }
 
 std::int16_t ScrollBar::LargeChange() const { return ToInt16(ScrollOf(*this).LargeChange()); }
 

@@ -24,9 +24,7 @@ class ScrollWindow : public ControlWindow {
   void SetMax(int nMax);
   void SetSmallChange(int nChange) { nSmallChange_ = nChange; }
   void SetLargeChange(int nChange);
-  int Min() const { return nMin_; }
   int Max() const { return nMax_; }
-  int SmallChange() const { return nSmallChange_; }
   int LargeChange() const { return nLargeChange_; }
   int Value() const { return nValue_; }
 

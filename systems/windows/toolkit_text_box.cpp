@@ -32,6 +32,4 @@ TextBox::TextBox(Form& form)
 
 void TextBox::SetText(const std::string& sText) { SetWindowCaption(native_->Handle(), sText); }
 
-std::string TextBox::Text() const { return WindowCaption(native_->Handle()); }
-
 }  // namespace trelin
