@@ -22,8 +22,11 @@ namespace trelin {
 
 using Twips = float;
 
-// With the top bit set, the system colour whose index is the low byte;
-// otherwise red in the low byte, then green, then blue.
+constexpr float TwipsPerInch = 1440;
+
+// With this bit set, the system colour whose index is the low byte; otherwise red in
+// the low byte, then green, then blue.
+constexpr std::uint32_t SystemColorBit = 0x80000000U;
 enum class Color : std::uint32_t {
   Cyan = 0x00FFFF00,
   ListMask = 0x00C0C0C0,  // RGB(192, 192, 192)

@@ -10,9 +10,6 @@ namespace trelin {
 
 namespace {
 
-constexpr double TwipsPerInch = 1440;
-constexpr std::uint32_t SystemColorBit = 0x80000000U;
-
 // The classic system colours as 0xRRGGBB, by index.
 constexpr std::array<QRgb, 25> SystemColors = {
     0xD4D0C8, 0x3A6EA5, 0x0A246A, 0x808080, 0xD4D0C8,  // scroll bar to menu

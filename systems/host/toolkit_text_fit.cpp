@@ -14,7 +14,6 @@ namespace {
 
 constexpr float UsualDpi = 96;
 constexpr float PointsPerInch = 72;
-constexpr float TwipsPerInch = 1440;
 
 // Halves the range in which the answer lies.
 std::size_t CountFittingIn(const QFontMetrics& metrics, const QString& text, int nWidth) {

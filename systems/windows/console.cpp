@@ -5,27 +5,11 @@
 #include <string>
 
 #include "systems/windows/windows_error.h"
+#include "systems/windows/windows_text.h"
 
 namespace trelin {
 
 namespace {
-
-std::wstring ToWide(const std::string& sText, UINT codePage) {
-  const auto nLength = static_cast<int>(sText.size());
-  const int nSize = MultiByteToWideChar(codePage, 0, sText.data(), nLength, nullptr, 0);
-  std::wstring sWide(static_cast<std::size_t>(nSize), L'\0');
-  MultiByteToWideChar(codePage, 0, sText.data(), nLength, sWide.data(), nSize);
-  return sWide;
-}
-
-std::string ToUtf8(const std::wstring& sWide) {
-  const auto nLength = static_cast<int>(sWide.size());
-  const int nSize =
-      WideCharToMultiByte(CP_UTF8, 0, sWide.data(), nLength, nullptr, 0, nullptr, nullptr);
-  std::string sText(static_cast<std::size_t>(nSize), '\0');
-  WideCharToMultiByte(CP_UTF8, 0, sWide.data(), nLength, sText.data(), nSize, nullptr, nullptr);
-  return sText;
-}
 
 bool WriteBytes(HANDLE hOutput, const std::string& sText) {
   DWORD lWritten = 0;
@@ -55,7 +39,7 @@ void Write(const std::string& sUtf8, DWORD lOutput) {
 
 std::string WrittenByUser(const std::string& sPath) { return sPath; }
 
-std::string Utf8Of(const std::string& sText) { return ToUtf8(ToWide(sText, CP_ACP)); }
+std::string Utf8Of(const std::string& sText) { return FromWide(ToWide(sText), CP_UTF8); }
 
 void WriteOutput(const std::string& sUtf8) { Write(sUtf8, STD_OUTPUT_HANDLE); }
 

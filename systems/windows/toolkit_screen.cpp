@@ -7,9 +7,6 @@ namespace trelin {
 
 namespace {
 
-constexpr float TwipsPerInch = 1440;
-constexpr std::uint32_t SystemColorBit = 0x80000000U;
-
 UINT DeviceDpi() {
   const HDC hScreen = GetDC(nullptr);
   const int nDpi = GetDeviceCaps(hScreen, LOGPIXELSX);

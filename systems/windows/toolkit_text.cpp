@@ -1,5 +1,7 @@
 #include "systems/windows/toolkit_text.h"
 
+#include "systems/windows/windows_text.h"
+
 namespace trelin {
 
 void SetWindowCaption(HWND hWindow, const std::string& sText) {
@@ -13,12 +15,8 @@ std::string WindowCaption(HWND hWindow) {
 }
 
 std::u16string ToUtf16(const std::string& sText) {
-  const auto nBytes = static_cast<int>(sText.size());
-  std::u16string sWide(sText.size(), u'\0');  // no character is shorter in bytes
-  const int nLength = MultiByteToWideChar(CP_ACP, 0, sText.data(), nBytes,
-                                          reinterpret_cast<wchar_t*>(sWide.data()), nBytes);
-  sWide.resize(static_cast<std::size_t>(nLength));
-  return sWide;
+  const std::wstring sWide = ToWide(sText);
+  return {sWide.begin(), sWide.end()};
 }
 
 }  // namespace trelin

@@ -39,21 +39,12 @@ LibraryHandle WindowsStringLibraryLoader::Load(const std::string& sPath) {
   if (sFull.empty() || !IsSound(sFull)) return 0;
   ModuleOwner module(LoadLibraryExA(
       sFull.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE_EXCLUSIVE | LOAD_LIBRARY_AS_IMAGE_RESOURCE));
-  if (!module) return 0;
-
-  libraries_.emplace(++hLast_, std::move(module));
-  return hLast_;
+  return module ? Keep(std::move(module)) : 0;
 }
 
-void WindowsStringLibraryLoader::Free(LibraryHandle hLibrary) { libraries_.erase(hLibrary); }
-
-std::int32_t WindowsStringLibraryLoader::LoadText(LibraryHandle hLibrary, std::int32_t lId,
+std::int32_t WindowsStringLibraryLoader::CopyText(ModuleOwner& module, std::uint16_t nId,
                                                   char* pBuffer, std::int32_t lSize) {
-  if (lSize <= 0) return 0;
-  pBuffer[0] = '\0';
-  const auto library = libraries_.find(hLibrary);
-  if (library == libraries_.end()) return 0;
-  return LoadStringA(library->second.get(), static_cast<std::uint16_t>(lId), pBuffer, lSize);
+  return LoadStringA(module.get(), nId, pBuffer, lSize);
 }
 
 }  // namespace trelin

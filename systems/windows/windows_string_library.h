@@ -3,11 +3,10 @@
 #include <windows.h>
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <string>
 
-#include "seam/string_library.h"
+#include "shared/library_table.h"
 
 namespace trelin {
 
@@ -18,18 +17,13 @@ using ModuleOwner = std::unique_ptr<HINSTANCE__, ModuleCloser>;
 
 // Has the system load the libraries as data: nothing in them runs, whatever
 // processor they are for. The file of a loaded library stays open.
-class WindowsStringLibraryLoader : public StringLibraryLoader {
+class WindowsStringLibraryLoader : public LibraryTable<ModuleOwner> {
  public:
   LibraryHandle Load(const std::string& sPath) override;
-  void Free(LibraryHandle hLibrary) override;
 
-  // As the system has it, only the low 16 bits of lId count.
-  std::int32_t LoadText(LibraryHandle hLibrary, std::int32_t lId, char* pBuffer,
+ protected:
+  std::int32_t CopyText(ModuleOwner& module, std::uint16_t nId, char* pBuffer,
                         std::int32_t lSize) override;
-
- private:
-  LibraryHandle hLast_ = 0;  // no handle is given out twice
-  std::map<LibraryHandle, ModuleOwner> libraries_;
 };
 
 }  // namespace trelin

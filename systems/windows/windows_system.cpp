@@ -9,6 +9,7 @@
 #include "systems/windows/message_box.h"
 #include "systems/windows/windows_files.h"
 #include "systems/windows/windows_process.h"
+#include "systems/windows/windows_text.h"
 
 namespace trelin {
 
@@ -27,23 +28,6 @@ std::wstring WideRunningProgram() {
   }
 }
 
-std::string ToAnsi(const std::wstring& sText) {
-  const auto nLength = static_cast<int>(sText.size());
-  const int nSize =
-      WideCharToMultiByte(CP_ACP, 0, sText.data(), nLength, nullptr, 0, nullptr, nullptr);
-  std::string sAnsi(static_cast<std::size_t>(nSize), '\0');
-  WideCharToMultiByte(CP_ACP, 0, sText.data(), nLength, sAnsi.data(), nSize, nullptr, nullptr);
-  return sAnsi;
-}
-
-std::wstring FromAnsi(const std::string& sAnsi) {
-  const auto nLength = static_cast<int>(sAnsi.size());
-  std::wstring sText(sAnsi.size(), L'\0');
-  const int nSize = MultiByteToWideChar(CP_ACP, 0, sAnsi.data(), nLength, sText.data(), nLength);
-  sText.resize(static_cast<std::size_t>(nSize));
-  return sText;
-}
-
 // The root of a drive keeps its backslash.
 std::wstring FolderOf(const std::wstring& sPath) {
   const std::size_t nName = sPath.rfind(L'\\') + 1;
@@ -53,8 +37,8 @@ std::wstring FolderOf(const std::wstring& sPath) {
 
 std::string FindProgramFolder() {
   const std::wstring sFolder = FolderOf(WideRunningProgram());
-  const std::string sPath = ToAnsi(sFolder);
-  if (FromAnsi(sPath) != sFolder) {
+  const std::string sPath = FromWide(sFolder);
+  if (ToWide(sPath) != sFolder) {
     throw PlatformError("find the program's own folder", sPath,
                         "its name holds characters that the program cannot use");
   }
@@ -68,7 +52,7 @@ std::string FindProgramFolder() {
 
 }  // namespace
 
-std::string RunningProgram() { return ToAnsi(WideRunningProgram()); }
+std::string RunningProgram() { return FromWide(WideRunningProgram()); }
 
 std::string WindowsSystem::ProgramFolder() {
   if (sProgramFolder_.empty()) sProgramFolder_ = FindProgramFolder();
@@ -79,7 +63,7 @@ std::string WindowsSystem::ProgramFolder() {
 // may be that of another folder.
 std::string WindowsSystem::CommandLineText() {
   std::string sText = TextAfterProgram(GetCommandLineA());
-  if (!std::wstring_view(GetCommandLineW()).ends_with(FromAnsi(sText))) {
+  if (!std::wstring_view(GetCommandLineW()).ends_with(ToWide(sText))) {
     throw PlatformError("use the folder on the command line", sText,
                         "its name holds characters that the program cannot use");
   }
