@@ -10,7 +10,8 @@ namespace trelin {
 
 namespace {
 
-// From a certain step of Form_Load on, a step that fails is passed over.
+// For the steps that bring products into view: one that fails is left out, and the
+// menu opens all the same.
 void IgnoringErrors(const std::function<void()>& step) {
   try {
     step();

@@ -24,8 +24,8 @@ bool StartProgram(const std::string& sCommandLine) {
   }
 }
 
-// The same. The folder is taken as it stands: its quotation marks would end those
-// around the installer, and another program would be meant.
+// The same for an installer. Its path is put into quotation marks; such marks in the
+// folder would end them early, and another program would be meant.
 bool StartInstaller(const std::string& sFolder, const std::string& sInstaller) {
   if (sFolder.find('"') == std::string::npos)
     return StartProgram("\"" + JoinPath(sFolder, sInstaller) + "\"");

@@ -12,7 +12,7 @@ namespace trelin {
 
 namespace {
 
-// Line k is the text behind it by k.
+// The text of line k has this number plus k.
 constexpr auto LineCountString = static_cast<std::int32_t>(TextNumber::NoticeCount);
 
 // This is the first text that the program asks for, so a missing library shows

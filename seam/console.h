@@ -3,9 +3,10 @@
 #include <string>
 #include <vector>
 
-// What a command-line program and the platform under it ask of each other, in
-// the place of entry.h. The platform's main sets up everything but windows; the
-// registry is an empty one of the program's own.
+// What a command-line program and the platform under it ask of each other, in the
+// place of entry.h. The platform's main puts a platform in use whose registry is an
+// empty one in memory; there are no windows. What fails throws PlatformError, and only
+// where it is said below.
 namespace trelin {
 
 // The program, defined once a program. Arguments are in the ANSI code page,
@@ -15,7 +16,8 @@ int RunCommand(const std::vector<std::string>& arguments);
 
 constexpr int FailureCode = 2;
 
-// A path of the program as the user would write it on this system.
+// A path of the program as the user would write it on this system, in the ANSI code
+// page.
 std::string WrittenByUser(const std::string& sPath);
 
 // A text of the ANSI code page in UTF-8.

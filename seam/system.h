@@ -35,13 +35,15 @@ enum class MessageAnswer { Ok = 1, Yes = 6, No = 7 };
 
 // The rest of what the program needs of the system it runs on. Texts and
 // paths are in the ANSI code page; paths have backslashes and name a file in
-// any letter case.
+// any letter case. What fails throws PlatformError, and only where it is said
+// below; every operation may throw std::bad_alloc.
 class System {
  public:
   virtual ~System() = default;
 
   // The folder that holds the program's executable, without a backslash at
-  // its end unless it is the root of a drive.
+  // its end unless it is the root of a drive. Throws PlatformError when the code
+  // page lacks a character of it, or when it is longer than the system takes.
   virtual std::string ProgramFolder() = 0;
 
   // What stands on the command line after the program's own name, as it is.
@@ -52,7 +54,8 @@ class System {
   // code page.
   virtual void MakeUpperCase(std::span<char> text) = 0;
 
-  // Opens sPath for reading. Throws PlatformError when it does not open.
+  // Opens sPath for reading. Throws PlatformError when it does not open, as for a
+  // folder.
   virtual std::unique_ptr<InputFile> OpenInput(const std::string& sPath) = 0;
 
   // Searches for the normal files that sPath names; its last component may

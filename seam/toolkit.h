@@ -18,6 +18,9 @@
 // window, an open message box included, and comes out of ShowModal. An event
 // that the program raises by a call (Unload, SetValue) runs within that call,
 // and its exception comes out of it.
+//
+// A constructor throws PlatformError or std::bad_alloc when the system has no more
+// windows; other operations fail only where it is said.
 namespace trelin {
 
 using Twips = float;
@@ -38,6 +41,8 @@ enum class Color : std::uint32_t {
   Light3D = 0x80000016,
 };
 
+// The size of the main screen; and how many twips a pixel is where the window in use
+// stands, or on the main screen while there is none.
 namespace Screen {
 Twips Width();
 Twips Height();
@@ -76,11 +81,15 @@ class Control {
   virtual ~Control();
 
   void SetBounds(Twips left, Twips top, Twips width, Twips height);
+
+  // As it is laid out, which is whole pixels.
   Twips Left() const;
   Twips Top() const;
-  Twips Width() const;  // the width in pixels, as twips
+  Twips Width() const;
   Twips Height() const;
 
+  // A control is visible and enabled until it is told otherwise; one that is disabled
+  // takes no input.
   void SetVisible(bool bVisible);
   void SetEnabled(bool bEnabled);
 
@@ -88,6 +97,9 @@ class Control {
   // without one is passed over.
   void SetTabIndex(std::int16_t nIndex);
   void SetTabStop(bool bStop);  // false: Tab passes over it all the same
+
+  // Keys go to the control that has the focus: at once, or from when the window is
+  // shown or used again.
   void SetFocus();
   bool HasFocus() const;
 
@@ -105,6 +117,7 @@ enum class FormBorder { FixedSingle, Sizable };
 // Left to Height measure it with its frame.
 class Form : public Control {
  public:
+  // The measures are those of its inside, without the frame.
   Form(FormBorder border, bool bShowInTaskbar, Twips clientWidth, Twips clientHeight);
   ~Form() override;
 
@@ -124,7 +137,7 @@ class Form : public Control {
   // returns. Nothing happens while the window is not loaded. The close box does
   // the same.
   void Unload();
-  bool Loaded() const;
+  bool Loaded() const;  // from OnLoad to OnUnload
 
   std::function<void()> OnLoad;
   std::function<void()> OnUnload;
@@ -132,8 +145,7 @@ class Form : public Control {
 
 enum class BoxBorder { None, Sunken };
 
-// Reach is no key of its own: Tab, or an accessibility client, has given the box
-// the focus.
+// Reach stands for what has given the box the focus: Tab, or an accessibility client.
 enum class BoxKey { Space, Up, Down, PageUp, PageDown, Home, End, Reach };
 
 // What an accessibility client takes a box for.
@@ -173,6 +185,7 @@ class PictureBox : public Control {
   void SetAccessibleName(const std::string& sName);
   void SetSelected(bool bSelected);  // among the items of its list
 
+  // Until it is released, the pointer's events come to this box wherever it is.
   void CapturePointer();
   void ReleasePointer();
 
@@ -231,7 +244,7 @@ class Button : public Control {
 
   void SetCaption(const std::string& sCaption);
   std::string Caption() const;
-  void SetDefault();
+  void SetDefault();  // in the place of the button that was it
   void SetCancel();
 
   std::function<void()> OnClick;
@@ -265,7 +278,8 @@ class ScrollBar : public Control {
   std::function<void()> OnScroll;  // the thumb is being dragged
 };
 
-// Ticks on its form's thread while the form is shown. Starts disabled.
+// Ticks on its form's thread while the form is shown and receives events. Starts
+// disabled.
 class Timer {
  public:
   struct Native;
@@ -302,6 +316,8 @@ class ImageList {
   std::int16_t ImageWidth() const;   // pixels
   std::int16_t ImageHeight() const;  // pixels
 
+  // Copies the picture; one that stood under the key before goes. Throws
+  // std::bad_alloc, or std::runtime_error with the reason when it cannot be scaled.
   void Add(const std::string& sKey, const Picture& picture);
 
   // Puts the picture under sOtherKey, if there is one, under sKey as well; it

@@ -9,8 +9,8 @@ namespace {
 
 const char* const Blanks = " \t";
 
-// Of any system. What is longer is not looked for: the time for a text of very
-// many words or folders would grow with its square.
+// In characters, of any system. No file or folder is looked for under a longer one:
+// for a text of very many words the time would grow with the square of its length.
 constexpr std::size_t LongestPath = 32767;
 
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
@@ -67,7 +67,7 @@ class ArgumentReader {
  private:
   bool IsQuote(std::size_t nAt) const { return nAt < sText_.size() && sText_[nAt] == '"'; }
 
-  // Leaves a quote that the backslashes do not take as an ordinary character.
+  // Leaves a quote behind them that no backslash escapes to Next.
   void ReadBackslashes(std::string& sArgument) {
     const std::size_t nEnd = std::min(sText_.find_first_not_of('\\', nNext_), sText_.size());
     const std::size_t nCount = nEnd - nNext_;

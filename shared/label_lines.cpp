@@ -13,8 +13,8 @@ std::u16string_view WithoutEndSpaces(std::u16string_view sText) {
   return sText.substr(0, sText.find_last_not_of(Spaces) + 1);
 }
 
-// How many characters of the text fit. Measured is only a beginning of it that is
-// longer than that: a text may have millions.
+// How many characters of the text fit. A text may have millions: beginnings of it
+// are measured, each twice as long as the last, until one does not fit.
 std::size_t CountIn(std::u16string_view sText, const CountFitting& countFitting) {
   for (std::size_t nMeasured = 128;; nMeasured *= 2) {
     const std::size_t nFitting = countFitting(sText.substr(0, nMeasured));

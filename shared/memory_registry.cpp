@@ -90,8 +90,10 @@ std::int32_t MemoryRegistry::Walk(RegistryKey hParent, const std::string& sPath,
   if (sRest.starts_with('\\')) return RegistryBadPath;
   node = handle.node;
   std::size_t nDepth = node->Depth();
-  for (std::string_view sName; NextLevel(sRest, sName); ++nDepth) {  // to the end, which is checked
-    if (sName.size() > RegistryLongestKeyName || nDepth >= RegistryDeepestLevel) return RegistryInvalidParameter;
+  // Also behind a level that is missing: a path beyond the limits has its own result.
+  for (std::string_view sName; NextLevel(sRest, sName); ++nDepth) {
+    if (sName.size() > RegistryLongestKeyName || nDepth >= RegistryDeepestLevel)
+      return RegistryInvalidParameter;
     if (node != nullptr) node = node->FindKey(sName);
   }
   return node == nullptr ? RegistryNotFound : RegistrySuccess;
@@ -143,7 +145,7 @@ std::int32_t MemoryRegistry::CreateKey(RegistryKey hParent, const std::string& s
                                        std::uint32_t lAccess, RegistryKey& hKey) {
   std::int32_t lResult = MemoryRegistry::OpenKey(hParent, sPath, lAccess, hKey);
   if (lResult != RegistryNotFound) return lResult;
-  // Whether the handle was opened for writing does not count here.
+  // As on Windows, a handle that was opened for reading serves as well.
   Handle handle;
   lResult = Resolve(hParent, handle);
   RegistryNode* node = handle.node;

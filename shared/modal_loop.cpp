@@ -57,7 +57,7 @@ void Raise(const std::function<void()>& handler) {
   if (!handler) return;
   int nOutside = 0;
   const Running running(innermost != nullptr ? innermost->nRunning_ : nOutside);
-  std::function<void()> own = handler;  // which may be replaced while it runs
+  std::function<void()> own = handler;  // the program may replace it while it runs
   own();
 }
 

@@ -182,8 +182,8 @@ class StringTableReader {
     }
   }
 
-  // Checks a block in all its languages and returns it in the best one. There
-  // is one at least: the system would take one unasked.
+  // Checks a block in all its languages and returns it in the best one. Without any
+  // it is damaged: Windows takes the first without a look at their number.
   std::string_view ReadLanguages(std::uint32_t lDirectory) {
     std::string_view sBest;
     int nBestRank = 0;

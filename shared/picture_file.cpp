@@ -38,7 +38,7 @@ void RefuseCutBitmap(const std::string& sBytes) {
 constexpr std::size_t IconListStart = 6;
 constexpr std::size_t IconListEntry = 16;
 constexpr std::size_t IconPlaceInEntry = 12;
-constexpr std::size_t IconHeaderBytes = 26;  // that are looked at, of either kind
+constexpr std::size_t IconHeaderBytes = 26;  // what ImageAt looks at, of a PNG file or else
 constexpr std::uint32_t IconSide = 32;       // pixels
 
 struct IconImage {
@@ -52,8 +52,8 @@ std::uint32_t BigEndianAt(std::string_view sBytes, std::size_t nOffset) {
   return lNumber;
 }
 
-// By the colour type: grey, none, red-green-blue, palette, grey and alpha, none,
-// red-green-blue and alpha.
+// How many numbers a PNG file has for a pixel, by its colour type: 0 grey, 2
+// red-green-blue, 3 palette, 4 grey and alpha, 6 red-green-blue and alpha.
 constexpr std::array<std::uint32_t, 8> PngChannels = {1, 1, 3, 1, 2, 1, 4, 1};
 
 IconImage ImageAt(std::string_view sBytes, std::size_t nPlace) {

@@ -6,7 +6,8 @@
 
 #include "seam/platform.h"
 
-// An open key of the registry in use, and what needs no words for its failure.
+// An open key of the registry in use, and reading from it without the program's own
+// errors: the string library, which has their words, is found with these functions.
 namespace trelin {
 
 // Where the suite's keys lie, below HKEY_LOCAL_MACHINE.

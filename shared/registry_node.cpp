@@ -113,7 +113,7 @@ void RegistryNode::SetValue(const std::string& sName, std::uint32_t lType, std::
   }
 }
 
-// The positions behind the removed value's are other ones then.
+// The values behind the removed one move up, so all positions are entered anew.
 bool RegistryNode::RemoveValue(std::string_view sName) {
   const auto found = valueIndex_.find(sName);
   if (found == valueIndex_.end()) return false;

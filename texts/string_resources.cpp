@@ -78,7 +78,7 @@ LibraryHandle GetResourceLibrary(std::int32_t lId) {
   const std::string sFileName = LibraryFileName(lId);
   if (const LibraryHandle hCached = FindLoadedLibrary(sFileName); hCached != 0) return hCached;
 
-  Libraries.reserve(Libraries.size() + 1);  // so that one which is loaded is kept
+  Libraries.reserve(Libraries.size() + 1);  // a loaded library must not get lost for lack of memory
   const LibraryHandle hLibrary = LoadLibraryFile(sFileName);
   if (hLibrary != 0) Libraries.push_back({hLibrary, sFileName});
   return hLibrary;
@@ -113,7 +113,7 @@ std::string LoadResourceString(std::int32_t lId) {
       hLibrary, lId, buffer.data(), static_cast<std::int32_t>(buffer.size()));
   if (lCount != 0) return {buffer.data(), static_cast<std::size_t>(lCount)};
 
-  // A missing template would ask for itself without end.
+  // The template itself is missing: it would be asked for without end.
   const std::int32_t lTemplate = ResourceBlockBase(lId);
   if (lId == lTemplate) return TemplateMissingText;
   return SubstituteArguments(LoadResourceString(lTemplate), {lId});

@@ -47,16 +47,16 @@ LibraryHandle FindLoadedLibrary(const std::string& sFileName);
 // disabled.
 void FreeResourceLibraries();
 
-// The cache, in the order of loading, and the index of its last entry, -1
-// while it is empty.
+// For whoever looks into the cache: it, in the order of loading, and the index of its
+// last entry, -1 while it is empty.
 const std::vector<ResourceLibrary>& LoadedLibraries();
 std::int16_t LastLibraryIndex();
 
 // The text of a string number, at most 1023 characters. Never throws for a
 // missing library or string but returns a text that says so: for a string,
 // the block's template (its first number) filled with lId. Empty while
-// lookups are disabled. Throws when there is no memory or when the registry,
-// which is asked for a library until one is found, cannot be read.
+// lookups are disabled. Throws PlatformError when the library has to be looked for
+// in the registry and that cannot be used.
 std::string LoadResourceString(std::int32_t lId);
 inline std::string LoadResourceString(TextNumber number) {
   return LoadResourceString(static_cast<std::int32_t>(number));

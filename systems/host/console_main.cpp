@@ -15,7 +15,7 @@ namespace trelin {
 
 namespace {
 
-// What Qt misses of a desktop is of no interest to the user of a terminal.
+// Qt warns of what it misses of a desktop, which is nothing to the user of a terminal.
 void DropMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/,
                  const QString& /*message*/) {}
 

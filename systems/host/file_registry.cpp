@@ -61,10 +61,9 @@ bool FileRegistry::Load() {
 
 bool FileRegistry::Loaded() { return nReads_ == 0 ? Load() : !bDamaged_; }
 
-// Who does not put a whole new file in the place of the old one, as some
-// editors, leaves it damaged or missing for a moment: it is read again until
-// that has passed, unless it was damaged before. No tree: the file holds what the
-// memory holds.
+// Some editors do not put a whole new file in the place of the old one, so that it is
+// damaged or missing for a moment: it is read again until that has passed, unless it
+// was damaged before. Returns no tree when the file holds what the memory holds.
 std::unique_ptr<RegistryNode> FileRegistry::ReadTree() {
   const bool bThere = stamp_.nInode != 0;
   const int nTries = bDamaged_ ? 1 : MostTries;
@@ -89,8 +88,8 @@ std::unique_ptr<RegistryNode> FileRegistry::ReadTree() {
   }
 }
 
-// A file that has just been changed may change again without another stamp, so
-// it is read again and again for a moment; but not every time as a registry.
+// A file that has just been changed may change again without another stamp, so it is
+// read again and again for a moment, but parsed only when its bytes are other ones.
 std::unique_ptr<RegistryNode> FileRegistry::Parse(const std::string& sBytes) {
   std::unique_ptr<RegistryNode> tree;
   if (sKnown_ != sBytes) {

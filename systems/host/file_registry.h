@@ -62,8 +62,10 @@ class FileRegistry : public Registry {
   std::string Trouble() const override { return sTrouble_; }
 
   std::size_t OpenHandles() const { return memory_.OpenHandles(); }
-  std::size_t Reads() const { return nReads_; }    // how often the file was read,
-  std::size_t Parses() const { return nParses_; }  // and how often it was another
+
+  // How often the file was read, and how often it held other bytes than before.
+  std::size_t Reads() const { return nReads_; }
+  std::size_t Parses() const { return nParses_; }
 
  private:
   bool Refresh();
@@ -79,7 +81,7 @@ class FileRegistry : public Registry {
   std::string sTrouble_;   // the last one
   FileStamp stamp_;
   bool bSettled_ = false;              // an equal stamp means an unchanged file
-  std::optional<std::string> sKnown_;  // what memory_ holds, as long as it is not settled
+  std::optional<std::string> sKnown_;  // the bytes that memory_ was read from, until it is settled
   bool bWritable_ = true;
   std::size_t nReads_ = 0;
   std::size_t nParses_ = 0;

@@ -73,7 +73,8 @@ class BoxAccessible : public QAccessibleWidget {
   }
 
  private:
-  // That are shown, as far as it is theirs to say; hidden rows are no items.
+  // The widgets in the box that are not hidden themselves, even if the box is. A hidden
+  // row is no item.
   std::vector<QWidget*> Children() const {
     std::vector<QWidget*> children;
     for (QObject* pObject : area_.children()) {

@@ -52,13 +52,13 @@ class LabelWidget : public QLabel {
  private:
   void ShowTooltip(const QPoint& point) {
     if (HasTooltip(LinesIn(text(), font(), size()), label_.OnMouseDown))
-      QToolTip::showText(point, TooltipText(), this, rect());
+      QToolTip::showText(point, RichTooltip(), this, rect());
     else
       QToolTip::hideText();
   }
 
   // As rich text: Qt would look for tags in a plain one.
-  QString TooltipText() const {
+  QString RichTooltip() const {
     const auto linesIn = [this](int nHeight) {
       return LinesIn(text(), QToolTip::font(), QSize(width(), nHeight));
     };

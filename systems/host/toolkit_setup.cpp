@@ -69,7 +69,7 @@ std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv) {
   QApplication::setStyle(QStyleFactory::create("Windows"));
   QApplication::setPalette(ClassicPalette());
   QApplication::setFont(FontOf(LabelFont()));
-  // Of message boxes that no window owns.
+  // The icon of message boxes that no window owns.
   QApplication::setWindowIcon(QIcon(QPixmap::fromImage(Picture::ProgramIcon().Get().image)));
   return application;
 }

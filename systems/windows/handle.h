@@ -40,8 +40,8 @@ struct MemoryContextCloser {
 };
 using MemoryContextOwner = std::unique_ptr<HDC__, MemoryContextCloser>;
 
-// The system's functions that open files and searches mark none by a value of
-// their own.
+// The system's functions that open files and searches have INVALID_HANDLE_VALUE for
+// none.
 inline HANDLE NullIfInvalid(HANDLE handle) {
   return handle == INVALID_HANDLE_VALUE ? nullptr : handle;
 }

@@ -12,7 +12,7 @@ using SetDefaultFolders = BOOL(WINAPI*)(DWORD);
 
 SetDefaultFolders FindSetDefaultFolders() {
   const HMODULE hKernel = GetModuleHandleA("kernel32.dll");
-  // By way of a pointer without arguments, as the system's type has none.
+  // In two steps: the compiler warns of a cast to a function with other arguments.
   const auto pFunction =
       reinterpret_cast<void (*)()>(GetProcAddress(hKernel, "SetDefaultDllDirectories"));
   return reinterpret_cast<SetDefaultFolders>(pFunction);

@@ -17,7 +17,8 @@ namespace trelin {
 
 namespace {
 
-// What is only needed where a client asks, from the system's libraries for it.
+// Needed only when a client asks, and taken then from libraries that the program does
+// not link.
 struct Functions {
   decltype(&::CreateStdAccessibleObject) createStandard;
   decltype(&::LresultFromObject) toResult;
@@ -219,7 +220,7 @@ class BoxAccessible final : public IAccessible {
   ULONG nReferences_ = 1;
 };
 
-// Without the objects of the windows' frames between a list and its items.
+// The box around it, and not the standard object's answer: that is the window's frame.
 HRESULT STDMETHODCALLTYPE BoxAccessible::get_accParent(IDispatch** ppParent) {
   return ObjectOf(GetAncestor(hBox_, GA_PARENT), ppParent);
 }
@@ -279,7 +280,7 @@ HRESULT STDMETHODCALLTYPE BoxAccessible::get_accSelection(VARIANT* pSelection) {
   });
 }
 
-// The string library has no text for it.
+// The word is the program's own: the string library has no text for it.
 HRESULT STDMETHODCALLTYPE BoxAccessible::get_accDefaultAction(VARIANT child, BSTR* pAction) {
   const BoxWindow* const pBox = Self(child);
   if (pBox == nullptr || !pBox->CanAct()) return standard_->get_accDefaultAction(child, pAction);
@@ -314,7 +315,7 @@ ComOwner<IAccessible> StandardObject(HWND hWindow) {
 
 }  // namespace
 
-// A client that cannot be answered is no reason to end.
+// The program does not end because a client cannot be answered.
 LRESULT AccessibleObjectOf(const BoxWindow& box, WPARAM wParam) {
   try {
     SetUpCom();

@@ -43,7 +43,7 @@ FormWindow::FormWindow(Form& form, FormBorder border, bool bShowInTaskbar, Twips
   Resize();
 }
 
-// An owner would take the window along.
+// Here, and not with the base class: an owner that goes takes its window along.
 FormWindow::~FormWindow() {
   Destroy();
   if (formInUse == this) formInUse = nullptr;

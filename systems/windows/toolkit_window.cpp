@@ -27,7 +27,7 @@ void RegisterWindowClass(const char* pName, UINT style) {
 void RegisterWindowClasses() {
   [[maybe_unused]] static const bool bRegistered = [] {
     RegisterWindowClass(FormClass, 0);
-    RegisterWindowClass(PictureBoxClass, CS_DBLCLKS);  // or a double click comes as two
+    RegisterWindowClass(PictureBoxClass, CS_DBLCLKS);  // else a double click is two presses
     return true;
   }();
 }
