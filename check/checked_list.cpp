@@ -8,26 +8,29 @@ namespace trelin {
 
 namespace {
 
-void ForEachBlockIn(const ListBlock& block, const std::function<void(const ListBlock&)>& use) {
-  use(block);
-  for (const ListBlock& inner : block.blocks) ForEachBlockIn(inner, use);
+template <class Keys>
+std::vector<const char*> NamesOf(const Keys& keys) {
+  std::vector<const char*> names(keys.size());
+  std::transform(keys.begin(), keys.end(), names.begin(), [](const auto& key) { return key.pKey; });
+  return names;
 }
 
 }  // namespace
 
-const ListEntry* ListBlock::Find(std::string_view sKey) const {
-  const auto entry = std::find_if(entries.rbegin(), entries.rend(),
-                                  [&](const ListEntry& e) { return e.sKey == sKey; });
-  return entry != entries.rend() ? &*entry : nullptr;
+const ListStatement* ListBlock::Find(std::string_view sKey) const {
+  const auto entry =
+      std::find_if(entries.rbegin(), entries.rend(),
+                   [&](const ListStatement* pEntry) { return pEntry->sKey == sKey; });
+  return entry != entries.rend() ? *entry : nullptr;
 }
 
 std::string_view ListBlock::Value(std::string_view sKey) const {
-  const ListEntry* pEntry = Find(sKey);
-  return pEntry != nullptr ? std::string_view(pEntry->sValue) : std::string_view();
+  const ListStatement* pEntry = Find(sKey);
+  return pEntry != nullptr ? pEntry->sValue : std::string_view();
 }
 
 Place ListBlock::PlaceOf(std::string_view sKey) const {
-  const ListEntry* pEntry = Find(sKey);
+  const ListStatement* pEntry = Find(sKey);
   return pEntry != nullptr ? pEntry->value : start;
 }
 
@@ -43,39 +46,35 @@ const char* NameOf(BlockKind kind) {
   return "DEPENDENCY";
 }
 
-namespace {
-
-template <class Keys>
-std::vector<const char*> NamesOf(const Keys& keys) {
-  std::vector<const char*> names(keys.size());
-  std::transform(keys.begin(), keys.end(), names.begin(), [](const auto& key) { return key.pKey; });
-  return names;
-}
-
-}  // namespace
-
-std::vector<const char*> KeysOf(BlockKind kind) {
+const std::vector<const char*>& KeysOf(BlockKind kind) {
+  static const auto ofList = NamesOf(SetupList::Keys);
+  static const auto ofProduct = NamesOf(MenuItem::Keys);
+  static const auto ofPrerequisite = NamesOf(Dependency::Keys);
   switch (kind) {
     case BlockKind::SetupList:
-      return NamesOf(SetupList::Keys);
+      return ofList;
     case BlockKind::Application:
-      return NamesOf(MenuItem::Keys);
+      return ofProduct;
     case BlockKind::Dependency:
       break;
   }
-  return NamesOf(Dependency::Keys);
+  return ofPrerequisite;
 }
 
 std::vector<const ListBlock*> CheckedList::Products() const {
   std::vector<const ListBlock*> products;
-  ForEachBlock([&products](const ListBlock& block) {
+  for (const ListBlock& block : blocks)
     if (block.kind == BlockKind::Application) products.push_back(&block);
-  });
   return products;
 }
 
-void CheckedList::ForEachBlock(const std::function<void(const ListBlock&)>& use) const {
-  ForEachBlockIn(outer, use);
+Place CheckedList::PlaceInLine(std::int32_t lLine) const {
+  constexpr const char* Blanks = " \t";
+  const std::string_view sLine = lines.Line(lLine);
+  const std::size_t nFirst = std::min(sLine.find_first_not_of(Blanks), sLine.size());
+  const std::size_t nEnd = sLine.find_last_not_of(Blanks) + 1;
+  return {lLine, static_cast<std::int32_t>(nFirst + 1),
+          nEnd > nFirst ? static_cast<std::int32_t>(nEnd - nFirst) : 1};
 }
 
 }  // namespace trelin

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <deque>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -7,14 +9,17 @@
 
 #include "check/finding.h"
 #include "check/source_lines.h"
+#include "suite/statement.h"
 
 namespace trelin {
 
-struct ListEntry {
-  std::string sKey;  // in upper case
-  std::string sValue;
-  Place key;
-  Place value;
+// A statement as the launcher understands it, and where its parts stand.
+struct ListStatement {
+  Statement::Kind kind = Statement::Kind::None;
+  std::string_view sKey;    // of an entry; the type of a block start; in upper case
+  std::string_view sValue;  // of an entry
+  Place key;                // where there is none, the statement
+  Place value;              // where it is empty, behind the equals sign
 };
 
 enum class BlockKind { SetupList, Application, Dependency };
@@ -22,13 +27,13 @@ enum class BlockKind { SetupList, Application, Dependency };
 // A block of the setup list as it stands in the file.
 struct ListBlock {
   BlockKind kind = BlockKind::SetupList;
-  Place start;
-  std::vector<ListEntry> entries;
-  std::vector<ListBlock> blocks;  // within this one
+  Place start;                                // its start line
+  std::size_t nAround = 0;                    // the number of the block around it
+  std::vector<const ListStatement*> entries;  // in the order of the file
 
   // The entry that counts: the last one of that key; a null pointer when there
   // is none.
-  const ListEntry* Find(std::string_view sKey) const;
+  const ListStatement* Find(std::string_view sKey) const;
 
   // Its value; empty without one.
   std::string_view Value(std::string_view sKey) const;
@@ -37,21 +42,24 @@ struct ListBlock {
   Place PlaceOf(std::string_view sKey) const;
 };
 
-const char* NameOf(BlockKind kind);               // "APPLICATION"
-std::vector<const char*> KeysOf(BlockKind kind);  // those that the launcher knows
+const char* NameOf(BlockKind kind);                      // "APPLICATION"
+const std::vector<const char*>& KeysOf(BlockKind kind);  // those that the launcher knows
 
 // A setup list with the places of everything in it, and what was wrong in its
-// format. What can be read is there also behind a fault.
+// format. What can be read is there also behind a fault. Texts are parts of the
+// lines or of the spellings.
 struct CheckedList {
   SourceLines lines;
-  ListBlock outer;
+  std::deque<std::string> spellings;      // what the file spells otherwise
+  std::vector<ListStatement> statements;  // all that were understood
+  std::vector<ListBlock> blocks;          // by their start lines; the first is the outer one
   Findings faults;
 
   // The products in the order of the file.
   std::vector<const ListBlock*> Products() const;
 
-  // Calls it for each block, outer ones first.
-  void ForEachBlock(const std::function<void(const ListBlock&)>& use) const;
+  // The statement in a line, without the blanks around it.
+  Place PlaceInLine(std::int32_t lLine) const;
 };
 
 }  // namespace trelin

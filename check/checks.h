@@ -3,6 +3,7 @@
 #include <span>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "check/checked_list.h"
 #include "check/finding.h"
@@ -19,56 +20,39 @@ struct Suite {
 // Where a check puts what it finds, under its own rule.
 class Report {
  public:
-  Report(Rule rule, Findings& findings) : rule_(rule), findings_(findings) {}
+  Report(const Rule* pRule, Findings& findings) : pRule_(pRule), findings_(findings) {}
 
   void Error(const Place& place, std::string sMessage, std::string sHint = "") {
-    findings_.push_back({rule_, Severity::Error, place, std::move(sMessage), std::move(sHint)});
+    findings_.push_back({pRule_, Severity::Error, place, std::move(sMessage), std::move(sHint)});
   }
   void Warn(const Place& place, std::string sMessage, std::string sHint = "") {
-    findings_.push_back({rule_, Severity::Warning, place, std::move(sMessage), std::move(sHint)});
+    findings_.push_back({pRule_, Severity::Warning, place, std::move(sMessage), std::move(sHint)});
   }
 
  private:
-  Rule rule_;
+  const Rule* pRule_;
   Findings& findings_;
 };
 
-using CheckFunction = void (*)(const Suite& suite, Report& report);
-
+// A rule and the function that reports what breaks it.
 struct Check {
-  Rule rule;
-  CheckFunction run;
+  const Rule* pRule;
+  void (*run)(const Suite& suite, Report& report);
 };
 
-// Everything that is checked in a list once it has been read.
-std::span<const Check> ListChecks();
+// The checks of a list that has been read, by what they look at: a new one needs
+// its rule, its function and its row, all in its file.
+std::span<const Check> LineChecks();  // the lines as they stand in the file
+std::span<const Check> KeyChecks();   // each block by itself
+std::span<const Check> CodeChecks();  // how products and prerequisites stand to each other
+std::span<const Check> FileChecks();  // the files that are named
+std::span<const Check> FitChecks();   // the room that texts have in the menu
 
 // The faults of the list's format and what all checks find, in the order of
 // their places.
 Findings CheckSuite(const Suite& suite);
 
-// One function a rule; which ones there are, and what they report, is in
-// rules.h.
-void CheckLineLengths(const Suite& suite, Report& report);
-void CheckCodePage(const Suite& suite, Report& report);
-void CheckUnknownKeys(const Suite& suite, Report& report);
-void CheckRepeatedKeys(const Suite& suite, Report& report);
-void CheckProductCount(const Suite& suite, Report& report);
-void CheckTitles(const Suite& suite, Report& report);
-void CheckInstallersNamed(const Suite& suite, Report& report);
-void CheckCodesNamed(const Suite& suite, Report& report);
-void CheckRevisionsNamed(const Suite& suite, Report& report);
-void CheckRepeatedCodes(const Suite& suite, Report& report);
-void CheckOffered(const Suite& suite, Report& report);
-void CheckRevisionsOffered(const Suite& suite, Report& report);
-void CheckCircles(const Suite& suite, Report& report);
-void CheckRevisionOrder(const Suite& suite, Report& report);
-void CheckPicturesThere(const Suite& suite, Report& report);
-void CheckPicturesLoad(const Suite& suite, Report& report);
-void CheckInstallersThere(const Suite& suite, Report& report);
-void CheckReadMesThere(const Suite& suite, Report& report);
-void CheckReadMesClear(const Suite& suite, Report& report);
-void CheckPrograms(const Suite& suite, Report& report);
-void CheckTextsFit(const Suite& suite, Report& report);
+// Those of lists and string libraries.
+std::vector<const Rule*> AllRules();
 
 }  // namespace trelin

@@ -1,6 +1,7 @@
 // Checks of how products and prerequisites stand to each other.
 
 #include <algorithm>
+#include <array>
 #include <compare>
 #include <cstddef>
 #include <map>
@@ -13,19 +14,13 @@
 #include "check/checks.h"
 #include "check/nearest.h"
 #include "check/revision_order.h"
-#include "seam/platform.h"
+#include "texts/text.h"
 
 namespace trelin {
 
 namespace {
 
 // The registry finds a value in any letter case.
-std::string UpperCase(std::string_view sText) {
-  std::string sUpper(sText);
-  TheSystem().MakeUpperCase(sUpper);
-  return sUpper;
-}
-
 std::string CodeOf(const ListBlock& block) { return UpperCase(block.Value("PRODUCTCODE")); }
 
 std::string Quoted(std::string_view sText) { return '"' + std::string(sText) + '"'; }
@@ -57,11 +52,11 @@ template <class Use>
 void ForEachPrerequisite(const Suite& suite, Use use) {
   const Products products = suite.list.Products();
   const auto numbers = ByCode(products);
-  suite.list.ForEachBlock([&](const ListBlock& block) {
-    if (block.kind != BlockKind::Dependency || block.Value("PRODUCTCODE").empty()) return;
+  for (const ListBlock& block : suite.list.blocks) {
+    if (block.kind != BlockKind::Dependency || block.Value("PRODUCTCODE").empty()) continue;
     const auto number = numbers.find(CodeOf(block));
     use(block, number != numbers.end() ? products[number->second] : nullptr);
-  });
+  }
 }
 
 // A code of the list that differs from sCode in a letter or two.
@@ -79,7 +74,7 @@ std::string SimilarCode(const std::unordered_map<std::string, std::size_t>& numb
   return bSimilar ? nearest->second : "";
 }
 
-}  // namespace
+constexpr Rule RepeatedCode = {"repeated-code", "Two products have the same product code."};
 
 void CheckRepeatedCodes(const Suite& suite, Report& report) {
   const Products products = suite.list.Products();
@@ -95,6 +90,9 @@ void CheckRepeatedCodes(const Suite& suite, Report& report) {
   }
 }
 
+constexpr Rule NotOffered = {"not-offered",
+                             "No product of the list offers the code of a prerequisite."};
+
 void CheckOffered(const Suite& suite, Report& report) {
   const auto numbers = ByCode(suite.list.Products());
   ForEachPrerequisite(suite, [&](const ListBlock& prerequisite, const ListBlock* pProduct) {
@@ -107,6 +105,9 @@ void CheckOffered(const Suite& suite, Report& report) {
         sSimilar.empty() ? "" : "The code that is nearest to it is " + Quoted(sSimilar) + ".");
   });
 }
+
+constexpr Rule RevisionNotOffered = {
+    "revision-not-offered", "A prerequisite asks for a higher revision than the list offers."};
 
 // Two revisions that compare the wrong way round have a rule of their own.
 void CheckRevisionsOffered(const Suite& suite, Report& report) {
@@ -122,8 +123,6 @@ void CheckRevisionsOffered(const Suite& suite, Report& report) {
   });
 }
 
-namespace {
-
 // Looks for circles among the products along their prerequisites, depth first;
 // without recursion, as a chain may be as long as the list.
 class CircleSearch {
@@ -131,6 +130,7 @@ class CircleSearch {
   CircleSearch(const Suite& suite, Report& report)
       : products_(suite.list.Products()),
         numbers_(ByCode(products_)),
+        needs_(NeedsOf(suite.list)),
         states_(products_.size(), State::New),
         report_(report) {}
 
@@ -144,20 +144,36 @@ class CircleSearch {
 
   struct Step {
     std::size_t nProduct;
-    std::size_t nNextBlock = 0;
+    std::size_t nNextNeed = 0;
   };
+
+  static std::vector<std::vector<const ListBlock*>> NeedsOf(const CheckedList& list) {
+    std::vector<std::vector<const ListBlock*>> needs;
+    std::vector<std::size_t> numbers(list.blocks.size());  // of the product, by its block's
+    for (std::size_t n = 0; n < list.blocks.size(); ++n) {
+      const ListBlock& block = list.blocks[n];
+      const bool bInProduct = list.blocks[block.nAround].kind == BlockKind::Application;
+      if (block.kind == BlockKind::Application) {
+        numbers[n] = needs.size();
+        needs.emplace_back();
+      } else if (block.kind == BlockKind::Dependency && bInProduct) {
+        needs[numbers[block.nAround]].push_back(&block);
+      }
+    }
+    return needs;
+  }
 
   void RunFrom(std::size_t nProduct) {
     Enter(nProduct);
     while (!path_.empty()) {
       Step& step = path_.back();
-      const auto& blocks = products_[step.nProduct]->blocks;
-      if (step.nNextBlock == blocks.size()) {
+      const auto& needs = needs_[step.nProduct];
+      if (step.nNextNeed == needs.size()) {
         states_[step.nProduct] = State::Done;
         path_.pop_back();
         continue;
       }
-      Follow(blocks[step.nNextBlock++]);
+      Follow(*needs[step.nNextNeed++]);
     }
   }
 
@@ -167,7 +183,6 @@ class CircleSearch {
   }
 
   void Follow(const ListBlock& block) {
-    if (block.kind != BlockKind::Dependency) return;
     const auto number = numbers_.find(CodeOf(block));
     if (number == numbers_.end()) return;
     if (states_[number->second] == State::New)
@@ -192,6 +207,7 @@ class CircleSearch {
 
   Products products_;
   std::unordered_map<std::string, std::size_t> numbers_;
+  std::vector<std::vector<const ListBlock*>> needs_;  // the prerequisites of each product
   std::vector<State> states_;
   std::vector<Step> path_;
   Report& report_;
@@ -200,12 +216,12 @@ class CircleSearch {
 // The revisions that the list gives of each code, each text once.
 std::map<std::string, std::map<std::string, Place>> RevisionsByCode(const Suite& suite) {
   std::map<std::string, std::map<std::string, Place>> revisions;
-  suite.list.ForEachBlock([&revisions](const ListBlock& block) {
+  for (const ListBlock& block : suite.list.blocks) {
     const std::string sCode = CodeOf(block);
     const std::string_view sRevision = block.Value("REVISION");
     if (block.kind != BlockKind::SetupList && !sCode.empty() && !sRevision.empty())
       revisions[sCode].emplace(sRevision, block.PlaceOf("REVISION"));
-  });
+  }
   return revisions;
 }
 
@@ -225,9 +241,12 @@ void ReportOrder(const std::string& sCode, const std::pair<const std::string, Pl
              : "Give all revisions the same number of digits.");
 }
 
-}  // namespace
+constexpr Rule Circle = {"circle", "Products wait for each other in a circle."};
 
 void CheckCircles(const Suite& suite, Report& report) { CircleSearch(suite, report).Run(); }
+
+constexpr Rule RevisionOrder = {"revision-order",
+                                "Two revisions sort the wrong way round as texts."};
 
 // Of revisions in the order of their texts, neighbours show whether all are in
 // the order of their numbers.
@@ -240,6 +259,17 @@ void CheckRevisionOrder(const Suite& suite, Report& report) {
         ReportOrder(sCode, *lower, *higher, report);
     }
   }
+}
+
+}  // namespace
+
+std::span<const Check> CodeChecks() {
+  static constexpr std::array Table = {
+      Check{&RepeatedCode, CheckRepeatedCodes},          Check{&NotOffered, CheckOffered},
+      Check{&RevisionNotOffered, CheckRevisionsOffered}, Check{&Circle, CheckCircles},
+      Check{&RevisionOrder, CheckRevisionOrder},
+  };
+  return Table;
 }
 
 }  // namespace trelin

@@ -16,16 +16,18 @@
 #include "shared/command_line.h"
 #include "shared/start_paths.h"
 #include "texts/paths.h"
+#include "texts/text.h"
 
 namespace trelin {
 
 namespace {
 
-// Calls it for each product's entry of that key that counts and has a value.
+// Calls it for each product's value of that key, which is not empty, and its place.
 template <class Use>
 void ForEachFile(const Suite& suite, const char* pKey, Use use) {
   for (const ListBlock* pProduct : suite.list.Products())
-    if (!pProduct->Value(pKey).empty()) use(*pProduct->Find(pKey));
+    if (const std::string sValue(pProduct->Value(pKey)); !sValue.empty())
+      use(sValue, pProduct->PlaceOf(pKey));
 }
 
 std::string NameIn(const std::string& sPath) { return sPath.substr(sPath.find_last_of("\\/") + 1); }
@@ -119,9 +121,7 @@ std::vector<std::string> OtherReadMes(const Suite& suite, const std::string& sPr
 
 bool EndsWithAnyCase(const std::string& sName, std::string_view sUpperEnd) {
   if (sName.size() < sUpperEnd.size()) return false;
-  std::string sEnd = sName.substr(sName.size() - sUpperEnd.size());
-  TheSystem().MakeUpperCase(sEnd);
-  return sEnd == sUpperEnd;
+  return UpperCase(sName.substr(sName.size() - sUpperEnd.size())) == sUpperEnd;
 }
 
 // Kinds of files that Windows opens with another program, which the launcher
@@ -142,66 +142,77 @@ void ReportNoProgram(const std::string& sProgram, const Place& place, Report& re
   }
 }
 
-}  // namespace
+constexpr Rule PictureMissing = {"picture-missing", "A picture file does not open."};
 
 void CheckPicturesThere(const Suite& suite, Report& report) {
   Remembered failure(OpenFailure);
-  ForEachFile(suite, "IMAGE", [&](const ListEntry& entry) {
-    const std::string& sFailure = failure(PicturePath(suite, entry.sValue));
+  ForEachFile(suite, "IMAGE", [&](const std::string& sValue, const Place& place) {
+    const std::string& sFailure = failure(PicturePath(suite, sValue));
     if (!sFailure.empty())
-      report.Error(entry.value,
+      report.Error(place,
                    "The picture is missing: the product shows the launcher's own. " + sFailure,
-                   PathHint(entry.sValue, "the folder of the list"));
+                   PathHint(sValue, "the folder of the list"));
   });
 }
+
+constexpr Rule PictureUnreadable = {"picture-unreadable", "A picture does not load."};
 
 void CheckPicturesLoad(const Suite& suite, Report& report) {
   Remembered failure([](const std::string& sPath) {
     return OpenFailure(sPath).empty() ? PictureFailure(sPath) : "";
   });
-  ForEachFile(suite, "IMAGE", [&](const ListEntry& entry) {
-    const std::string& sFailure = failure(PicturePath(suite, entry.sValue));
+  ForEachFile(suite, "IMAGE", [&](const std::string& sValue, const Place& place) {
+    const std::string& sFailure = failure(PicturePath(suite, sValue));
     if (!sFailure.empty())
-      report.Error(entry.value,
+      report.Error(place,
                    "The picture does not load: the product shows the launcher's own. " + sFailure,
                    "Use a BMP, ICO, GIF, JPEG or PNG file, 32 by 32 pixels.");
   });
 }
 
+constexpr Rule InstallerMissing = {"installer-missing",
+                                   "An installer is not in the source folder."};
+
 void CheckInstallersThere(const Suite& suite, Report& report) {
   Remembered failure(
       [](const std::string& sPath) { return IsProgram(sPath) ? "" : OpenFailure(sPath); });
-  ForEachFile(suite, "INSTALLFILE", [&](const ListEntry& entry) {
-    const std::string& sFailure = failure(InstallerPath(suite, entry.sValue));
+  ForEachFile(suite, "INSTALLFILE", [&](const std::string& sValue, const Place& place) {
+    const std::string& sFailure = failure(InstallerPath(suite, sValue));
     if (sFailure.empty()) return;
-    const std::string sFirstWord = entry.sValue.substr(0, entry.sValue.find(' '));
-    const bool bArguments =
-        sFirstWord != entry.sValue && IsProgram(InstallerPath(suite, sFirstWord));
-    report.Error(entry.value, "The installer is missing from the source folder. " + sFailure,
+    const std::string sFirstWord = sValue.substr(0, sValue.find(' '));
+    const bool bArguments = sFirstWord != sValue && IsProgram(InstallerPath(suite, sFirstWord));
+    report.Error(place, "The installer is missing from the source folder. " + sFailure,
                  bArguments
                      ? "An installer gets no arguments: the whole text is taken for its name."
-                     : PathHint(entry.sValue, "the source folder"));
+                     : PathHint(sValue, "the source folder"));
   });
 }
+
+constexpr Rule ReadMeMissing = {"read-me-missing",
+                                "A read-me program is not in the folder of the list."};
 
 void CheckReadMesThere(const Suite& suite, Report& report) {
-  ForEachFile(suite, "READMEFILE", [&](const ListEntry& entry) {
-    if (!ReadMeProgram(suite, entry.sValue).empty()) return;
-    report.Error(entry.value,
+  ForEachFile(suite, "READMEFILE", [&](const std::string& sValue, const Place& place) {
+    if (!ReadMeProgram(suite, sValue).empty()) return;
+    report.Error(place,
                  "The read-me program is missing from the folder of the list. " +
-                     OpenFailure(ReadMeLine(suite, entry.sValue)),
-                 PathHint(entry.sValue, "the folder of the list"));
+                     OpenFailure(ReadMeLine(suite, sValue)),
+                 PathHint(sValue, "the folder of the list"));
   });
 }
 
+constexpr Rule ReadMeAmbiguous = {
+    "read-me-ambiguous",
+    "A read-me program's name has spaces, so that another file may be taken for it."};
+
 void CheckReadMesClear(const Suite& suite, Report& report) {
-  ForEachFile(suite, "READMEFILE", [&](const ListEntry& entry) {
-    const std::string sProgram = ReadMeProgram(suite, entry.sValue);
+  ForEachFile(suite, "READMEFILE", [&](const std::string& sValue, const Place& place) {
+    const std::string sProgram = ReadMeProgram(suite, sValue);
     if (NameIn(sProgram).find(' ') == std::string::npos) return;
     std::string sOthers;
     for (const std::string& sOther : OtherReadMes(suite, sProgram))
       sOthers += (sOthers.empty() ? " It could also be \"" : ", \"") + sOther + "\"";
-    report.Warn(entry.value,
+    report.Warn(place,
                 "The name of the read-me program has spaces, where its arguments might begin: the "
                 "launcher takes \"" +
                     sProgram + "\", the longest part that is a file." + sOthers +
@@ -210,12 +221,26 @@ void CheckReadMesClear(const Suite& suite, Report& report) {
   });
 }
 
+constexpr Rule NotAProgram = {"not-a-program", "A file to start is no program by its name."};
+
 void CheckPrograms(const Suite& suite, Report& report) {
-  ForEachFile(suite, "INSTALLFILE",
-              [&](const ListEntry& entry) { ReportNoProgram(entry.sValue, entry.value, report); });
-  ForEachFile(suite, "READMEFILE", [&](const ListEntry& entry) {
-    ReportNoProgram(ReadMeProgram(suite, entry.sValue), entry.value, report);
+  ForEachFile(suite, "INSTALLFILE", [&](const std::string& sValue, const Place& place) {
+    ReportNoProgram(sValue, place, report);
   });
+  ForEachFile(suite, "READMEFILE", [&](const std::string& sValue, const Place& place) {
+    ReportNoProgram(ReadMeProgram(suite, sValue), place, report);
+  });
+}
+
+}  // namespace
+
+std::span<const Check> FileChecks() {
+  static constexpr std::array Table = {
+      Check{&PictureMissing, CheckPicturesThere},     Check{&PictureUnreadable, CheckPicturesLoad},
+      Check{&InstallerMissing, CheckInstallersThere}, Check{&ReadMeMissing, CheckReadMesThere},
+      Check{&ReadMeAmbiguous, CheckReadMesClear},     Check{&NotAProgram, CheckPrograms},
+  };
+  return Table;
 }
 
 }  // namespace trelin

@@ -1,5 +1,6 @@
 // Checks of the room that texts have in the menu.
 
+#include <array>
 #include <string>
 
 #include "check/checks.h"
@@ -18,13 +19,20 @@ void ReportLong(const ListBlock& product, const char* pKey, const LabelPlace& pl
               "Shorten it.");
 }
 
-}  // namespace
-
 void CheckTextsFit(const Suite& suite, Report& report) {
   for (const ListBlock* pProduct : suite.list.Products()) {
     ReportLong(*pProduct, "PRODUCT", TitlePlace, "The title", report);
     ReportLong(*pProduct, "DESCRIPTION", DescriptionPlace, "The description", report);
   }
+}
+
+}  // namespace
+
+std::span<const Check> FitChecks() {
+  static constexpr std::array Table = {
+      Check{&rule::LongText, CheckTextsFit},
+  };
+  return Table;
 }
 
 }  // namespace trelin

@@ -1,5 +1,6 @@
 // Checks of the entries of each block by itself.
 
+#include <array>
 #include <limits>
 #include <map>
 #include <string>
@@ -13,7 +14,7 @@ namespace trelin {
 
 namespace {
 
-bool IsKnown(BlockKind kind, const std::string& sKey) {
+bool IsKnown(BlockKind kind, std::string_view sKey) {
   for (const char* pKnown : KeysOf(kind))
     if (sKey == pKnown) return true;
   return false;
@@ -59,37 +60,41 @@ std::string UnknownKeyMessage(BlockKind kind, const std::string& sKey) {
 // no value.
 template <class Use>
 void ForEachWithout(const Suite& suite, const char* pKey, Use use) {
-  suite.list.ForEachBlock([&](const ListBlock& block) {
+  for (const ListBlock& block : suite.list.blocks)
     if (block.kind != BlockKind::SetupList && block.Value(pKey).empty())
       use(block, block.PlaceOf(pKey));
-  });
 }
 
-}  // namespace
+constexpr Rule UnknownKey = {"unknown-key", "The launcher does not know a key."};
 
 void CheckUnknownKeys(const Suite& suite, Report& report) {
-  suite.list.ForEachBlock([&report](const ListBlock& block) {
-    for (const ListEntry& entry : block.entries) {
-      if (IsKnown(block.kind, entry.sKey)) continue;
-      report.Error(entry.key, UnknownKeyMessage(block.kind, entry.sKey),
-                   UnknownKeyHint(block.kind, entry.sKey));
+  for (const ListBlock& block : suite.list.blocks) {
+    for (const ListStatement* pEntry : block.entries) {
+      if (IsKnown(block.kind, pEntry->sKey)) continue;
+      const std::string sKey(pEntry->sKey);
+      report.Error(pEntry->key, UnknownKeyMessage(block.kind, sKey),
+                   UnknownKeyHint(block.kind, sKey));
     }
-  });
+  }
 }
 
+constexpr Rule RepeatedKey = {"repeated-key", "A key is given twice in one block."};
+
 void CheckRepeatedKeys(const Suite& suite, Report& report) {
-  suite.list.ForEachBlock([&report](const ListBlock& block) {
-    std::map<std::string, std::int32_t> lines;  // by key
-    for (const ListEntry& entry : block.entries) {
-      const auto [first, bNew] = lines.emplace(entry.sKey, entry.key.lLine);
-      if (bNew || !IsKnown(block.kind, entry.sKey)) continue;
-      report.Warn(entry.key,
-                  entry.sKey + " is given twice in this block, first in line " +
+  for (const ListBlock& block : suite.list.blocks) {
+    std::map<std::string_view, std::int32_t> lines;  // by key
+    for (const ListStatement* pEntry : block.entries) {
+      const auto [first, bNew] = lines.emplace(pEntry->sKey, pEntry->key.lLine);
+      if (bNew || !IsKnown(block.kind, pEntry->sKey)) continue;
+      report.Warn(pEntry->key,
+                  std::string(pEntry->sKey) + " is given twice in this block, first in line " +
                       std::to_string(first->second) + ". The later value counts.",
                   "Remove one of the two lines.");
     }
-  });
+  }
 }
+
+constexpr Rule TooManyProducts = {"too-many-products", "The list has more than 32,767 products."};
 
 void CheckProductCount(const Suite& suite, Report& report) {
   constexpr std::size_t MostProducts = std::numeric_limits<std::int16_t>::max();
@@ -101,8 +106,10 @@ void CheckProductCount(const Suite& suite, Report& report) {
                "Divide the suite into several lists, each in a folder of its own.");
 }
 
+constexpr Rule NoTitle = {"no-title", "A product or prerequisite has no title."};
+
 void CheckTitles(const Suite& suite, Report& report) {
-  suite.list.ForEachBlock([&report](const ListBlock& block) {
+  for (const ListBlock& block : suite.list.blocks) {
     if (block.kind == BlockKind::Application && block.Value("PRODUCT").empty())
       report.Error(block.PlaceOf("PRODUCT"), "The product has no title: its row has no name.",
                    "Add an entry \"PRODUCT = ...\".");
@@ -110,8 +117,10 @@ void CheckTitles(const Suite& suite, Report& report) {
       report.Warn(block.PlaceOf("TITLE"),
                   "The prerequisite has no title: the message about it does not name it.",
                   "Add an entry \"TITLE = ...\".");
-  });
+  }
 }
+
+constexpr Rule NoInstaller = {"no-installer", "A product has no installer."};
 
 void CheckInstallersNamed(const Suite& suite, Report& report) {
   ForEachWithout(suite, "INSTALLFILE", [&](const ListBlock& block, const Place& place) {
@@ -120,6 +129,8 @@ void CheckInstallersNamed(const Suite& suite, Report& report) {
                   "Add an entry \"INSTALLFILE = ...\" unless it is there to be read only.");
   });
 }
+
+constexpr Rule NoCode = {"no-code", "A product or prerequisite has no product code."};
 
 void CheckCodesNamed(const Suite& suite, Report& report) {
   ForEachWithout(suite, "PRODUCTCODE", [&](const ListBlock& block, const Place& place) {
@@ -133,6 +144,8 @@ void CheckCodesNamed(const Suite& suite, Report& report) {
   });
 }
 
+constexpr Rule NoRevision = {"no-revision", "A product has no revision."};
+
 void CheckRevisionsNamed(const Suite& suite, Report& report) {
   ForEachWithout(suite, "REVISION", [&](const ListBlock& block, const Place& place) {
     if (block.kind != BlockKind::Application) return;
@@ -144,6 +157,18 @@ void CheckRevisionsNamed(const Suite& suite, Report& report) {
                    "The product has no revision: whatever is installed counts as a newer one.",
                    sHint);
   });
+}
+
+}  // namespace
+
+std::span<const Check> KeyChecks() {
+  static constexpr std::array Table = {
+      Check{&UnknownKey, CheckUnknownKeys},       Check{&RepeatedKey, CheckRepeatedKeys},
+      Check{&TooManyProducts, CheckProductCount}, Check{&NoTitle, CheckTitles},
+      Check{&NoInstaller, CheckInstallersNamed},  Check{&NoCode, CheckCodesNamed},
+      Check{&NoRevision, CheckRevisionsNamed},
+  };
+  return Table;
 }
 
 }  // namespace trelin

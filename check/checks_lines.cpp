@@ -1,6 +1,7 @@
 // Checks of the lines as they stand in the file.
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <limits>
 #include <string>
@@ -19,25 +20,23 @@ bool IsComment(std::string_view sLine) {
   return nFirst != std::string_view::npos && sLine[nFirst] == ';';
 }
 
-bool HasFault(const CheckedList& list, Rule rule, std::int32_t lLine) {
+bool HasFault(const CheckedList& list, const Rule* pRule, std::int32_t lLine) {
   return std::any_of(list.faults.begin(), list.faults.end(), [&](const Finding& fault) {
-    return fault.rule == rule && fault.place.lLine == lLine;
+    return fault.pRule == pRule && fault.place.lLine == lLine;
   });
 }
 
 // The mark has a rule of its own.
-std::size_t MarkLength(const std::string& sLine, std::int32_t lLine) {
+std::size_t MarkLength(std::string_view sLine, std::int32_t lLine) {
   return lLine == 1 && sLine.starts_with(Utf8Mark) ? Utf8Mark.size() : 0;
 }
-
-}  // namespace
 
 // Where the launcher stops at such a line, the reader has said so.
 void CheckLineLengths(const Suite& suite, Report& report) {
   const SourceLines& lines = suite.list.lines;
   for (std::int32_t l = 1; l <= lines.Count(); ++l) {
     if (lines.Line(l).size() <= LongestLine) continue;
-    if (HasFault(suite.list, Rule::LineTooLong, l)) continue;
+    if (HasFault(suite.list, &rule::LineTooLong, l)) continue;
     report.Warn({l, static_cast<std::int32_t>(LongestLine) + 1, 1},
                 "The line has " + std::to_string(lines.Line(l).size()) +
                     " characters. The launcher counts positions up to 32767.",
@@ -48,10 +47,10 @@ void CheckLineLengths(const Suite& suite, Report& report) {
 // No text of a comment is shown.
 void CheckCodePage(const Suite& suite, Report& report) {
   const SourceLines& lines = suite.list.lines;
-  if (HasFault(suite.list, Rule::NotAnsi, 1)) return;  // the whole file
+  if (HasFault(suite.list, &rule::NotAnsi, 1)) return;  // the whole file
   for (std::int32_t l = 1; l <= lines.Count(); ++l) {
     const std::size_t nMark = MarkLength(lines.Line(l), l);
-    const std::string_view sLine = std::string_view(lines.Line(l)).substr(nMark);
+    const std::string_view sLine = lines.Line(l).substr(nMark);
     if (IsComment(sLine)) continue;
     const auto foreign = FindForeignText(sLine);
     if (!foreign) continue;
@@ -60,6 +59,16 @@ void CheckCodePage(const Suite& suite, Report& report) {
                  "The text " + foreign->sReason + " and is not shown as it is meant.",
                  "Save the file in the ANSI code page (Windows-1252).");
   }
+}
+
+}  // namespace
+
+std::span<const Check> LineChecks() {
+  static constexpr std::array Table = {
+      Check{&rule::LineTooLong, CheckLineLengths},
+      Check{&rule::NotAnsi, CheckCodePage},
+  };
+  return Table;
 }
 
 }  // namespace trelin

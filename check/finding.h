@@ -26,7 +26,7 @@ enum class Severity { Warning, Error };
 
 // Texts are in the ANSI code page and may have several lines.
 struct Finding {
-  Rule rule;
+  const Rule* pRule;
   Severity severity;
   Place place;
   std::string sMessage;

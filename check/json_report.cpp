@@ -17,11 +17,11 @@ void WriteFinding(const CheckedFile& file, const Finding& finding, JsonWriter& j
     json.NumberMember("line", place.lLine);
     json.NumberMember("column", place.lColumn);
     json.NumberMember("length", place.lLength);
-    json.Member("source", Utf8Of(file.lines.Line(place.lLine)));
+    json.Member("source", Utf8Of(std::string(file.lines.Line(place.lLine))));
   }
   if (finding.lNumber > 0) json.NumberMember("number", finding.lNumber);
   json.Member("severity", NameOf(finding.severity));
-  json.Member("rule", TextOf(finding.rule).pName);
+  json.Member("rule", finding.pRule->pName);
   json.Member("message", Utf8Of(finding.sMessage));
   if (!finding.sHint.empty()) json.Member("hint", Utf8Of(finding.sHint));
   json.End('}');

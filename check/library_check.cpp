@@ -24,6 +24,18 @@ namespace trelin {
 
 namespace {
 
+constexpr Rule LibraryDamaged = {"library-damaged", "A string library does not load."};
+constexpr Rule MissingText = {"missing-text", "A string library lacks a text."};
+constexpr Rule UnknownText = {"unknown-text",
+                              "A string library has a text that the program never asks for."};
+constexpr Rule Placeholders = {"placeholders",
+                               "The placeholders of a text are not those of the program's own."};
+constexpr Rule TextTooLong = {"text-too-long", "A text has more than 1,023 characters."};
+constexpr Rule TextNotAnsi = {
+    "text-not-ansi", "A text of a string library has characters that the ANSI code page lacks."};
+constexpr Rule AccessKey = {"access-key", "Buttons lack access keys or share one."};
+constexpr Rule AlikeTexts = {"alike-texts", "Two installation states read the same."};
+
 constexpr std::uint16_t FirstNumber = 35000;
 constexpr std::uint16_t LastNumber = 35999;
 constexpr auto NoticeCount = static_cast<std::uint16_t>(TextNumber::NoticeCount);
@@ -92,10 +104,10 @@ class LibraryComparison {
   }
 
  private:
-  void Add(Rule rule, Severity severity, std::uint16_t nNumber, const std::string& sMessage,
+  void Add(const Rule& rule, Severity severity, std::uint16_t nNumber, const std::string& sMessage,
            const std::string& sHint = "") {
     findings_.push_back(
-        {rule, severity, {}, "Text " + std::to_string(nNumber) + " " + sMessage, sHint, nNumber});
+        {&rule, severity, {}, "Text " + std::to_string(nNumber) + " " + sMessage, sHint, nNumber});
   }
 
   void CompareNumbers() {
@@ -103,13 +115,13 @@ class LibraryComparison {
       if (texts_.count(nNumber) == 0) AddMissing(nNumber);
     for (const auto& [nNumber, sText] : texts_)
       if (askedFor_.count(nNumber) == 0)
-        Add(Rule::UnknownText, Severity::Warning, nNumber, "is never asked for.",
+        Add(UnknownText, Severity::Warning, nNumber, "is never asked for.",
             "Remove it, or correct its number.");
   }
 
   void AddMissing(std::uint16_t nNumber) {
     const auto own = own_.find(nNumber);
-    Add(Rule::MissingText, Severity::Error, nNumber, "is missing.",
+    Add(MissingText, Severity::Error, nNumber, "is missing.",
         own == own_.end()
             ? "Text " + std::to_string(NoticeCount) + " says how many lines the notice has."
             : "In the program's own library it reads: " + FromUtf16(own->second));
@@ -119,21 +131,21 @@ class LibraryComparison {
     const std::set<char16_t> own = PlaceholdersOf(own_.at(nNumber));
     const std::set<char16_t> found = PlaceholdersOf(sText);
     if (found == own) return;
-    Add(Rule::Placeholders, Severity::Error, nNumber,
+    Add(Placeholders, Severity::Error, nNumber,
         "has the placeholders " + Listed(found) + " instead of " + Listed(own) + ".",
         "It reads: " + FromUtf16(sText));
   }
 
   void CheckText(std::uint16_t nNumber, const std::u16string& sText) {
     if (sText.size() > LongestText)
-      Add(Rule::TextTooLong, Severity::Error, nNumber,
+      Add(TextTooLong, Severity::Error, nNumber,
           "has " + std::to_string(sText.size()) + " characters. The launcher reads 1023.",
           "Shorten it.");
     const auto foreign = std::find_if(sText.begin(), sText.end(), [](char16_t c) {
       return c != u'?' && FromUtf16(std::u16string(1, c)) == "?";
     });
     if (foreign != sText.end())
-      Add(Rule::TextNotAnsi, Severity::Warning, nNumber,
+      Add(TextNotAnsi, Severity::Warning, nNumber,
           "has a character that Windows-1252 lacks, its " +
               std::to_string(foreign - sText.begin() + 1) + ".",
           "It is shown on computers only whose ANSI code page has it.");
@@ -148,7 +160,7 @@ class LibraryComparison {
       if (text == texts_.end()) continue;
       const auto [first, bNew] = numbers.emplace(text->second, nNumber);
       if (!bNew)
-        Add(Rule::AlikeTexts, Severity::Error, nNumber,
+        Add(AlikeTexts, Severity::Error, nNumber,
             "reads like text " + std::to_string(first->second) +
                 ": the menu would not show the change from one to the other.",
             "Give each state of a product a text of its own.");
@@ -165,10 +177,10 @@ class LibraryComparison {
       const std::string sKey = AccessKeyOf(text->second);
       const auto [first, bNew] = numbers.emplace(sKey, nNumber);
       if (sKey.empty())
-        Add(Rule::AccessKey, Severity::Warning, nNumber, "has no access key.",
+        Add(AccessKey, Severity::Warning, nNumber, "has no access key.",
             "Put an ampersand in front of a letter.");
       else if (!bNew)
-        Add(Rule::AccessKey, Severity::Warning, nNumber,
+        Add(AccessKey, Severity::Warning, nNumber,
             "has the access key of text " + std::to_string(first->second) + ".",
             "Give each button a letter of its own.");
       constexpr LabelPlace OnButton = {0, 0, 1005, 345, {}};  // within its frame
@@ -190,7 +202,7 @@ class LibraryComparison {
     std::string sShown = FromUtf16(sText);
     std::erase(sShown, '&');
     if (!LabelShowsWhole(sShown, place.font, place.width, place.height))
-      Add(Rule::LongText, Severity::Warning, nNumber,
+      Add(rule::LongText, Severity::Warning, nNumber,
           "does not fit into its place in the menu: its end is cut off.", "Shorten it.");
   }
 
@@ -212,6 +224,12 @@ std::optional<LibraryTexts> ReadTexts(const std::string& sPath) {
 
 }  // namespace
 
+std::span<const Rule* const> LibraryRules() {
+  static constexpr std::array Table = {&LibraryDamaged, &MissingText, &UnknownText, &Placeholders,
+                                       &TextTooLong,    &TextNotAnsi, &AccessKey,   &AlikeTexts};
+  return Table;
+}
+
 Findings CompareLibraries(const LibraryTexts& own, const LibraryTexts& library) {
   return LibraryComparison(own, library).Run();
 }
@@ -222,7 +240,7 @@ Findings CheckLibrary(const std::string& sPath) {
   if (!own) throw std::runtime_error("The string library \"" + sOwnPath + "\" is damaged.");
   const std::optional<LibraryTexts> library = ReadTexts(sPath);
   if (library) return CompareLibraries(*own, *library);
-  return {{Rule::LibraryDamaged,
+  return {{&LibraryDamaged,
            Severity::Error,
            {},
            "The file is no Windows library, or a damaged one: the launcher does not load it.",

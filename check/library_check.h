@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <span>
 #include <string>
 
 #include "check/finding.h"
@@ -10,6 +11,9 @@ namespace trelin {
 
 // The texts of a string library by their numbers, 35000 to 35999.
 using LibraryTexts = std::map<std::uint16_t, std::u16string>;
+
+// The rules of string libraries alone.
+std::span<const Rule* const> LibraryRules();
 
 // Compares a string library with the program's own: the numbers of its texts,
 // their placeholders, and what the menu needs of some of them. The notice may

@@ -1,16 +1,14 @@
 #include "check/list_reader.h"
 
 #include <cstddef>
-#include <memory>
-#include <optional>
 #include <utility>
 
 #include "check/encoding.h"
 #include "check/nearest.h"
 #include "check/statements.h"
-#include "seam/platform.h"
 #include "seam/platform_error.h"
 #include "shared/read_file.h"
+#include "suite/line_reader.h"
 #include "texts/messages.h"
 
 namespace trelin {
@@ -23,8 +21,10 @@ constexpr const char* Prerequisite = "DEPENDENCY";
 
 // The block type that a word most probably stands for: one that it differs from
 // in a few letters, or else the one that is expected there.
-std::string MeantType(const std::string& sType, const char* pExpected) {
+std::string MeantType(std::string_view sType, const char* pExpected) {
   constexpr std::size_t FewLetters = 3;
+  constexpr std::size_t LongestType = 11;
+  if (sType.size() > LongestType + FewLetters) return pExpected;
   const std::string sNearest = NearestWord(sType, {Outer, Product, Prerequisite});
   return EditDistance(sType, sNearest) <= FewLetters ? sNearest : pExpected;
 }
@@ -33,27 +33,84 @@ const char* ExpectedIn(BlockKind kind) {
   return kind == BlockKind::SetupList ? Product : Prerequisite;
 }
 
+bool Accepts(BlockKind kind, std::string_view sType) {
+  return (kind == BlockKind::SetupList && sType == Product) ||
+         (kind == BlockKind::Application && sType == Prerequisite);
+}
+
+// Whether a block of that type shows that a block of that kind has ended.
+bool ClosesBlock(BlockKind kind, std::string_view sType) {
+  return sType == Product ? kind != BlockKind::SetupList
+                          : sType == Prerequisite && kind == BlockKind::Dependency;
+}
+
+BlockKind InnerKind(BlockKind outer, std::string_view sMeant) {
+  if (sMeant == Product) return BlockKind::Application;
+  if (sMeant == Prerequisite) return BlockKind::Dependency;
+  return outer == BlockKind::SetupList ? BlockKind::Application : BlockKind::Dependency;
+}
+
+// How many blocks are open at places of a list, if each END closes one.
+class Depths {
+ public:
+  explicit Depths(const std::vector<ListStatement>& statements) : places_(statements.size() + 1) {
+    for (std::size_t n = 0; n < statements.size(); ++n)
+      places_[n + 1].lDepth = places_[n].lDepth + Change(statements[n].kind);
+    places_.back().nNextProduct = statements.size();
+    for (std::size_t n = statements.size(); n-- > 0;)
+      places_[n].nNextProduct = StartsProduct(statements[n]) ? n : places_[n + 1].nNextProduct;
+  }
+
+  // Whether the block that starts at statement nStart is closed within the block
+  // around it, as the ENDs up to the next product show.
+  bool IsNested(std::size_t nStart, std::size_t nOpenBlocks) const {
+    const std::size_t nProduct = places_[nStart + 1].nNextProduct;
+    const bool bAtEnd = nProduct + 1 == places_.size();
+    const auto lOpen =
+        static_cast<std::int32_t>(nOpenBlocks) + places_[nProduct].lDepth - places_[nStart].lDepth;
+    return lOpen <= (bAtEnd ? 0 : 1);
+  }
+
+ private:
+  struct PlaceInList {
+    std::int32_t lDepth = 0;
+    std::size_t nNextProduct = 0;
+  };
+
+  static std::int32_t Change(Statement::Kind kind) {
+    if (kind == Statement::Kind::StartBlock) return 1;
+    return kind == Statement::Kind::EndBlock ? -1 : 0;
+  }
+
+  static bool StartsProduct(const ListStatement& statement) {
+    return statement.kind == Statement::Kind::StartBlock &&
+           MeantType(statement.sKey, "") == Product;
+  }
+
+  std::vector<PlaceInList> places_;  // in front of each statement, and at the end
+};
+
 class StructureReader {
  public:
-  StructureReader(std::vector<Statement> statements, CheckedList& list)
-      : statements_(std::move(statements)), list_(list) {}
+  explicit StructureReader(CheckedList& list) : list_(list), depths_(list.statements) {}
 
   void Read() {
+    list_.blocks.emplace_back();
     if (!ReadStart()) return;
-    ReadBlock(list_.outer);
-    const bool bHasEnd = lEnd_ > 0 && nNext_ > 0 && statements_[nNext_ - 1].place.lLine == lEnd_;
-    if (bHasEnd) HintAtEnd();
+    if (ReadBlock(0)) HintAtEnd();
     while (!AtEnd()) ReadAfterEnd();
   }
 
  private:
-  bool AtEnd() const { return nNext_ == statements_.size(); }
-  const Statement& Next() const { return statements_[nNext_]; }
-  bool NextIsBlock() const { return Next().kind == Statement::Kind::BlockStart; }
+  bool AtEnd() const { return nNext_ == list_.statements.size(); }
+  const ListStatement& Next() const { return list_.statements[nNext_]; }
+  bool NextIsBlock() const { return Next().kind == Statement::Kind::StartBlock; }
+  std::int32_t NextLine() const { return Next().key.lLine; }
+  Place NextPlace() const { return list_.PlaceInLine(NextLine()); }
 
-  void AddFault(Rule rule, const Place& place, const std::string& sMessage,
+  void AddFault(const Rule* pRule, const Place& place, const std::string& sMessage,
                 const std::string& sHint) {
-    list_.faults.push_back({rule, Severity::Error, place, sMessage, sHint});
+    list_.faults.push_back({pRule, Severity::Error, place, sMessage, sHint});
   }
 
   // Up to the first block's start line, and over it if it is that of the outer
@@ -61,199 +118,178 @@ class StructureReader {
   bool ReadStart() {
     if (AtEnd() || !NextIsBlock()) {
       // A line that is no statement at all is reported as such already.
-      const Place place = AtEnd() ? list_.lines.Statement(list_.lines.Count()) : Next().place;
+      const Place place = AtEnd() ? list_.PlaceInLine(list_.lines.Count()) : NextPlace();
       if (!AtEnd() || list_.faults.empty())
-        AddFault(Rule::MustBegin, place, FormatResourceString(TextNumber::NoBeginning, place.lLine),
-                 "");
+        AddFault(&rule::MustBegin, place,
+                 FormatResourceString(TextNumber::NoBeginning, place.lLine), "");
       while (!AtEnd() && !NextIsBlock()) ++nNext_;
       if (AtEnd()) return false;
-    } else if (Next().sWord != Outer) {
-      AddFault(Rule::WrongBlock, list_.lines.BlockType(Next().place.lLine),
-               FormatResourceString(TextNumber::WrongBlock, "BLOCK", Next().place.lLine, Outer,
-                                    Next().sWord),
+    } else if (Next().sKey != Outer) {
+      AddFault(&rule::WrongBlock, Next().key,
+               FormatResourceString(TextNumber::WrongBlock, "BLOCK", NextLine(), Outer,
+                                    std::string(Next().sKey)),
                "");
     }
-    list_.outer.start = Next().place;
-    bOuterStarted_ = MeantType(Next().sWord, Outer) == Outer;
+    list_.blocks.front().start = NextPlace();
+    bOuterStarted_ = MeantType(Next().sKey, Outer) == Outer;
     if (bOuterStarted_) ++nNext_;
     return true;
   }
 
-  // Reads up to and over the block's END.
-  void ReadBlock(ListBlock& block) {
-    while (!AtEnd() && !bEndImplied_) {
-      const Statement& statement = Next();
-      if (statement.kind == Statement::Kind::BlockEnd) {
-        lEnd_ = statement.place.lLine;
-        ++nNext_;
-        return;
-      }
-      if (statement.kind == Statement::Kind::BlockStart) {
-        ReadInner(block);
-      } else {
-        AddEntry(block, statement);
-        ++nNext_;
-      }
-      // The END that is missing may be that of this block alone; that of the
-      // outer one is not.
-      if (bEndImplied_ &&
-          (block.kind == BlockKind::SetupList || Accepts(block.kind, MeantType(Next().sWord, ""))))
-        bEndImplied_ = false;
-    }
-    const bool bStarted = &block != &list_.outer || bOuterStarted_;
-    if (AtEnd() && bStarted && !bAfterEndReported_) AddMissingEnd(block);
+  // Reads block nBlock and what is in it up to and over its END. False when the
+  // file ends before.
+  bool ReadBlock(std::size_t nBlock) {
+    open_ = {nBlock};
+    while (!AtEnd() && !open_.empty()) ReadStatement();
+    const bool bHasEnd = open_.empty();
+    for (; !open_.empty(); open_.pop_back())
+      if (!bAfterEndReported_ && (open_.back() != 0 || bOuterStarted_)) AddMissingEnd(Innermost());
+    return bHasEnd;
   }
 
-  void AddEntry(ListBlock& block, const Statement& statement) const {
-    const std::int32_t lLine = statement.place.lLine;
-    block.entries.push_back(
-        {statement.sWord, statement.sValue, list_.lines.Key(lLine), list_.lines.Value(lLine)});
+  ListBlock& Innermost() { return list_.blocks[open_.back()]; }
+
+  void ReadStatement() {
+    if (NextIsBlock()) return ReadBlockStart();
+    if (Next().kind == Statement::Kind::EndBlock) {
+      lEnd_ = NextLine();
+      open_.pop_back();
+    } else {
+      Innermost().entries.push_back(&Next());
+    }
+    ++nNext_;
   }
 
   void AddMissingEnd(const ListBlock& block) {
     list_.faults.push_back(
-        {Rule::MissingEnd, Severity::Warning, block.start,
+        {&rule::MissingEnd, Severity::Warning, block.start,
          std::string("The block ") + NameOf(block.kind) +
              " that begins here has no END. The launcher takes the end of the file for it.",
          "Add a line \"END\" behind the block."});
   }
 
-  static bool Accepts(BlockKind kind, const std::string& sType) {
-    return (kind == BlockKind::SetupList && sType == Product) ||
-           (kind == BlockKind::Application && sType == Prerequisite);
-  }
-
   // A block within a block: the right one, or one that is reported and then
   // read as what it was most probably meant to be.
-  void ReadInner(ListBlock& block) {
-    const std::string sType = Next().sWord;
-    const std::string sMeant = MeantType(sType, ExpectedIn(block.kind));
-    if (!Accepts(block.kind, sType)) {
-      const bool bEndMissing = ClosesBlock(block.kind, MeantType(sType, "")) && !IsNested();
-      ReportInner(block, bEndMissing);
-      if (bEndMissing) {
-        bEndImplied_ = true;
-        return;
-      }
+  void ReadBlockStart() {
+    const ListBlock& around = Innermost();
+    const std::string_view sType = Next().sKey;
+    if (!Accepts(around.kind, sType)) {
+      const std::string sMeant = MeantType(sType, "");
+      const bool bEndMissing =
+          ClosesBlock(around.kind, sMeant) && !depths_.IsNested(nNext_, open_.size());
+      ReportInner(around, bEndMissing);
+      if (bEndMissing) CloseUpTo(sMeant);
     }
-    ListBlock inner;
-    inner.kind = InnerKind(block.kind, sMeant);
-    inner.start = Next().place;
-    lDepth_ += 1;
+    StartBlock();
+  }
+
+  // The END that is missing may be that of the innermost block alone; that of
+  // the outer one is not.
+  void CloseUpTo(std::string_view sMeant) {
+    do open_.pop_back();
+    while (Innermost().kind != BlockKind::SetupList && !Accepts(Innermost().kind, sMeant));
+  }
+
+  void StartBlock() {
+    const BlockKind around = Innermost().kind;
+    ListBlock block;
+    block.kind = InnerKind(around, MeantType(Next().sKey, ExpectedIn(around)));
+    block.start = NextPlace();
+    block.nAround = open_.back();
+    open_.push_back(list_.blocks.size());
+    list_.blocks.push_back(std::move(block));
     ++nNext_;
-    ReadBlock(inner);
-    lDepth_ -= 1;
-    block.blocks.push_back(std::move(inner));
   }
 
-  // Whether a block of that type shows that a block of that kind has ended.
-  static bool ClosesBlock(BlockKind kind, const std::string& sType) {
-    return sType == Product ? kind != BlockKind::SetupList
-                            : sType == Prerequisite && kind == BlockKind::Dependency;
-  }
-
-  static BlockKind InnerKind(BlockKind outer, const std::string& sMeant) {
-    if (sMeant == Product) return BlockKind::Application;
-    if (sMeant == Prerequisite) return BlockKind::Dependency;
-    return outer == BlockKind::SetupList ? BlockKind::Application : BlockKind::Dependency;
-  }
-
-  // Whether the block that starts here is closed within the block around it, as
-  // the ENDs up to the next product show.
-  bool IsNested() const {
-    std::int32_t lOpen = lDepth_ + 1;
-    for (std::size_t n = nNext_ + 1; n < statements_.size(); ++n) {
-      const Statement& statement = statements_[n];
-      if (statement.kind == Statement::Kind::BlockStart) {
-        if (MeantType(statement.sWord, "") == Product) return lOpen <= 1;
-        ++lOpen;
-      } else if (statement.kind == Statement::Kind::BlockEnd) {
-        --lOpen;
-      }
-    }
-    return lOpen <= 0;
-  }
-
-  void ReportInner(const ListBlock& block, bool bEndMissing) {
-    if (std::exchange(nReported_, nNext_) == nNext_) return;  // in the block that it ended
-    const Statement& statement = Next();
-    const std::int32_t lLine = statement.place.lLine;
+  void ReportInner(const ListBlock& around, bool bEndMissing) {
+    const std::int32_t lLine = NextLine();
+    const std::string sType(Next().sKey);
     const std::string sMessage =
-        block.kind == BlockKind::Dependency
-            ? FormatResourceString(TextNumber::BlockInDependency, lLine, statement.sWord)
-            : FormatResourceString(TextNumber::WrongBlock, "BLOCK", lLine, ExpectedIn(block.kind),
-                                   statement.sWord);
+        around.kind == BlockKind::Dependency
+            ? FormatResourceString(TextNumber::BlockInDependency, lLine, sType)
+            : FormatResourceString(TextNumber::WrongBlock, "BLOCK", lLine, ExpectedIn(around.kind),
+                                   sType);
     std::string sHint;
     if (bEndMissing)
-      sHint = std::string("The block ") + NameOf(block.kind) + " that begins in line " +
-              std::to_string(block.start.lLine) + " is still open here: its END is missing.";
-    AddFault(Rule::WrongBlock, list_.lines.BlockType(lLine), sMessage, sHint);
+      sHint = std::string("The block ") + NameOf(around.kind) + " that begins in line " +
+              std::to_string(around.start.lLine) + " is still open here: its END is missing.";
+    AddFault(&rule::WrongBlock, Next().key, sMessage, sHint);
   }
 
   // Of lines that are no statements, those behind the END of the outer block.
   void HintAtEnd() {
     for (Finding& fault : list_.faults)
-      if (fault.rule == Rule::NotUnderstood && fault.place.lLine > lEnd_)
+      if (fault.pRule == &rule::NotUnderstood && fault.place.lLine > lEnd_)
         fault.sHint += std::string(fault.sHint.empty() ? "" : " ") +
                        "It stands behind the END of the list in line " + std::to_string(lEnd_) +
                        ", where only empty lines and comments may stand.";
   }
 
-  // What stands behind the END of the outer block.
+  // What stands behind the END of the outer block: products of the same list, or a
+  // second list, of which nothing counts.
   void ReadAfterEnd() {
     if (!bAfterEndReported_) {
-      const std::int32_t lLine = Next().place.lLine;
-      AddFault(Rule::AfterEnd, Next().place, FormatResourceString(TextNumber::AfterTheEnd, lLine),
+      AddFault(&rule::AfterEnd, NextPlace(),
+               FormatResourceString(TextNumber::AfterTheEnd, NextLine()),
                "The list ends with the END in line " + std::to_string(lEnd_) +
                    ": there may be one END too many before that line.");
       bAfterEndReported_ = true;
     }
     while (!AtEnd() && !NextIsBlock()) ++nNext_;
     if (AtEnd()) return;
-    if (MeantType(Next().sWord, "") == Outer) {
-      ListBlock second;
-      second.start = Next().place;
-      ++nNext_;
-      ReadBlock(second);
-    } else {
-      ReadBlock(list_.outer);
-    }
+    if (MeantType(Next().sKey, "") == Outer)
+      SkipSecondList();
+    else
+      ReadBlock(0);
   }
 
-  std::vector<Statement> statements_;
+  void SkipSecondList() {
+    const std::size_t nSecond = list_.blocks.size();
+    list_.blocks.emplace_back().start = NextPlace();
+    ++nNext_;
+    ReadBlock(nSecond);
+    list_.blocks.erase(list_.blocks.begin() + static_cast<std::ptrdiff_t>(nSecond),
+                       list_.blocks.end());
+  }
+
   CheckedList& list_;
+  const Depths depths_;
   std::size_t nNext_ = 0;
-  std::int32_t lDepth_ = 1;    // blocks that are open
-  std::int32_t lEnd_ = 0;      // the line of the last END
-  std::size_t nReported_ = 0;  // the inner block that was reported last
+  std::vector<std::size_t> open_;  // the blocks that are open, the outer one first
+  std::int32_t lEnd_ = 0;          // the line of the last END
   bool bOuterStarted_ = false;
-  bool bEndImplied_ = false;
   bool bAfterEndReported_ = false;
 };
 
-std::string ReadFileBytes(const std::string& sPath) {
-  const std::unique_ptr<InputFile> file = TheSystem().OpenInput(sPath);
-  std::optional<std::string> sBytes = ReadWholeFile(*file);
-  if (!sBytes) throw PlatformError("read the setup list", sPath, "it has more than 64 MB");
-  return std::move(*sBytes);
+// Reads the file once, from start to end, with the lines of the launcher.
+SourceLines ReadLines(const std::string& sPath) {
+  SourceLines lines;
+  LineReader reader;
+  reader.Open(sPath);
+  for (std::string_view sLine; reader.NextLine(sLine);) {
+    lines.Add(sLine);
+    if (lines.Text().size() > MaxFileBytes)
+      throw PlatformError("read the setup list", sPath, "it has more than 64 MB");
+  }
+  return lines;
 }
 
 }  // namespace
 
 CheckedList ReadCheckedList(const std::string& sPath) {
-  const std::string sBytes = ReadFileBytes(sPath);
   CheckedList list;
-  list.lines = SourceLines(sBytes);
-  if (IsUtf16(sBytes)) {
-    list.faults.push_back({Rule::NotAnsi,
+  list.lines = ReadLines(sPath);
+  if (IsUtf16(list.lines.Text())) {
+    list.blocks.emplace_back();
+    list.faults.push_back({&rule::NotAnsi,
                            Severity::Error,
                            {1, 1, 1},
                            "The file is UTF-16, of which the launcher understands no line.",
                            "Save it in the ANSI code page (Windows-1252)."});
     return list;
   }
-  std::vector<Statement> statements = ReadStatements(sPath, list.lines, list.faults);
-  StructureReader(std::move(statements), list).Read();
+  ReadStatements(list);
+  StructureReader(list).Read();
   return list;
 }
 

@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <string_view>
 
 #include "check/checked_list.h"
 #include "check/nearest.h"
-#include "seam/platform.h"
+#include "texts/text.h"
 
 namespace trelin {
 
@@ -34,20 +33,44 @@ bool MeansEnd(std::string_view sWord) {
   return sWord.starts_with("END") || (sWord.size() > 1 && EditDistance(sWord, "END") <= 1);
 }
 
+std::string_view FirstWord(std::string_view sText, const char* pSeparators) {
+  return sText.substr(0, sText.find_first_of(pSeparators));
+}
+
+std::string_view Behind(std::string_view sText, std::string_view sWord, const char* pSeparators) {
+  const std::size_t nBehind = sText.find_first_not_of(pSeparators, sWord.size());
+  return sText.substr(std::min(nBehind, sText.size()));
+}
+
 }  // namespace
 
-std::string MeantLine(const std::string& sLine) {
-  const std::size_t nFirst = sLine.find_first_not_of(" \t");
-  if (nFirst == std::string::npos || sLine.size() > LongestLine) return "";
-  const std::size_t nWordEnd = std::min(sLine.find_first_of(" \t:", nFirst), sLine.size());
-  const std::size_t nRest = std::min(sLine.find_first_not_of(" \t:", nWordEnd), sLine.size());
-  const std::string sRest = sLine.substr(nRest);
-  const std::string sWord = sLine.substr(nFirst, nWordEnd - nFirst);
-  std::string sUpper = sWord;
-  TheSystem().MakeUpperCase(sUpper);
-  if (IsKeyOfAnyBlock(sUpper)) return sWord + " = " + sRest;
-  if (MeansBlock(sUpper, sRest)) return "BLOCK " + sRest;
-  return MeansEnd(sUpper) ? "END" : "";
+Statement MeantStatement(std::string_view sLine) {
+  const std::string_view sContent = TrimSpaces(sLine);
+  if (sContent.size() > LongestLine) return {};
+  const std::string_view sWord = FirstWord(sContent, " :");
+  const std::string_view sRest = Behind(sContent, sWord, " :");
+  const std::string sUpper = UpperCase(sWord);
+  if (IsKeyOfAnyBlock(sUpper)) return {Statement::Kind::KeyValue, sWord, sRest, sContent};
+  if (MeansBlock(sUpper, sRest)) {
+    const std::string_view sType = FirstWord(sRest, " ");
+    const std::string_view sName = Behind(sRest, sType, " ");
+    return {Statement::Kind::StartBlock, sType, FirstWord(sName, " "), sContent};
+  }
+  if (MeansEnd(sUpper)) return {Statement::Kind::EndBlock, {}, {}, sContent};
+  return {};
+}
+
+std::string Written(const Statement& statement) {
+  const std::string sWord(statement.sWord);
+  const std::string sRest(statement.sRest);
+  switch (statement.kind) {
+    case Statement::Kind::StartBlock:
+      return "BLOCK " + sWord + (sRest.empty() ? "" : " " + sRest);
+    case Statement::Kind::KeyValue:
+      return sWord + " = " + sRest;
+    default:
+      return "END";
+  }
 }
 
 }  // namespace trelin

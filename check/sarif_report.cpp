@@ -3,8 +3,10 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "check/json_writer.h"
+#include "check/checks.h"
 #include "check/results.h"
 #include "check/version.h"
 #include "seam/console.h"
@@ -42,13 +44,19 @@ void WriteText(const char* pKey, const std::string& sUtf8, JsonWriter& json) {
   json.End('}');
 }
 
+// Of a rule among those that the tool names.
+long long IndexOf(const Rule* pRule) {
+  static const std::vector<const Rule*> rules = AllRules();
+  return std::find(rules.begin(), rules.end(), pRule) - rules.begin();
+}
+
 void WriteRules(JsonWriter& json) {
   json.Key("rules");
   json.Begin('[');
-  for (const RuleText& rule : Rules()) {
+  for (const Rule* pRule : AllRules()) {
     json.Begin('{');
-    json.Member("id", rule.pName);
-    WriteText("shortDescription", rule.pSummary, json);
+    json.Member("id", pRule->pName);
+    WriteText("shortDescription", pRule->pSummary, json);
     json.End('}');
   }
   json.End(']');
@@ -95,8 +103,8 @@ void WriteLocation(const CheckedFile& file, const Finding& finding, JsonWriter& 
 void WriteResult(const CheckedFile& file, const Finding& finding, JsonWriter& json) {
   const std::string sHint = finding.sHint.empty() ? "" : "\n\n" + finding.sHint;
   json.Begin('{');
-  json.Member("ruleId", TextOf(finding.rule).pName);
-  json.NumberMember("ruleIndex", static_cast<long long>(finding.rule));
+  json.Member("ruleId", finding.pRule->pName);
+  json.NumberMember("ruleIndex", IndexOf(finding.pRule));
   json.Member("level", NameOf(finding.severity));
   WriteText("message", Utf8Of(finding.sMessage + sHint), json);
   WriteLocation(file, finding, json);

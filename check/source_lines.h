@@ -1,40 +1,29 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 #include <vector>
 
-#include "check/finding.h"
-
 namespace trelin {
 
-// The lines of a setup list as they stand in the file, beside the block
-// reader, which gives statements and the numbers of their lines. A line ends
-// where it does for that reader.
+// The lines of a setup list as they stand in the file.
 class SourceLines {
  public:
-  SourceLines() = default;
-  explicit SourceLines(std::string_view sFile);
+  // Appends one, without its end.
+  void Add(std::string_view sLine);
 
-  std::int32_t Count() const { return static_cast<std::int32_t>(lines_.size()); }
+  std::int32_t Count() const { return static_cast<std::int32_t>(ends_.size()); }
 
-  // The text of a line, from 1, without its end; empty for a number that there
-  // is not.
-  const std::string& Line(std::int32_t lLine) const;
+  // The text of a line, from 1; empty for a number that there is not. Once all
+  // are there it stays where it lies, also when the lines are moved.
+  std::string_view Line(std::int32_t lLine) const;
 
-  // Where things stand in a line: the statement without the blanks around it;
-  // of an entry, the key and the value, or the place for it; of a block start,
-  // the type.
-  Place Statement(std::int32_t lLine) const;
-  Place Key(std::int32_t lLine) const;
-  Place Value(std::int32_t lLine) const;
-  Place BlockType(std::int32_t lLine) const;
+  // All of them, each ended by a line feed.
+  std::string_view Text() const { return {text_.data(), text_.size()}; }
 
  private:
-  Place Trimmed(std::int32_t lLine, std::size_t nBegin, std::size_t nEnd) const;
-
-  std::vector<std::string> lines_;
+  std::vector<char> text_;
+  std::vector<std::uint32_t> ends_;  // of each line in the text
 };
 
 }  // namespace trelin

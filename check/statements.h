@@ -1,27 +1,12 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
-#include "check/finding.h"
-#include "check/source_lines.h"
+#include "check/checked_list.h"
 
 namespace trelin {
 
-// One statement of a setup list, as the launcher's block reader delivers it.
-struct Statement {
-  enum class Kind { BlockStart, BlockEnd, Entry };
-
-  Kind kind = Kind::BlockEnd;
-  Place place;        // of the statement
-  std::string sWord;  // the block's type or the entry's key, in upper case
-  std::string sValue;
-};
-
-// Reads the file at sPath with the block reader to its end, whose faults go to
-// faults in the launcher's words; reading goes on behind each. lines are those
-// of the same file. Throws PlatformError when it cannot be read.
-std::vector<Statement> ReadStatements(const std::string& sPath, const SourceLines& lines,
-                                      Findings& faults);
+// Takes the lines of the list apart as the launcher does, into its statements;
+// lines that the launcher does not understand become faults, in its words, and
+// count as what they were most probably meant to be (see MeantLine).
+void ReadStatements(CheckedList& list);
 
 }  // namespace trelin

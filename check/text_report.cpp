@@ -50,10 +50,10 @@ std::string Shown(std::string sLine) {
 // The line and, under it, the place. Of a long line only the part around it.
 std::string SourceExcerpt(const SourceLines& lines, const Place& place) {
   if (place.lLine == 0 || place.lLine > lines.Count()) return "";
-  const std::string& sLine = lines.Line(place.lLine);
+  const std::string_view sLine = lines.Line(place.lLine);
   const auto nColumn = static_cast<std::size_t>(place.lColumn) - 1;
   const std::size_t nBegin = nColumn < MostShown ? 0 : nColumn - MostShown / 2;
-  const std::string sPart = sLine.substr(std::min(nBegin, sLine.size()), MostShown);
+  const std::string sPart(sLine.substr(std::min(nBegin, sLine.size()), MostShown));
   const std::size_t nAt = nColumn - nBegin;
   const auto nLength = static_cast<std::size_t>(std::max(place.lLength, 1));
   const std::size_t nMarked = std::min(nLength, std::max(sPart.size(), nAt + 1) - nAt);
@@ -63,9 +63,8 @@ std::string SourceExcerpt(const SourceLines& lines, const Place& place) {
 
 std::string TextOf(const CheckedFile& file, const Finding& finding) {
   std::string sText = Utf8Of(file.sPath) + Position(finding) + ": " + NameOf(finding.severity) +
-                      ": " + Utf8Of(OnOneLine(finding.sMessage)) + " [" +
-                      trelin::TextOf(finding.rule).pName + "]\n" +
-                      SourceExcerpt(file.lines, finding.place);
+                      ": " + Utf8Of(OnOneLine(finding.sMessage)) + " [" + finding.pRule->pName +
+                      "]\n" + SourceExcerpt(file.lines, finding.place);
   if (!finding.sHint.empty())
     sText += std::string(NumberWidth, ' ') + " = " + Utf8Of(OnOneLine(finding.sHint)) + "\n";
   return sText;

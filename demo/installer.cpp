@@ -18,6 +18,7 @@
 #include "texts/error.h"
 #include "texts/paths.h"
 #include "texts/string_resources.h"
+#include "texts/text.h"
 
 namespace trelin::demo {
 
@@ -32,11 +33,6 @@ struct Product {
   std::string Revision;
   std::string InstallFile;
 };
-
-std::string UpperCase(std::string sText) {
-  TheSystem().MakeUpperCase(sText);
-  return sText;
-}
 
 void SetProperty(Product& product, std::string_view sKey, std::string_view sValue) {
   if (sKey == "PRODUCT") product.Title = sValue;

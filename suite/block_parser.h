@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "suite/line_reader.h"
+#include "suite/statement.h"
 
 namespace trelin {
 
@@ -61,7 +63,7 @@ class BlockParser {
   bool ParseEnd(std::string_view sLine) const;
   bool ParseKeyValue(std::string_view sLine);
 
-  // sSource with each tab replaced by one space.
+  // sSource, the line behind the current one, with each tab replaced by one space.
   std::string ExpandTabs(const std::string& sSource) const;
 
   // The number of lines read since OpenFile: the number, from 1, of the line
@@ -69,7 +71,9 @@ class BlockParser {
   std::int32_t CurrentLine() const { return lCurrentLine_; }
 
  private:
-  Token Classify(std::string_view sLine);
+  // Sets the properties of the statement's kind.
+  Token Take(const Statement& statement);
+  bool TakeIf(const std::optional<Statement>& statement);
 
   LineReader lines_;
   std::int32_t lCurrentLine_ = 0;

@@ -3,6 +3,7 @@
 #include "texts/error.h"
 #include "texts/messages.h"
 #include "texts/string_resources.h"
+#include "texts/text.h"
 
 namespace trelin {
 
@@ -68,8 +69,7 @@ std::string RegEntry::GetStringInternational(const std::string& sName, std::int3
 }
 
 bool RegEntry::GetBoolean(const std::string& sName) const {
-  std::string sText = GetString(sName);
-  TheSystem().MakeUpperCase(sText);
+  const std::string sText = UpperCase(GetString(sName));
   return !sText.empty() && sText != "0" && sText != "NO" && sText != "FALSE";
 }
 

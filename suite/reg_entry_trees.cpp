@@ -9,6 +9,7 @@
 #include "texts/error.h"
 #include "texts/messages.h"
 #include "texts/numbers.h"
+#include "texts/text.h"
 
 namespace trelin {
 
@@ -99,8 +100,7 @@ std::string Folded(const std::string& sPath) {
   std::string sResult;
   for (const char c : std::string(sTaken) + "\\")
     if (c != '\\' || !(sResult.empty() || sResult.ends_with('\\'))) sResult += c;
-  TheSystem().MakeUpperCase(sResult);
-  return sResult;
+  return UpperCase(sResult);
 }
 
 bool IsOrLiesInside(const std::string& sPath, const std::string& sOuterPath) {

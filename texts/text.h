@@ -1,17 +1,22 @@
 #pragma once
 
+#include <algorithm>
+#include <string>
 #include <string_view>
 
 namespace trelin {
 
-// Trimming drops spaces (character 32) only.
+// Trimming drops spaces (character 32) only. What is left is a part of the text; of
+// a text of spaces, the empty one at its end.
 inline std::string_view TrimRight(std::string_view sText) {
   return sText.substr(0, sText.find_last_not_of(' ') + 1);
 }
 
 inline std::string_view TrimSpaces(std::string_view sText) {
-  const std::size_t nFirst = sText.find_first_not_of(' ');
-  return nFirst == std::string_view::npos ? std::string_view() : TrimRight(sText.substr(nFirst));
+  return TrimRight(sText.substr(std::min(sText.find_first_not_of(' '), sText.size())));
 }
+
+// The text in upper case, as the system makes it.
+std::string UpperCase(std::string_view sText);
 
 }  // namespace trelin

@@ -31,7 +31,7 @@ std::string Compare(const LibraryTexts& changes) {
   for (const Finding& finding : CompareLibraries(Own, texts))
     sLines += std::to_string(finding.lNumber) +
               (finding.severity == Severity::Error ? " error " : " warning ") +
-              TextOf(finding.rule).pName + "\n";
+              finding.pRule->pName + "\n";
   return sLines;
 }
 

@@ -7,14 +7,18 @@
 namespace trelin {
 namespace {
 
+constexpr Rule UnknownKey = {"unknown-key", ""};
+constexpr Rule MissingText = {"missing-text", ""};
+
 // One finding in a line with a tab, an umlaut and a quote, and one of a library.
 Results TwoFiles() {
   CheckedFile list;
   list.sPath = "my suite/TRELIN.CFG";
-  list.lines = SourceLines(
-      "BLOCK SETUPLIST\r\n\t\"Pr\xFC"
-      "f\" = \\x\r\n");
-  list.findings = {{Rule::UnknownKey,
+  list.lines.Add("BLOCK SETUPLIST");
+  list.lines.Add(
+      "\t\"Pr\xFC"
+      "f\" = \\x");
+  list.findings = {{&UnknownKey,
                     Severity::Error,
                     {2, 2, 6},
                     "Unknown \"Pr\xFC"
@@ -22,8 +26,7 @@ Results TwoFiles() {
                     "Try TITLE."}};
   CheckedFile library;
   library.sPath = "C:\\ENU35000.DLL";
-  library.findings = {
-      {Rule::MissingText, Severity::Warning, {}, "Text 35010 is missing.", "", 35010}};
+  library.findings = {{&MissingText, Severity::Warning, {}, "Text 35010 is missing.", "", 35010}};
   return {list, library};
 }
 
@@ -44,9 +47,9 @@ TEST(Results, Text) {
 TEST(Results, TheMarkStandsUnderItsPlaceInALongLine) {
   const std::string sLine = std::string(500, 'x') + "!" + std::string(500, 'x');
   CheckedFile file;
-  file.lines = SourceLines(sLine);
-  file.findings = {{Rule::LongText, Severity::Warning, {1, 501, 1}, "", ""},
-                   {Rule::LongText, Severity::Warning, {1, 1002, 1}, "", ""}};
+  file.lines.Add(sLine);
+  file.findings = {{&rule::LongText, Severity::Warning, {1, 501, 1}, "", ""},
+                   {&rule::LongText, Severity::Warning, {1, 1002, 1}, "", ""}};
   const std::string sReport = TextReport({file});
   const std::size_t nLine = sReport.find('\n') + 1;
   const std::size_t nMark = sReport.find('\n', nLine) + 1;

@@ -38,8 +38,13 @@ class CheckTest : public ::testing::Test {
     for (const Finding& finding : findings)
       sLines += std::to_string(finding.place.lLine) + ":" + std::to_string(finding.place.lColumn) +
                 (finding.severity == Severity::Error ? " error " : " warning ") +
-                TextOf(finding.rule).pName + "\n";
+                finding.pRule->pName + "\n";
     return sLines;
+  }
+
+  static Findings OfRule(std::string_view sRule, Findings findings) {
+    std::erase_if(findings, [sRule](const Finding& f) { return f.pRule->pName != sRule; });
+    return findings;
   }
 
   std::string Check(const std::string& sText) { return Summary(CheckSuite(Read(sText))); }

@@ -282,7 +282,7 @@ class StrangeRegistry : public MemoryRegistry {
 
 TEST_F(ProgramTest, StrangeListsEndWithZero) {
   StrangeRegistry strange;
-  const PlatformScope scope({&strange, &libraries, &system});
+  const PlatformScope strangeScope({&strange, &libraries, &system});
   {
     RegEntry objReg;
     objReg.CreateKey("A");
