@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "check/json_writer.h"
 #include "check/checks.h"
+#include "check/json_writer.h"
 #include "check/results.h"
 #include "check/version.h"
 #include "seam/console.h"

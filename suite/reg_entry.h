@@ -16,7 +16,8 @@ namespace trelin {
 // texts; at most 255 bytes are read. Everything that works on the current key
 // does nothing while none is open. Destroying the object closes its key.
 //
-// The operations on whole trees are in reg_entry_trees.cpp. They list keys and
+// The operations on whole trees are in reg_entry_trees.cpp; it is the suite's
+// installers that ask for them, not the launcher. They list keys and
 // values as far as names and data fit into 255 bytes: the first one that does
 // not ends the list. What another process changes meanwhile may be missed or
 // seen twice.
