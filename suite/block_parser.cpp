@@ -1,8 +1,8 @@
 #include "suite/block_parser.h"
 
+#include "seam/platform.h"
 #include "texts/error.h"
 #include "texts/messages.h"
-#include "texts/text.h"
 
 namespace trelin {
 
@@ -15,8 +15,8 @@ void BlockParser::OpenFile(const std::string& sFile, bool bWrite) {
 void BlockParser::CloseFile() { lines_.Close(); }
 
 BlockParser::Token BlockParser::GetToken() {
+  std::string sExpanded;
   for (std::string_view sLine; lines_.NextLine(sLine);) {
-    std::string sExpanded;
     if (sLine.find('\t') != std::string_view::npos)
       sLine = sExpanded = ReplaceTabs(sLine, lCurrentLine_ + 1);
     const Statement statement = SplitStatement(sLine, ++lCurrentLine_);
@@ -28,13 +28,15 @@ BlockParser::Token BlockParser::GetToken() {
 BlockParser::Token BlockParser::Take(const Statement& statement) {
   switch (statement.kind) {
     case Statement::Kind::StartBlock:
-      sBlockType_ = UpperCase(statement.sWord);
+      sBlockType_ = statement.sWord;
+      TheSystem().MakeUpperCase(sBlockType_);
       sBlockName_ = statement.sRest;
       return Token::StartBlock;
     case Statement::Kind::EndBlock:
       return Token::EndBlock;
     case Statement::Kind::KeyValue:
-      sKey_ = UpperCase(statement.sWord);
+      sKey_ = statement.sWord;
+      TheSystem().MakeUpperCase(sKey_);
       sValue_ = statement.sRest;
       return Token::KeyValue;
     default:
@@ -43,21 +45,22 @@ BlockParser::Token BlockParser::Take(const Statement& statement) {
   }
 }
 
-bool BlockParser::TakeIf(const std::optional<Statement>& statement) {
-  if (statement) Take(*statement);
-  return statement.has_value();
+bool BlockParser::TakeIf(const Statement& statement, Statement::Kind kind) {
+  const bool bIs = statement.kind == kind;
+  if (bIs) Take(statement);
+  return bIs;
 }
 
 bool BlockParser::ParseBlock(std::string_view sLine) {
-  return TakeIf(SplitBlockStart(sLine, lCurrentLine_));
+  return TakeIf(SplitStatement(sLine, lCurrentLine_), Statement::Kind::StartBlock);
 }
 
 bool BlockParser::ParseEnd(std::string_view sLine) const {
-  return SplitBlockEnd(sLine, lCurrentLine_).has_value();
+  return SplitStatement(sLine, lCurrentLine_).kind == Statement::Kind::EndBlock;
 }
 
 bool BlockParser::ParseKeyValue(std::string_view sLine) {
-  return TakeIf(SplitEntry(sLine, lCurrentLine_));
+  return TakeIf(SplitEntry(sLine, lCurrentLine_), Statement::Kind::KeyValue);
 }
 
 std::string BlockParser::ExpandTabs(const std::string& sSource) const {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -73,7 +72,7 @@ class BlockParser {
  private:
   // Sets the properties of the statement's kind.
   Token Take(const Statement& statement);
-  bool TakeIf(const std::optional<Statement>& statement);
+  bool TakeIf(const Statement& statement, Statement::Kind kind);
 
   LineReader lines_;
   std::int32_t lCurrentLine_ = 0;

@@ -1,6 +1,5 @@
 #include "suite/line_reader.h"
 
-#include <array>
 #include <string_view>
 #include <utility>
 
@@ -54,11 +53,11 @@ bool LineReader::NextLine(std::string_view& sLine) {
 
 bool LineReader::ReadOn() {
   if (!file_) return false;
-  std::array<char, BufferBytes> buffer;
-  const std::size_t nRead = file_->Read(buffer.data(), buffer.size());
-  sBuffer_.assign(buffer.data(), nRead);
+  sBuffer_.resize(BufferBytes);
+  nNext_ = BufferBytes;  // nothing is left, should reading fail
+  sBuffer_.resize(file_->Read(sBuffer_.data(), BufferBytes));
   nNext_ = 0;
-  return nRead > 0;
+  return !sBuffer_.empty();
 }
 
 }  // namespace trelin

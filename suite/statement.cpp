@@ -31,52 +31,42 @@ std::string_view FirstWord(std::string_view sText, std::int32_t lLine) {
   return sText.substr(0, CheckPosition(sText.find(' '), lLine));
 }
 
-std::string_view Behind(std::string_view sText, std::string_view sWord) {
-  return TrimSpaces(sText.substr(sWord.size()));
-}
-
 // Keywords are matched in any letter case.
 bool IsKeyword(std::string_view sWord, std::string_view sKeyword) {
   return sWord.size() == sKeyword.size() && UpperCase(sWord) == sKeyword;
+}
+
+// What stands behind the keyword of a block start: its type, its name.
+Statement SplitBlockStart(std::string_view sContent, std::string_view sBehind, std::int32_t lLine) {
+  const std::string_view sType = FirstWord(sBehind, lLine);
+  const std::string_view sName = FirstWord(TrimSpaces(sBehind.substr(sType.size())), lLine);
+  return {Statement::Kind::StartBlock, sType, sName, sContent};
 }
 
 }  // namespace
 
 std::string ReplaceTabs(std::string_view sLine, std::int32_t lLine) {
   CheckPosition(sLine.rfind('\t'), lLine);
-  std::string sExpanded(sLine);
-  std::replace(sExpanded.begin(), sExpanded.end(), '\t', ' ');
-  return sExpanded;
+  std::string sReplaced(sLine);
+  std::replace(sReplaced.begin(), sReplaced.end(), '\t', ' ');
+  return sReplaced;
 }
 
 Statement SplitStatement(std::string_view sLine, std::int32_t lLine) {
   const std::string_view sContent = TrimSpaces(sLine);
   if (sContent.empty() || sContent.front() == ';') return {Statement::Kind::None, {}, {}, sContent};
-  if (const auto start = SplitBlockStart(sContent, lLine)) return *start;
-  if (const auto end = SplitBlockEnd(sContent, lLine)) return *end;
-  if (const auto entry = SplitEntry(sContent, lLine)) return *entry;
-  return {Statement::Kind::NotUnderstood, {}, {}, sContent};
+  const std::string_view sWord = FirstWord(sContent, lLine);
+  if (IsKeyword(sWord, "BLOCK"))
+    return SplitBlockStart(sContent, TrimSpaces(sContent.substr(sWord.size())), lLine);
+  if (IsKeyword(sWord, "END")) return {Statement::Kind::EndBlock, {}, {}, sContent};
+  return SplitEntry(sContent, lLine);
 }
 
-std::optional<Statement> SplitBlockStart(std::string_view sLine, std::int32_t lLine) {
-  const std::string_view sKeyword = FirstWord(sLine, lLine);
-  if (!IsKeyword(sKeyword, "BLOCK")) return std::nullopt;
-  const std::string_view sBehind = Behind(sLine, sKeyword);
-  const std::string_view sType = FirstWord(sBehind, lLine);
-  const std::string_view sName = FirstWord(Behind(sBehind, sType), lLine);
-  return Statement{Statement::Kind::StartBlock, sType, sName, sLine};
-}
-
-std::optional<Statement> SplitBlockEnd(std::string_view sLine, std::int32_t lLine) {
-  if (!IsKeyword(FirstWord(sLine, lLine), "END")) return std::nullopt;
-  return Statement{Statement::Kind::EndBlock, {}, {}, sLine};
-}
-
-std::optional<Statement> SplitEntry(std::string_view sLine, std::int32_t lLine) {
+Statement SplitEntry(std::string_view sLine, std::int32_t lLine) {
   const std::size_t nEquals = CheckPosition(sLine.find('='), lLine);
-  if (nEquals == std::string_view::npos) return std::nullopt;
-  return Statement{Statement::Kind::KeyValue, TrimSpaces(sLine.substr(0, nEquals)),
-                   TrimSpaces(sLine.substr(nEquals + 1)), sLine};
+  if (nEquals == std::string_view::npos) return {Statement::Kind::NotUnderstood, {}, {}, sLine};
+  return {Statement::Kind::KeyValue, TrimSpaces(sLine.substr(0, nEquals)),
+          TrimSpaces(sLine.substr(nEquals + 1)), sLine};
 }
 
 }  // namespace trelin

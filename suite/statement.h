@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -29,10 +28,7 @@ std::string ReplaceTabs(std::string_view sLine, std::int32_t lLine);
 // A line without tabs.
 Statement SplitStatement(std::string_view sLine, std::int32_t lLine);
 
-// A line without tabs and spaces around it that is of that kind: a block start, a
-// block end, an entry. Whether it is of another kind, too, is not looked at.
-std::optional<Statement> SplitBlockStart(std::string_view sLine, std::int32_t lLine);
-std::optional<Statement> SplitBlockEnd(std::string_view sLine, std::int32_t lLine);
-std::optional<Statement> SplitEntry(std::string_view sLine, std::int32_t lLine);
+// The same, for one that is known to be no block start and no block end.
+Statement SplitEntry(std::string_view sLine, std::int32_t lLine);
 
 }  // namespace trelin
