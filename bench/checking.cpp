@@ -54,7 +54,7 @@ class Suite {
   SetupList list_;
 };
 
-// There is one at a time, as there is one program.
+// One at a time: the platform in use is its.
 Suite& SuiteOf(std::int64_t nProducts) {
   static std::unique_ptr<Suite> suite;
   if (!suite || suite->Products() != nProducts) {

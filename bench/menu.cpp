@@ -68,7 +68,7 @@ class Suite {
   BenchPlatform platform;
 };
 
-// There is one at a time, as there is one program.
+// One at a time: the platform in use is its.
 Suite& SuiteOf(std::int64_t nProducts, std::int64_t nPictures) {
   static std::pair<std::int64_t, std::int64_t> made;
   static std::unique_ptr<Suite> suite;

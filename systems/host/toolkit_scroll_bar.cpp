@@ -5,14 +5,13 @@
 #include <memory>
 
 #include "shared/modal_loop.h"
+#include "shared/wheel_turns.h"
 #include "systems/host/toolkit_box.h"
 #include "systems/host/toolkit_native.h"
 
 namespace trelin {
 
 namespace {
-
-constexpr int WheelNotch = 120;  // in the units of QWheelEvent
 
 class ScrollWidget : public QScrollBar {
  public:
@@ -26,7 +25,7 @@ class ScrollWidget : public QScrollBar {
  private:
   ScrollBar& owner_;
   int nPressed_ = 0;  // the value at which the thumb was pressed
-  int nTurned_ = 0;   // what is left of the wheel's way below a notch
+  WheelTurns turns_;
 };
 
 ScrollWidget::ScrollWidget(ScrollBar& owner, BoxArea* pContainer)
@@ -45,10 +44,7 @@ ScrollWidget::ScrollWidget(ScrollBar& owner, BoxArea* pContainer)
 void ScrollWidget::Turn(QWheelEvent& event) {
   event.accept();
   if (!isEnabled()) return;
-  nTurned_ += event.angleDelta().y();
-  const int nNotches = nTurned_ / WheelNotch;
-  nTurned_ %= WheelNotch;
-  setValue(value() - nNotches * singleStep());
+  setValue(value() - turns_.NotchesOf(event.angleDelta().y()) * singleStep());
 }
 
 ScrollWidget& ScrollOf(const ScrollBar& scrollBar) {

@@ -38,8 +38,8 @@ class FormWindow : public NativeWindow {
 
   // At once, or when the window is shown or used again.
   void GiveFocus(HWND hControl);
-  void FocusMoved(HWND hControl);    // the control has it now
-  void LeaveControl(HWND hControl);  // which cannot keep it
+  void FocusMoved(HWND hControl);    // told by the control that has got it
+  void LeaveControl(HWND hControl);  // to the next one, from a control that is disabled now
   HWND Focus() const { return hFocus_; }
 
   // Whether keys are used, so that the focus is to be seen.

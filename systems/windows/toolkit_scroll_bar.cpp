@@ -112,10 +112,7 @@ void ScrollWindow::Drop(int nValue) {
 
 void ScrollWindow::Turn(int nDelta) {
   if (!IsWindowEnabled(Handle())) return;
-  nTurned_ += nDelta;
-  const int nNotches = nTurned_ / WHEEL_DELTA;
-  nTurned_ %= WHEEL_DELTA;
-  Change(nValue_ - nNotches * nSmallChange_);
+  Change(nValue_ - turns_.NotchesOf(nDelta) * nSmallChange_);
 }
 
 ScrollBar::ScrollBar(PictureBox& container)

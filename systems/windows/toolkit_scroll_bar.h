@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "seam/toolkit.h"
+#include "shared/wheel_turns.h"
 #include "systems/windows/toolkit_native.h"
 
 namespace trelin {
@@ -49,7 +50,7 @@ class ScrollWindow : public ControlWindow {
   int nSmallChange_ = 1;
   int nLargeChange_ = 1;
   int nValue_ = 0;
-  int nTurned_ = 0;             // what is left of the wheel's way below a notch
+  WheelTurns turns_;
   std::optional<int> dragged_;  // the value at which the thumb was pressed
 };
 
