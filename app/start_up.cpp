@@ -1,7 +1,6 @@
 #include "app/start_up.h"
 
 #include <string>
-#include <utility>
 
 #include "app/notice_lines.h"
 #include "seam/platform.h"
@@ -14,22 +13,23 @@ namespace {
 
 constexpr std::int32_t LocaleId = 1033;  // English; the system's settings are not asked
 
+std::string sSourceFolder;
 std::unique_ptr<frmMainMenu> objMainMenu;
 std::unique_ptr<frmMicrosoft> objMicrosoft;
 
-// Installers are started from the folder on the command line, taken as it is, or
-// else from the program's own.
 void StartUpSteps() {
-  std::string sSourceFolder = TheSystem().CommandLineText();
+  sSourceFolder = TheSystem().CommandLineText();
   if (sSourceFolder.empty()) sSourceFolder = TheSystem().ProgramFolder();
   ResetStringResources();
   InitStringResources(LocaleId);
   WriteNoticeLines();
-  objMainMenu = std::make_unique<frmMainMenu>(std::move(sSourceFolder));
+  objMainMenu = std::make_unique<frmMainMenu>(sSourceFolder);
   objMicrosoft = std::make_unique<frmMicrosoft>();
 }
 
 }  // namespace
+
+const std::string& SourceFolder() { return sSourceFolder; }
 
 frmMainMenu& MainMenu() { return *objMainMenu; }
 

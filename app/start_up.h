@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "app/agreement.h"
 #include "app/main_menu.h"
@@ -12,6 +13,10 @@
 //        -> menu        Initialize loads the setup list; shown until closed
 //        -> CleanUp
 namespace trelin {
+
+// The folder that installers are started from: the command-line text as it
+// is, or the program's folder when that is empty.
+const std::string& SourceFolder();
 
 // The window objects, from StartUp on.
 frmMainMenu& MainMenu();
