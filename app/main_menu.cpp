@@ -12,9 +12,9 @@ namespace {
 
 // For the steps that bring products into view: one that fails is left out, and the
 // menu opens all the same.
-void IgnoringErrors(const std::function<void()>& step) {
+void IgnoringErrors(frmMainMenu& form, void (frmMainMenu::*step)()) {
   try {
-    step();
+    (form.*step)();
   } catch (...) {
     return;
   }
@@ -143,13 +143,13 @@ void frmMainMenu::Form_Load() {
   cmdReadMe.SetEnabled(false);
   CenterForm(*this);
 
-  IgnoringErrors([this] { LoadIcons(); });
-  IgnoringErrors([this] { LoadScrollBar(); });
-  IgnoringErrors([this] { RefreshRows(); });
-  // No button has the focus, so that Enter does nothing before a product is
-  // selected.
-  IgnoringErrors([this] { picList.SetFocus(); });
+  for (const auto step : {&frmMainMenu::LoadIcons, &frmMainMenu::LoadScrollBar,
+                          &frmMainMenu::RefreshRows, &frmMainMenu::FocusList})
+    IgnoringErrors(*this, step);
 }
+
+// No button has the focus, so that Enter does nothing before a product is selected.
+void frmMainMenu::FocusList() { picList.SetFocus(); }
 
 void frmMainMenu::LoadScrollBar() {
   VScroll.SetEnabled(model_->CanScroll());

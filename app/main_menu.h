@@ -61,6 +61,7 @@ class frmMainMenu : public Form {
   void ConnectEvents();
   void ConnectRowEvents(std::int16_t Index);
   void Form_Load();
+  void FocusList();
   void LoadScrollBar();
   void Form_Unload();
 

@@ -11,29 +11,23 @@ namespace trelin {
 // The loaded libraries of a system by their handles. Library: what the system knows
 // of a loaded one, which goes when it is freed.
 template <class Library>
-class LibraryTable : public StringLibraryLoader {
+class LibraryTable {
  public:
-  void Free(LibraryHandle hLibrary) override { libraries_.erase(hLibrary); }
-
-  // Of lId only the low 16 bits count, as on Windows.
-  std::int32_t LoadText(LibraryHandle hLibrary, std::int32_t lId, char* pBuffer,
-                        std::int32_t lSize) override {
-    if (lSize <= 0) return 0;
-    pBuffer[0] = '\0';
-    const auto library = libraries_.find(hLibrary);
-    if (library == libraries_.end()) return 0;
-    return CopyText(library->second, static_cast<std::uint16_t>(lId), pBuffer, lSize);
-  }
-
- protected:
   LibraryHandle Keep(Library library) {
     libraries_.emplace(++hLast_, std::move(library));
     return hLast_;
   }
 
-  // LoadText of a loaded library, with room for one character at least.
-  virtual std::int32_t CopyText(Library& library, std::uint16_t nId, char* pBuffer,
-                                std::int32_t lSize) = 0;
+  void Free(LibraryHandle hLibrary) { libraries_.erase(hLibrary); }
+
+  // Puts the empty text into a buffer of lSize bytes and returns the library whose
+  // text is to be copied there; null when the empty one is it.
+  Library* Begin(LibraryHandle hLibrary, char* pBuffer, std::int32_t lSize) {
+    if (lSize <= 0) return nullptr;
+    pBuffer[0] = '\0';
+    const auto library = libraries_.find(hLibrary);
+    return library == libraries_.end() ? nullptr : &library->second;
+  }
 
  private:
   LibraryHandle hLast_ = 0;  // no handle is given out twice

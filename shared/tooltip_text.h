@@ -15,9 +15,15 @@ inline bool HasTooltip(const LabelLines& shown, const std::function<void()>& onM
 }
 
 // What it holds of the label's text: as many lines of the label's width as half the
-// screen has room for, in at most nLongest characters. Heights are pixels; linesIn
-// breaks the text, in the tooltip's font, into the lines that fit into one.
-std::u16string TooltipText(int nScreenHeight, std::size_t nLongest,
-                           const std::function<LabelLines(int nHeight)>& linesIn);
+// screen has room for, in at most nLongest characters. Heights are pixels;
+// linesIn(nHeight) breaks the text, in the tooltip's font, into the LabelLines that
+// fit into one.
+template <class LinesIn>
+std::u16string TooltipText(int nScreenHeight, std::size_t nLongest, LinesIn linesIn) {
+  for (int nHeight = nScreenHeight / 2;; nHeight -= nHeight / 8) {
+    std::u16string sText = linesIn(nHeight).Joined();
+    if (sText.size() <= nLongest || nHeight < 8) return sText;
+  }
+}
 
 }  // namespace trelin

@@ -30,13 +30,16 @@ std::optional<PeStringTable> ReadTable(const std::string& sPath) {
 
 LibraryHandle HostStringLibraryLoader::Load(const std::string& sPath) {
   std::optional<PeStringTable> table = ReadTable(sPath);
-  return table ? Keep(HostLibrary(std::move(*table))) : 0;
+  return table ? libraries_.Keep(HostLibrary(std::move(*table))) : 0;
 }
 
-std::int32_t HostStringLibraryLoader::CopyText(HostLibrary& library, std::uint16_t nId,
+std::int32_t HostStringLibraryLoader::LoadText(LibraryHandle hLibrary, std::int32_t lId,
                                                char* pBuffer, std::int32_t lSize) {
-  const auto [text, bNew] = library.texts.try_emplace(nId);
-  if (bNew) text->second = FromUtf16(library.table.Text(nId));
+  HostLibrary* const pLibrary = libraries_.Begin(hLibrary, pBuffer, lSize);
+  if (pLibrary == nullptr) return 0;
+  const auto nId = static_cast<std::uint16_t>(lId);
+  const auto [text, bNew] = pLibrary->texts.try_emplace(nId);
+  if (bNew) text->second = FromUtf16(pLibrary->table.Text(nId));
   const std::size_t nCount = text->second.copy(pBuffer, static_cast<std::size_t>(lSize) - 1);
   pBuffer[nCount] = '\0';
   return static_cast<std::int32_t>(nCount);

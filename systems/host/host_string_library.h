@@ -21,13 +21,17 @@ struct HostLibrary {
 // Reads the string tables of the Windows libraries straight from their files.
 // A library is read once, when it is loaded, and its file closed again. Files
 // of more than 64 MB do not load.
-class HostStringLibraryLoader : public LibraryTable<HostLibrary> {
+class HostStringLibraryLoader : public StringLibraryLoader {
  public:
   LibraryHandle Load(const std::string& sPath) override;
+  void Free(LibraryHandle hLibrary) override { libraries_.Free(hLibrary); }
 
- protected:
-  std::int32_t CopyText(HostLibrary& library, std::uint16_t nId, char* pBuffer,
+  // Of lId only the low 16 bits count, as Windows has it.
+  std::int32_t LoadText(LibraryHandle hLibrary, std::int32_t lId, char* pBuffer,
                         std::int32_t lSize) override;
+
+ private:
+  LibraryTable<HostLibrary> libraries_;
 };
 
 }  // namespace trelin

@@ -14,9 +14,6 @@ std::string WindowCaption(HWND hWindow) {
   return sText;
 }
 
-std::u16string ToUtf16(const std::string& sText) {
-  const std::wstring sWide = ToWide(sText);
-  return {sWide.begin(), sWide.end()};
-}
+std::u16string ToUtf16(const std::string& sText) { return ToWide<std::u16string>(sText); }
 
 }  // namespace trelin

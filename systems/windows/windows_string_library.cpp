@@ -39,12 +39,14 @@ LibraryHandle WindowsStringLibraryLoader::Load(const std::string& sPath) {
   if (sFull.empty() || !IsSound(sFull)) return 0;
   ModuleOwner module(LoadLibraryExA(
       sFull.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE_EXCLUSIVE | LOAD_LIBRARY_AS_IMAGE_RESOURCE));
-  return module ? Keep(std::move(module)) : 0;
+  return module ? libraries_.Keep(std::move(module)) : 0;
 }
 
-std::int32_t WindowsStringLibraryLoader::CopyText(ModuleOwner& module, std::uint16_t nId,
+std::int32_t WindowsStringLibraryLoader::LoadText(LibraryHandle hLibrary, std::int32_t lId,
                                                   char* pBuffer, std::int32_t lSize) {
-  return LoadStringA(module.get(), nId, pBuffer, lSize);
+  const ModuleOwner* const pModule = libraries_.Begin(hLibrary, pBuffer, lSize);
+  if (pModule == nullptr) return 0;
+  return LoadStringA(pModule->get(), static_cast<std::uint16_t>(lId), pBuffer, lSize);
 }
 
 }  // namespace trelin
