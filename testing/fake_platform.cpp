@@ -219,6 +219,8 @@ std::string Failure(const std::function<void()>& operation) {
     return "none";
   } catch (const Error& error) {
     return std::to_string(error.Number()) + " " + error.Source() + " " + error.Description();
+  } catch (const std::exception& error) {
+    return error.what();
   }
 }
 

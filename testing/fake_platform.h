@@ -105,8 +105,8 @@ class FakeSystem : public System {
   Faults& faults_;
 };
 
-// The error that the operation throws, as "5001 Source Description"; "none"
-// without one.
+// What the operation throws: an error of the program's own as "5001 Source
+// Description", the text of another one, or "none".
 std::string Failure(const std::function<void()>& operation);
 
 // The platform in use from its construction on, with lookups enabled, and the

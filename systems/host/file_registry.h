@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -35,8 +36,10 @@ namespace trelin {
 // counts as damaged or as gone.
 class FileRegistry : public Registry {
  public:
-  // sPath: a path of this system.
-  explicit FileRegistry(const std::string& sPath) : store_(sPath) {}
+  // sPath: a path of this system. longestWait: for the file's lock.
+  explicit FileRegistry(const std::string& sPath,
+                        std::chrono::milliseconds longestWait = RegistryStore::LongestWait)
+      : store_(sPath, longestWait) {}
 
   // The environment variable TRELIN_REGISTRY, else trelin/registry.reg in the
   // user's data folder.

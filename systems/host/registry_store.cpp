@@ -22,9 +22,6 @@ namespace {
 
 constexpr const char* ReadOperation = "read the registry file";
 
-// For the lock: more than any writer needs, and not too long for a user who
-// sees no window yet.
-constexpr std::chrono::seconds LongestWait{5};
 constexpr std::chrono::milliseconds PauseBetweenTries{1};
 
 std::int32_t WriteResult(int nReason) {
@@ -81,8 +78,8 @@ class TemporaryFile {
 
 // 0, or the errno value of the failure: EWOULDBLOCK when another program holds
 // the lock all the time.
-int TakeLock(int hFile) {
-  const auto end = std::chrono::steady_clock::now() + LongestWait;
+int TakeLock(int hFile, std::chrono::milliseconds longestWait) {
+  const auto end = std::chrono::steady_clock::now() + longestWait;
   while (flock(hFile, LOCK_EX | LOCK_NB) != 0) {
     if (errno != EWOULDBLOCK && errno != EINTR) return errno;
     if (std::chrono::steady_clock::now() >= end) return EWOULDBLOCK;
@@ -124,8 +121,8 @@ std::string ReadAll(int hFile, std::int64_t nSize, const std::string& sPath) {
 
 }  // namespace
 
-RegistryStore::RegistryStore(const std::string& sPath)
-    : sPath_(std::filesystem::absolute(sPath).string()) {}
+RegistryStore::RegistryStore(const std::string& sPath, std::chrono::milliseconds longestWait)
+    : sPath_(std::filesystem::absolute(sPath).string()), longestWait_(longestWait) {}
 
 RegistryStore::Content RegistryStore::Read() const {
   Content content;
@@ -153,7 +150,7 @@ FileDescriptor RegistryStore::Lock(std::int32_t& lResult) const {
   std::filesystem::create_directories(target.parent_path(), error);
   const std::string sLock = LockPath(target.string());
   FileDescriptor lock(open(sLock.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0666));
-  const int nReason = lock.Get() < 0 ? errno : TakeLock(lock.Get());
+  const int nReason = lock.Get() < 0 ? errno : TakeLock(lock.Get(), longestWait_);
   if (nReason == 0)
     lResult = RegistrySuccess;
   else

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 
@@ -20,8 +21,13 @@ class RegistryStore {
     bool bWritable = true;
   };
 
-  // sPath: a path of this system, full or from the current folder on.
-  explicit RegistryStore(const std::string& sPath);
+  // More than any writer needs, and not too long for a user who sees no window yet.
+  static constexpr std::chrono::milliseconds LongestWait{5000};
+
+  // sPath: a path of this system, full or from the current folder on. longestWait:
+  // for the lock.
+  explicit RegistryStore(const std::string& sPath,
+                         std::chrono::milliseconds longestWait = LongestWait);
 
   const std::string& Path() const { return sPath_; }
 
@@ -34,8 +40,8 @@ class RegistryStore {
 
   // Waits until no other writer holds the lock and takes it until it is
   // destroyed. The lock is a file beside the registry's, which stays. lResult is a
-  // result of the registry's operations: RegistryUnusable when others hold it for
-  // five seconds, which LockTrouble tells the user.
+  // result of the registry's operations: RegistryUnusable when others hold it all
+  // the time, which LockTrouble tells the user.
   FileDescriptor Lock(std::int32_t& lResult) const;
   std::string LockTrouble() const;
 
@@ -46,6 +52,7 @@ class RegistryStore {
 
  private:
   std::string sPath_;
+  std::chrono::milliseconds longestWait_;
 };
 
 }  // namespace trelin

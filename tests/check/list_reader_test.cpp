@@ -8,127 +8,94 @@ namespace {
 
 using ListReader = CheckTest;
 
-constexpr const char* Begin = "BLOCK SETUPLIST\n";
-constexpr const char* App =
-    "BLOCK APPLICATION\nPRODUCT=A\nPRODUCTCODE=A\nREVISION=1\nINSTALLFILE=setup.exe\n";
+const std::string S = "BLOCK SETUPLIST\n", E = "END\n", EE = "END\nEND\n";
+const std::string Rest = "PRODUCTCODE=A\nREVISION=1\nINSTALLFILE=setup.exe\n";
+const std::string ARest = "PRODUCT=A\n" + Rest;
+const std::string A = "BLOCK APPLICATION\n" + ARest;  // a product of five lines without its END
+const std::string B =
+    "BLOCK APPLICATION\nPRODUCT=B\nPRODUCTCODE=B\nREVISION=1\nINSTALLFILE=setup.exe\n";
+const std::string NRest = "TITLE=B\nPRODUCTCODE=B\nREVISION=1\n";
+const std::string N = "BLOCK DEPENDENCY\n" + NRest;  // and a prerequisite of four
+const std::string Far(32767, 'x');
 
 // What each fault of the format gives, and that nothing else comes of it.
 TEST_F(ListReader, AFaultIsReportedOnce) {
-  const std::string sBegin = Begin;
-  const std::string sApp = App;
-  const std::string sApp2 =
-      "BLOCK APPLICATION\nPRODUCT=B\nPRODUCTCODE=B\nREVISION=1\nINSTALLFILE=setup.exe\n";
-  const std::string sNeed = "BLOCK DEPENDENCY\nTITLE=B\nPRODUCTCODE=B\nREVISION=1\n";
   const struct {
     const char* pWhat;
     std::string sText, sFindings;
   } cases[] = {
-      {"clean", sBegin + sApp + "END\nEND\n; end\n\n", ""},
+      {"clean", S + A + EE + "; end\n\n", ""},
       {"clean, CR alone, tabs", "\tBLOCK\tSETUPLIST\rEND\r", ""},
       {"empty", "", "0:1 error must-begin\n"},
       {"comments only", "; a\n; b\n", "2:1 error must-begin\n"},
-      {"an entry first", "TITLE = x\n" + sBegin + sApp + "END\nEND\n", "1:1 error must-begin\n"},
-      {"a product first", sApp + "END\n", "1:7 error wrong-block\n"},
-      {"a misspelt list", "BLOCK SETUPLST\n" + sApp + "END\nEND\n", "1:7 error wrong-block\n"},
-      {"no statement", sBegin + "  Setup\n" + sApp + "END\nEND\n", "2:3 error not-understood\n"},
-      {"a misspelt keyword", sBegin + "\tBLCOK APPLICATION" + sApp.substr(17) + "END\nEND\n",
-       "2:2 error not-understood\n"},
-      {"a misspelt keyword at first", "BLOK SETUPLIST\n" + sApp + "END\nEND\n",
-       "1:1 error not-understood\n"},
-      {"a misspelt END", sBegin + sApp + "EDN\n" + sApp2 + "ENDE\nend\n",
+      {"an entry first", "TITLE = x\n" + S + A + EE, "1:1 error must-begin\n"},
+      {"a product first", A + E, "1:7 error wrong-block\n"},
+      {"a misspelt list", "BLOCK SETUPLST\n" + A + EE, "1:7 error wrong-block\n"},
+      {"no statement", S + "  Setup\n" + A + EE, "2:3 error not-understood\n"},
+      {"BLOCK misspelt", S + "\tBLCOK APPLICATION\n" + ARest + EE, "2:2 error not-understood\n"},
+      {"BLOCK misspelt at first", "BLOK SETUPLIST\n" + A + EE, "1:1 error not-understood\n"},
+      {"END misspelt", S + A + "EDN\n" + B + "ENDE\nend\n",
        "7:1 error not-understood\n13:1 error not-understood\n"},
       {"entries without an equals sign",
-       sBegin +
-           "BLOCK APPLICATION\nProduct A\nPRODUCTCODE: A\nREVISION\t1\nINSTALLFILE setup.exe\n" +
-           "END\nEND\n",
+       S + "BLOCK APPLICATION\nProduct A\nPRODUCTCODE: A\nREVISION\t1\nINSTALLFILE setup.exe\n" +
+           EE,
        "3:1 error not-understood\n4:1 error not-understood\n5:1 error not-understood\n"
        "6:1 error not-understood\n"},
-      {"a misspelt product",
-       sBegin + "BLOCK APLICATION" + sApp.substr(17) + sNeed + "END\nEND\n" + sApp2 + "END\nEND\n",
+      {"a misspelt product", S + "BLOCK APLICATION\n" + ARest + N + EE + B + EE,
        "2:7 error wrong-block\n"},
-      {"another word", sBegin + "BLOCK PRODUCT" + sApp.substr(17) + "END\nEND\n",
-       "2:7 error wrong-block\n"},
-      {"no block type", sBegin + "BLOCK" + sApp.substr(17) + "END\nEND\n",
-       "2:1 error wrong-block\n"},
-      {"a misspelt prerequisite",
-       sBegin + sApp + "BLOCK DEPENDANCY" + sNeed.substr(16) + "END\nEND\n" + sApp2 + "END\nEND\n",
+      {"another word", S + "BLOCK PRODUCT\n" + ARest + EE, "2:7 error wrong-block\n"},
+      {"no block type", S + "BLOCK\n" + ARest + EE, "2:1 error wrong-block\n"},
+      {"a misspelt prerequisite", S + A + "BLOCK DEPENDANCY\n" + NRest + EE + B + EE,
        "7:7 error wrong-block\n"},
-      {"a prerequisite of the list", sBegin + sNeed + "END\n" + sApp2 + "END\nEND\n",
-       "2:7 error wrong-block\n"},
-      {"a product without END", sBegin + sApp + sApp2 + "END\nEND\n", "7:7 error wrong-block\n"},
-      {"two products without END", sBegin + sApp + sApp2 + App + "END\nEND\n",
+      {"a prerequisite of the list", S + N + E + B + EE, "2:7 error wrong-block\n"},
+      {"a product without END", S + A + B + EE, "7:7 error wrong-block\n"},
+      {"two products without END", S + A + B + A + EE,
        "7:7 error wrong-block\n12:7 error wrong-block\n14:13 error repeated-code\n"},
-      {"a product in a product", sBegin + sApp + sApp2 + "END\nEND\nEND\n",
-       "7:7 error wrong-block\n"},
-      {"a prerequisite without END",
-       sBegin + sApp + sNeed + sNeed + "END\nEND\n" + sApp2 + "END\nEND\n",
-       "11:7 error wrong-block\n"},
-      {"a prerequisite in one",
-       sBegin + sApp + sNeed + sNeed + "END\nEND\nEND\n" + sApp2 + "END\nEND\n",
-       "11:7 error wrong-block\n"},
-      {"prerequisite and product without END", sBegin + sApp + sNeed + sApp2 + "END\nEND\n",
-       "11:7 error wrong-block\n"},
-      {"no END of the list", sBegin + sApp + "END\n", "1:1 warning missing-end\n"},
-      {"no END at all", sBegin + sApp, "1:1 warning missing-end\n2:1 warning missing-end\n"},
-      {"an END too many", sBegin + sApp + "END\nEND\n" + sApp2 + "END\nEND\n",
-       "9:1 error after-end\n"},
-      {"a second list", sBegin + "END\nBLOCK SETUPLIST\nTITEL = x\n", "3:1 error after-end\n"},
-      {"an entry behind the end", sBegin + "END\n\nTITLE = x\nTITLE = y\n",
-       "4:1 error after-end\n"},
-      {"text behind the end", sBegin + "END\nthe end\n", "3:1 error not-understood\n"},
-      {"a byte order mark", "\xEF\xBB\xBF" + sBegin + sApp + "END\nEND\n",
-       "1:1 error byte-order-mark\n"},
-      {"a mark before a comment", "\xEF\xBB\xBF; a = b\n" + sBegin + "END\n",
-       "1:1 error byte-order-mark\n"},
-      {"UTF-16",
-       std::string("\xFF\xFE"
-                   "B\0L\0O\0C\0K\0",
-                   12),
-       "1:1 error not-ansi\n"},
-  };
-  for (const auto& c : cases) EXPECT_EQ(Check(c.sText), c.sFindings) << c.pWhat;
-}
+      {"a product in a product", S + A + B + EE + E, "7:7 error wrong-block\n"},
+      {"a prerequisite without END", S + A + N + N + EE + B + EE, "11:7 error wrong-block\n"},
+      {"a prerequisite in one", S + A + N + N + EE + E + B + EE, "11:7 error wrong-block\n"},
+      {"prerequisite and product without END", S + A + N + B + EE, "11:7 error wrong-block\n"},
+      {"no END of the list", S + A + E, "1:1 warning missing-end\n"},
+      {"no END at all", S + A, "1:1 warning missing-end\n2:1 warning missing-end\n"},
+      {"an END too many", S + A + EE + B + EE, "9:1 error after-end\n"},
+      {"a second list", S + E + "BLOCK SETUPLIST\nTITEL = x\n", "3:1 error after-end\n"},
+      {"entries behind the end", S + E + "\nTITLE = x\nTITLE = y\n", "4:1 error after-end\n"},
+      {"text behind the end", S + E + "the end\n", "3:1 error not-understood\n"},
+      {"a byte order mark", "\xEF\xBB\xBF" + S + A + EE, "1:1 error byte-order-mark\n"},
+      {"a mark before a comment", "\xEF\xBB\xBF; a = b\n" + S + E, "1:1 error byte-order-mark\n"},
+      {"UTF-16", {"\xFF\xFE\x42\0L\0O\0C\0K\0", 12}, "1:1 error not-ansi\n"},
 
-TEST_F(ListReader, LinesThatAreTooLong) {
-  const std::string sFar(32767, 'x');
-  const struct {
-    const char* pWhat;
-    std::string sText, sFindings;
-  } cases[] = {
-      {"an equals sign at the last position", std::string(Begin) + sFar.substr(1) + "=1\nEND\n",
+      {"an equals sign at the last position", S + Far.substr(1) + "=1\nEND\n",
        "2:1 error unknown-key\n2:32768 warning line-too-long\n"},
-      {"one behind it", std::string(Begin) + sFar + "=1\nx\nEND\n",
+      {"one behind it", S + Far + "=1\nx\nEND\n",
        "2:1 error line-too-long\n3:1 error not-understood\n"},
-      {"a tab behind it", std::string(Begin) + ";\n" + sFar + "\t=1\n;\nx\nEND\n",
+      {"a tab behind it", S + ";\n" + Far + "\t=1\n;\nx\nEND\n",
        "3:1 error line-too-long\n5:1 error not-understood\n"},
-      {"both, one after the other", std::string(Begin) + sFar + "=1\nx=" + sFar + "\t\nx\nEND\n",
+      {"both, one after the other", S + Far + "=1\nx=" + Far + "\t\nx\nEND\n",
        "2:1 error line-too-long\n3:1 error line-too-long\n4:1 error not-understood\n"},
-      {"a long value", std::string(Begin) + "TITLE = " + sFar + "\nEND\n",
-       "2:32768 warning line-too-long\n"},
-      {"a long comment", std::string(Begin) + ";" + sFar + "\nEND\n",
-       "2:32768 warning line-too-long\n"},
+      {"a long value", S + "TITLE = " + Far + "\nEND\n", "2:32768 warning line-too-long\n"},
+      {"a long comment", S + ";" + Far + "\nEND\n", "2:32768 warning line-too-long\n"},
   };
   for (const auto& c : cases) EXPECT_EQ(Check(c.sText), c.sFindings) << c.pWhat;
 }
 
 // The words are those of the launcher, with the line's number in the file.
 TEST_F(ListReader, TheWordsAreTheLaunchersOwn) {
-  const struct {
-    const char* pText;
-    std::string sMessage;
-  } cases[] = {
-      {"BLOCK SETUPLIST\n\nx\n", FormatResourceString(TextNumber::LineNotUnderstood, 3)},
+  const std::string sApp = "BLOCK APPLICATION\n";
+  const std::pair<std::string, std::string> cases[] = {
+      {S + "\nx\n", FormatResourceString(TextNumber::LineNotUnderstood, 3)},
       {"TITLE = x\n", FormatResourceString(TextNumber::NoBeginning, 1)},
       {"BLOCK x\n", FormatResourceString(TextNumber::WrongBlock, "BLOCK", 1, "SETUPLIST", "X")},
-      {"BLOCK SETUPLIST\nBLOCK y\n",
+      {S + "BLOCK y\n",
        FormatResourceString(TextNumber::WrongBlock, "BLOCK", 2, "APPLICATION", "Y")},
-      {"BLOCK SETUPLIST\nBLOCK APPLICATION\nBLOCK Z\n",
+      {S + sApp + "BLOCK Z\n",
        FormatResourceString(TextNumber::WrongBlock, "BLOCK", 3, "DEPENDENCY", "Z")},
-      {"BLOCK SETUPLIST\nBLOCK APPLICATION\nBLOCK DEPENDENCY\nBLOCK\n",
+      {S + sApp + "BLOCK DEPENDENCY\nBLOCK\n",
        FormatResourceString(TextNumber::BlockInDependency, 4, "")},
-      {"BLOCK SETUPLIST\nEND\nBLOCK x\n", FormatResourceString(TextNumber::AfterTheEnd, 3)},
+      {S + "END\nBLOCK x\n", FormatResourceString(TextNumber::AfterTheEnd, 3)},
   };
-  for (const auto& c : cases) EXPECT_EQ(Read(c.pText).list.faults.at(0).sMessage, c.sMessage);
+  for (const auto& [sText, sMessage] : cases)
+    EXPECT_EQ(Read(sText).list.faults.at(0).sMessage, sMessage);
 }
 
 TEST_F(ListReader, PlacesAndValues) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "seam/platform_error.h"
+#include "testing/fake_platform.h"
 
 namespace trelin {
 
@@ -20,26 +20,27 @@ std::string Utf16(const std::string& sAscii, bool bHighByteFirst) {
 }
 
 TEST(RegistryFile, ReadsEveryFormOfAValue) {
-  struct Case {
+  const struct {
     std::string sFile;
     std::uint32_t lType;
     std::string sData;
+  } cases[] = {
+      {Key + "\"V\"=\"C:\\\\a \\\"b\\\"\"\r\n", 1, "C:\\a \"b\""},
+      {Key + "  \"v\" =\t\" x \" ; comment", 1, " x "},
+      {Value + "\"\xC3\xA4\xE2\x82\xAC\xC2\x81\"", 1, "\xE4\x80\x81"},
+      {Value + "dword:0000abCD", 4, std::string("\xCD\xAB\0\0", 4)},
+      {Value + "hex:", 3, ""},
+      {Value + "hex:01,fF,\\\r\n  00, \\\n\t7f", 3, std::string("\1\xFF\0\x7F", 4)},
+      {Value + "hex(b):01,00", 11, std::string("\1\0", 2)},
+      {Value + "hex(7):61,00,ac,20,00,00", 7, std::string("a\x80\0", 3)},
+      {Value + "\"first\"\n; [HKEY_USERS]\n\n\"v\"=\"last\"", 1, "last"},
+      {Value + "\"x\"\n[HKEY_USERS\\K]\n[HKEY_LOCAL_MACHINE\\k]\n@=\"y\"", 1, "x"},
+      {Header + "[hkey_local_MACHINE\\k]\n\"v\"=\"\"", 1, ""},
+      {"\xEF\xBB\xBF" + Value + "\"\"", 1, ""},
+      {Utf16(Value + "\"x\"", true), 1, "x"},
+      {Utf16(Value + "\"", false) + "\xAC\x20\"" + '\0', 1, "\x80"},
   };
-  for (const Case& c : {
-           Case{Key + "\"V\"=\"C:\\\\a \\\"b\\\"\"\r\n", 1, "C:\\a \"b\""},
-           Case{Key + "  \"v\" =\t\"\" ; comment", 1, ""},
-           Case{Value + "\"\xC3\xA4\xE2\x82\xAC\xC2\x81\"", 1, "\xE4\x80\x81"},
-           Case{Value + "dword:0000abCD", 4, std::string("\xCD\xAB\0\0", 4)},
-           Case{Value + "hex:", 3, ""},
-           Case{Value + "hex:01,fF,\\\r\n  00, \\\n\t7f", 3, std::string("\1\xFF\0\x7F", 4)},
-           Case{Value + "hex(b):01,00", 11, std::string("\1\0", 2)},
-           Case{Value + "hex(7):61,00,ac,20,00,00", 7, std::string("a\x80\0", 3)},
-           Case{Value + "\"first\"\n; [HKEY_USERS]\n\n\"v\"=\"last\"", 1, "last"},
-           Case{Header + "[hkey_local_MACHINE\\k]\n\"v\"=\"\"", 1, ""},
-           Case{"\xEF\xBB\xBF" + Value + "\"\"", 1, ""},
-           Case{Utf16(Value + "\"x\"", true), 1, "x"},
-           Case{Utf16(Value + "\"", false) + "\xAC\x20\"" + '\0', 1, "\x80"},
-       }) {
+  for (const auto& c : cases) {
     const auto tree = ReadRegistryText(c.sFile, "test.reg");
     const RegistryNode* key = tree->FindKey("HKEY_LOCAL_MACHINE")->FindKey("K");
     const RegistryValue* value = key == nullptr ? nullptr : key->FindValue("v");
@@ -57,46 +58,62 @@ TEST(RegistryFile, SaysWhatIsWrong) {
   const std::string sFirst = "the first line must be \"Windows Registry Editor Version 5.00\"";
   const std::string sLevel =
       "the key's path has a level without a name; one backslash separates two names";
+  const std::string sDigits = "the type in hex(...): has one to eight hexadecimal digits";
   const std::string sOdd =
       "a text in hexadecimal form is UTF-16 and has two bytes a character, but this one has an odd "
       "number of bytes";
-  struct Case {
-    std::string sFile;
-    std::string sReason;  // after "line "
+  const std::string sForm =
+      "a value is \"text\", dword: with a number, or hex: or hex(type): with bytes";
+  std::string sDeep = Header + "[HKEY_USERS";
+  for (int i = 2; i <= 512; ++i) sDeep += "\\k";
+  const std::pair<std::string, std::string> cases[] = {
+      {"", "1: " + sFirst},
+      {Header + "\"v\"=\"x\"", "2: a value must stand below the line of its key"},
+      {Key + "v=\"x\"", "3: " + sLine},
+      {Header + "[HKEY_USERS\\K", "2: the key's closing bracket is missing"},
+      {Header + "[HKEY_USERS] ;", "2: nothing may follow the key's closing bracket"},
+      {Header + "[HKEY_USERS\\]", "2: " + sLevel},
+      {Header + "[HKEY_USERS\\\\K]", "2: " + sLevel},
+      {Header + "[-HKEY_USERS\\K]",
+       "2: a key cannot be deleted with [-...] here; remove its lines from the file"},
+      {Header + "[HKEY_USERS\\" + std::string(255, 'k') + "]\n\n", "none"},
+      {Header + "[HKEY_USERS\\" + std::string(256, 'k') + "]\n\n",
+       "2: a key's name has more than 255 characters"},
+      {sDeep + "]", "none"},
+      {sDeep + "\\k]", "2: the key lies more than 512 levels deep"},
+      {Key + '"' + std::string(16383, 'v') + "\"=\"\"", "none"},
+      {Key + '"' + std::string(16384, 'v') + "\"=\"\"",
+       "3: the value's name has more than 16383 characters"},
+      {Key + "\"v=\n\n", "3: the text's closing quotation mark is missing"},
+      {Key + "\"v\" \"x\"", "3: an equals sign must follow the value's name"},
+      {Value + "-", "3: a value cannot be deleted with =- here; remove its line from the file"},
+      {Value + "x", "3: " + sForm},
+      {Value + "\"C:\\dir\"",
+       "3: in a text, a backslash is written twice and a quotation mark as \\\""},
+      {Value + "dword:12 34", "3: only a comment may follow the value"},
+      {Value + "dword:123456789", "3: a dword has one to eight hexadecimal digits"},
+      {Value + "hex(x):01", "3: " + sDigits},
+      {Value + "hex(1:01", "3: " + sDigits},
+      {Value + "hex:01,\\\n", "4: the bytes go on after the backslash, but the file ends"},
+      {Value + "hex:01,\\\n\"w\"=\"\"", "4: " + sHex},
+      {Value + "hex:0", "3: " + sHex},
+      {Value + "hex:012", "3: " + sHex},
+      {Value + "hex(1):61", "3: " + sOdd},
+      {Value + '"' + '\0', "3: there is a NUL character in the line"},
+      {Value + "\"\xC3\xA4\xCE\xA9\"",
+       "3: the character U+03A9 is not in the code page Windows-1252"},
+      {Key + "\n\"v\"=\"\xE4\"", "4: there are bytes that are no UTF-8; save the file as UTF-8"},
+      {Utf16(Key, true) + "\xD8\x3D\xDE" + '\0',
+       "3: the character U+1F600 is not in the code page Windows-1252"},
+      {Utf16(Key, false) + "x", "3: the file is UTF-16 but ends in the middle of a character"},
   };
-  for (const Case& c : {
-           Case{"", "1: " + sFirst},
-           Case{Header + "\"v\"=\"x\"", "2: a value must stand below the line of its key"},
-           Case{Key + "v=\"x\"", "3: " + sLine},
-           Case{Header + "[HKEY_USERS\\K", "2: the key's closing bracket is missing"},
-           Case{Header + "[HKEY_USERS\\]", "2: " + sLevel},
-           Case{Key + "\"v=\n\n", "3: the text's closing quotation mark is missing"},
-           Case{Value + "\"C:\\dir\"",
-                "3: in a text, a backslash is written twice and a quotation mark as \\\""},
-           Case{Value + "dword:12 34", "3: only a comment may follow the value"},
-           Case{Value + "dword:123456789", "3: a dword has one to eight hexadecimal digits"},
-           Case{Value + "hex:01,\\\n", "4: the bytes go on after the backslash, but the file ends"},
-           Case{Value + "hex:01,\\\n\"w\"=\"\"", "4: " + sHex},
-           Case{Value + "hex(1):61", "3: " + sOdd},
-           Case{Value + "\"\xC3\xA4\xCE\xA9\"",
-                "3: the character U+03A9 is not in the code page Windows-1252"},
-           Case{Key + "\n\"v\"=\"\xE4\"",
-                "4: there are bytes that are no UTF-8; save the file as UTF-8"},
-           Case{Utf16(Key, true) + "\xD8\x3D\xDE" + '\0',
-                "3: the character U+1F600 is not in the code page Windows-1252"},
-           Case{Utf16(Key, false) + "x",
-                "3: the file is UTF-16 but ends in the middle of a character"},
-       })
-    try {
-      ReadRegistryText(c.sFile, "test.reg");
-      ADD_FAILURE() << c.sFile;
-    } catch (const PlatformError& error) {
-      EXPECT_EQ("Could not read the registry file \"test.reg\": line " + c.sReason + ".",
-                error.what());
-    }
+  const std::string sBegin = "Could not read the registry file \"test.reg\": line ";
+  for (const auto& [sFile, sReason] : cases)
+    EXPECT_EQ(Failure([&, &sText = sFile] { ReadRegistryText(sText, "test.reg"); }),
+              sReason == "none" ? sReason : sBegin + sReason + ".");
 }
 
-TEST(RegistryFile, WritesWhatPeopleCanRead) {
+TEST(RegistryFile, WritesWhatPeopleCanReadAndReadsItAgain) {
   const auto tree = RegistryNode::NewTree();
   RegistryNode& hive = *tree->FindKey("HKEY_LOCAL_MACHINE");
   hive.AddKey("B").AddKey("[k]]").SetValue("a \"b\"", 1, "C:\\x \xE4\x80");
@@ -106,6 +123,7 @@ TEST(RegistryFile, WritesWhatPeopleCanRead) {
   key.SetValue("break", 1, "\n");
   key.SetValue("bytes", 3, "abcdefghijklmnopqrstuvwxyz");
   key.AddKey("Empty").AddKey("Deep");
+  const std::string sText = WriteRegistryText(*tree);
   EXPECT_EQ(Header + R"(
 [HKEY_LOCAL_MACHINE\A]
 @=""
@@ -119,23 +137,20 @@ TEST(RegistryFile, WritesWhatPeopleCanRead) {
 [HKEY_LOCAL_MACHINE\B\[k]]]
 "a \"b\""="C:\\x ä€"
 )",
-            WriteRegistryText(*tree));
+            sText);
+  EXPECT_EQ(sText, WriteRegistryText(*ReadRegistryText(sText, "test.reg")));
 }
 
 TEST(RegistryFile, EveryByteComesBack) {
   std::string sAll;
   for (int i = 0; i < 256; ++i) sAll += static_cast<char>(i);
   const std::string sName = sAll.substr(11) + sAll.substr(1, 9);  // no NUL, no line break
-  std::string sKey = sName;
-  sKey.erase(sKey.find('\\'), 1);
   const auto tree = RegistryNode::NewTree();
-  RegistryNode& key = tree->Key(0).AddKey(sKey);
-  for (const std::uint32_t lType : {0U, 1U, 2U, 3U, 4U, 7U, 11U, 0xFFFFFFFFU})
-    for (const std::string& sData : {sAll, std::string(), std::string("text\0", 5)})
-      key.SetValue(sName + std::to_string(key.Values().size()), lType, sData);
-  const auto again = ReadRegistryText(WriteRegistryText(*tree), "test.reg");
-  ASSERT_NE(nullptr, again->Key(0).FindKey(sKey));
-  EXPECT_EQ(key.Values(), again->Key(0).FindKey(sKey)->Values());
+  for (const std::uint32_t lType : {0U, 1U, 2U, 3U, 4U, 7U, 0xFFFFFFFFU})
+    for (const std::string& sData : {sAll, std::string("text\0", 5), std::string("\r\x1F")})
+      tree->Key(0).SetValue(sName + std::to_string(tree->Key(0).Values().size()), lType, sData);
+  EXPECT_EQ(tree->Key(0).Values(),
+            ReadRegistryText(WriteRegistryText(*tree), "test.reg")->Key(0).Values());
 }
 
 }  // namespace

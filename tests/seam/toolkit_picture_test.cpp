@@ -78,12 +78,14 @@ TEST_F(ToolkitWindowPicture, ImagesAreDrawnThroughTheirMask) {
   images.Add("bitmap", Load(Bmp(32)));
   images.Add("icon", Load(Icon()));
   images.Add("large", Load(Bmp(64)));
+  images.AddAgain("again", "icon");
+  images.AddAgain("missing", "none");
   const Rgb mask = {192, 192, 192}, red = {255, 0, 0}, cyan = {0, 255, 255};
   // The colours in the corners: top left, top right, bottom left, bottom right.
   const std::pair<std::string, std::vector<Rgb>> cases[] = {
-      {"bitmap", {cyan, red, cyan, red}},
-      {"icon", {cyan, cyan, mask, red}},
-      {"large", {cyan, red, cyan, red}},
+      {"missing", {cyan, cyan, cyan, cyan}}, {"bitmap", {cyan, red, cyan, red}},
+      {"icon", {cyan, cyan, mask, red}},     {"large", {cyan, red, cyan, red}},
+      {"again", {cyan, cyan, mask, red}},
   };
   Form form(FormBorder::FixedSingle, true, 3000, 3000);
   PictureBox box(form);

@@ -89,6 +89,8 @@ TEST_F(ToolkitWindow, OnlyPaintsInterruptAHandler) {
     EXPECT_EQ(nTicks, 0);
   };
   Driver::ShowModal(form, [&] {
+    wait();
+    EXPECT_EQ(nTicks, 0) << "starts disabled";
     timer.SetEnabled(true);
     wait();
     EXPECT_GT(nTicks, 2);
@@ -238,6 +240,7 @@ TEST_F(ToolkitWindow, TheScrollBarTellsDraggingFromOtherChanges) {
   bar.SetMin(1);
   bar.SetMax(40);
   bar.SetLargeChange(4);
+  bar.SetSmallChange(2);
   bar.OnChange = [&] { events.push_back("change " + std::to_string(bar.Value())); };
   bar.OnScroll = [&] { events.push_back("scroll " + std::to_string(bar.Value())); };
   Driver::ShowModal(form, [&] {
@@ -245,13 +248,15 @@ TEST_F(ToolkitWindow, TheScrollBarTellsDraggingFromOtherChanges) {
     const PixelRect bounds = Driver::Bounds(bar);
     const Twips middle = px(bounds.nWidth / 2);
     const std::pair<Driver::Script, const char*> cases[] = {
-        {[&] { Driver::TurnWheel(box, -2); }, "change 3"},
-        {[&] { Driver::TurnWheel(bar, 1); }, "change 2"},
-        {Type(Key::Down), "change 3"},
-        {Type(Key::PageDown), "change 7"},
-        {[&] { Driver::Click(bar, middle, py(bounds.nHeight - 40)); }, "change 11"},
+        {[&] { Driver::TurnWheel(box, -2); }, "change 5"},
+        {[&] { Driver::TurnWheel(bar, 1); }, "change 3"},
+        {Type(Key::Down), "change 5"},
+        {Type(Key::PageDown), "change 9"},
+        {Type(Key::Up), "change 7"},
+        {Type(Key::PageUp), "change 3"},
+        {[&] { Driver::Click(bar, middle, py(bounds.nHeight - 40)); }, "change 7"},
         {[&] { bar.SetValue(99); }, "change 40"},
-        {[&] { bar.SetValue(1); }, "change 1"},
+        {[&] { bar.SetValue(-9); }, "change 1"},
     };
     for (const auto& [act, sEvent] : cases) {
       act();

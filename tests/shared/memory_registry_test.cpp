@@ -24,23 +24,31 @@ INSTANTIATE_TEST_SUITE_P(Memory, RegistryTrees,
 TEST_P(RegistryContract, PathsFindKeysAndCreatingKeepsThem) {
   const RegistryKey hKey = Create(base_, "One\\Two");
   Set(registry_, hKey, "kept", "x");
-  RegistryKey hAgain = Create(base_, "oNE\\TWO\\");
-  EXPECT_NE(hKey, hAgain);
-  EXPECT_EQ("x", Get(registry_, hAgain, "kept"));
-  registry_.CloseKey(hAgain);
-  EXPECT_EQ("<6>", Get(registry_, hAgain, "kept")) << "a closed handle";
-  EXPECT_EQ(RegistryInvalidHandle, Set(registry_, hAgain, "kept", "y"));
-  EXPECT_EQ(RegistryInvalidHandle, registry_.CloseKey(hAgain));
-  for (const char* sPath : {"Two", "One\\Two\\Three"})
-    EXPECT_EQ(2, registry_.OpenKey(base_, sPath, RegistryReadWrite, hAgain)) << sPath;
-  EXPECT_EQ(0, registry_.OpenKey(hKey, "", RegistryReadWrite, hAgain));
-  registry_.CloseKey(hAgain);
-  EXPECT_EQ("x", Get(registry_, hKey, "kept")) << "an empty path gives a second handle";
-  EXPECT_EQ(0, registry_.OpenKey(RegistryKey::LocalMachine, "", RegistryReadWrite, hAgain));
-  EXPECT_EQ(RegistryKey::LocalMachine, hAgain);
-  EXPECT_EQ(161, registry_.OpenKey(base_, "\\One", RegistryReadWrite, hAgain));
-  EXPECT_EQ(0, registry_.OpenKey(RegistryKey::ClassesRoot, "\\", RegistryReadWrite, hAgain));
-  registry_.CloseKey(hAgain);
+  const RegistryKey hOther = Create(base_, "oNE\\TWO\\");
+  EXPECT_NE(hKey, hOther);
+  EXPECT_EQ("x", Get(registry_, hOther, "kept"));
+  registry_.CloseKey(hOther);
+  EXPECT_EQ("<6>", Get(registry_, hOther, "kept")) << "a closed handle";
+  EXPECT_EQ(RegistryInvalidHandle, Set(registry_, hOther, "kept", "y"));
+  EXPECT_EQ(RegistryInvalidHandle, registry_.CloseKey(hOther));
+  EXPECT_EQ("x", Get(registry_, hKey, "kept")) << "the other handle of the key";
+  const struct {
+    RegistryKey hParent;
+    const char* sPath;
+    std::int32_t lResult;
+  } cases[] = {
+      {base_, "one\\two\\", 0}, {base_, "Two", 2},       {base_, "One\\Two\\Three", 2},
+      {base_, "\\One", 161},    {hKey, "", 0},           {RegistryKey::ClassesRoot, "\\", 0},
+      {hOther, "", 6},          {hOther, "One\\Two", 6}, {RegistryKey::None, "", 6},
+  };
+  for (const auto& c : cases) {
+    RegistryKey hOpened = RegistryKey::None;
+    EXPECT_EQ(c.lResult, registry_.OpenKey(c.hParent, c.sPath, ReadOnly, hOpened)) << c.sPath;
+    EXPECT_EQ(c.lResult == 0 ? 0 : 6, registry_.CloseKey(hOpened));
+  }
+  RegistryKey hHive = RegistryKey::None;
+  EXPECT_EQ(0, registry_.OpenKey(RegistryKey::LocalMachine, "", RegistryReadWrite, hHive));
+  EXPECT_EQ(RegistryKey::LocalMachine, hHive);
   registry_.CloseKey(hKey);
 }
 
@@ -71,7 +79,7 @@ TEST_P(RegistryContract, ReadingDoesNotGiveTheRightToWriteValues) {
 TEST_P(RegistryContract, EnumeratesEachKeyAndValueOnce) {
   for (const char* sName : {"beta", "Alpha", "GAMMA", "alpha"})
     registry_.CloseKey(Create(base_, sName));
-  const std::vector<std::string> keys = Keys(base_);
+  const Texts keys = KeysOf(registry_, base_);
   EXPECT_EQ((Names{"Alpha", "beta", "GAMMA"}), Names(keys.begin(), keys.end()));
   std::array<char, 8> name{};
   std::array<char, 8> data{};
@@ -118,18 +126,6 @@ TEST_P(RegistryContract, DefaultsEndWithTheirNul) {
     EXPECT_EQ(RegistryMoreData, registry_.QueryDefault(base_, "key", sBuffer.data(), lSize));
   }
   registry_.CloseKey(hKey);
-}
-
-TEST(MemoryRegistry, NoKeyIsNoParent) {
-  MemoryRegistry registry;
-  RegistryKey hKey = RegistryKey::None;
-  EXPECT_EQ(RegistryInvalidHandle,
-            registry.OpenKey(RegistryKey::None, "", RegistryReadWrite, hKey));
-  registry.SetText("HKEY_LOCAL_MACHINE\\A", "n", "x");
-  EXPECT_EQ(0, registry.OpenKey(RegistryKey::LocalMachine, "A", RegistryReadWrite, hKey));
-  EXPECT_EQ(0, registry.DeleteKey(RegistryKey::LocalMachine, "A"));
-  EXPECT_EQ(RegistryInvalidHandle,
-            registry.OpenKey(RegistryKey::None, "", RegistryReadWrite, hKey));
 }
 
 }  // namespace

@@ -5,7 +5,9 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "seam/registry.h"
@@ -26,6 +28,60 @@ inline std::string Get(Registry& registry, RegistryKey hKey, const std::string& 
   return lResult == 0 ? std::string(buffer.data(), lSize) : "<" + std::to_string(lResult) + ">";
 }
 
+inline RegistryKey Create(Registry& registry, RegistryKey hParent, const std::string& sPath) {
+  RegistryKey hKey = RegistryKey::None;
+  EXPECT_EQ(RegistrySuccess, registry.CreateKey(hParent, sPath, RegistryReadWrite, hKey)) << sPath;
+  return hKey;
+}
+
+inline std::vector<std::string> KeysOf(Registry& registry, RegistryKey hKey) {
+  std::vector<std::string> names;
+  std::array<char, 256> name{};
+  while (registry.EnumKey(hKey, static_cast<std::uint32_t>(names.size()), name.data(), 256) == 0)
+    names.emplace_back(name.data());
+  return names;
+}
+
+// What is in a key: "a=1 b=2 [Key c=3]", in the order of the names.
+inline std::string TreeOf(Registry& registry, RegistryKey hKey) {
+  std::set<std::string> parts;
+  std::array<char, 20000> data{};
+  std::array<char, 256> name{};
+  for (std::uint32_t l = 0, lName = 256, lData = 20000;
+       registry.EnumValue(hKey, l, name.data(), lName, data.data(), lData) == 0;
+       ++l, lName = 256, lData = 20000)
+    parts.insert(name.data() + ("=" + std::string(data.data(), lData)));
+  std::string sTree;
+  for (const auto& sPart : parts) sTree += (sTree.empty() ? "" : " ") + sPart;
+  for (const std::string& sKey : KeysOf(registry, hKey)) {
+    RegistryKey hSubkey = RegistryKey::None;
+    registry.OpenKey(hKey, sKey, RegistryReadWrite, hSubkey);
+    sTree += (sTree.empty() ? "[" : " [") + sKey + " " + TreeOf(registry, hSubkey) + "]";
+    registry.CloseKey(hSubkey);
+  }
+  return sTree;
+}
+
+// Puts what such a text says into a key, up to its end or a bracket, level by level:
+// a long path is not taken everywhere. Returns the rest of the text.
+inline std::string_view PutTree(Registry& registry, RegistryKey hKey, std::string_view sTree,
+                                std::uint32_t lType = RegistryTypeText) {
+  while (!sTree.empty() && sTree[0] != ']') {
+    const std::string sPart(sTree.substr(0, sTree.find_first_of(" ]")));
+    const std::size_t nEquals = sPart.find('=');
+    sTree.remove_prefix(sPart.size());
+    if (sPart.starts_with('[')) {
+      const RegistryKey hSubkey = Create(registry, hKey, sPart.substr(1));
+      sTree = PutTree(registry, hSubkey, sTree, lType).substr(1);
+      registry.CloseKey(hSubkey);
+    } else if (!sPart.empty()) {
+      EXPECT_EQ(0, Set(registry, hKey, sPart.substr(0, nEquals), sPart.substr(nEquals + 1), lType));
+    }
+    if (sTree.starts_with(' ')) sTree.remove_prefix(1);
+  }
+  return sTree;
+}
+
 // What every Registry does. The tests stand in memory_registry_test.cpp; each
 // implementation's own tests instantiate them. They work below one key, which
 // they remove again.
@@ -43,21 +99,12 @@ class RegistryContract : public testing::TestWithParam<std::function<std::unique
   }
 
   RegistryKey Create(RegistryKey hParent, const std::string& sPath) {
-    RegistryKey hKey = RegistryKey::None;
-    EXPECT_EQ(RegistrySuccess, registry_.CreateKey(hParent, sPath, RegistryReadWrite, hKey));
-    return hKey;
-  }
-  std::vector<std::string> Keys(RegistryKey hKey) {
-    std::vector<std::string> names;
-    std::array<char, 256> name{};
-    while (registry_.EnumKey(hKey, static_cast<std::uint32_t>(names.size()), name.data(), 256) == 0)
-      names.emplace_back(name.data());
-    return names;
+    return trelin::Create(registry_, hParent, sPath);
   }
   void Clear(RegistryKey hParent, const std::string& sPath) {
     RegistryKey hKey = RegistryKey::None;
     if (registry_.OpenKey(hParent, sPath, RegistryReadWrite, hKey) != 0) return;
-    for (const std::string& sName : Keys(hKey)) Clear(hKey, sName);
+    for (const std::string& sName : KeysOf(registry_, hKey)) Clear(hKey, sName);
     registry_.CloseKey(hKey);
     registry_.DeleteKey(hParent, sPath);
   }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <map>
-
 #include "suite/reg_entry.h"
 #include "testing/program_test.h"
 #include "tests/shared/registry_contract.h"
@@ -14,38 +12,12 @@ class RegistryTrees : public RegistryContract, protected FakePlatform {
  protected:
   RegistryTrees() { objReg.SetDefaultRoot(Base); }
 
-  // Creates the key level by level: a long path is not taken everywhere.
-  void Put(const std::string& sPath, const std::string& sName, const std::string& sData,
-           RegistryKey hParent = RegistryKey::None, std::uint32_t lType = RegistryTypeText) {
-    const std::size_t nEnd = sPath.find('\\');
-    const RegistryKey hKey =
-        Create(hParent == RegistryKey::None ? base_ : hParent, sPath.substr(0, nEnd));
-    if (nEnd == std::string::npos)
-      EXPECT_EQ(RegistrySuccess, Set(registry_, hKey, sName, sData, lType));
-    else
-      Put(sPath.substr(nEnd + 1), sName, sData, hKey, lType);
-    registry_.CloseKey(hKey);
-  }
-
-  // "a=1 b=2 [Key c=3]", in the order of the names; "none" for no key.
-  std::string Tree(const std::string& sPath, RegistryKey hHive = RegistryKey::None) {
+  // What is in the key; "none" for no key.
+  std::string Tree(const std::string& sPath, RegistryKey hParent) {
     RegistryKey hKey = RegistryKey::None;
-    if (registry_.OpenKey(hHive == RegistryKey::None ? base_ : hHive, sPath, RegistryReadWrite,
-                          hKey) != 0)
-      return "none";
-    std::map<std::string, std::string> parts;
-    std::array<char, 20000> data{};
-    std::array<char, 256> name{};
-    for (std::uint32_t l = 0, lName = 256, lData = 20000;
-         registry_.EnumValue(hKey, l, name.data(), lName, data.data(), lData) == 0;
-         ++l, lName = 256, lData = 20000)
-      parts[name.data()] = name.data() + ("=" + std::string(data.data(), lData));
-    for (const std::string& sKey : Keys(hKey))
-      parts["\xFF" + sKey] =
-          "[" + sKey + " " + Tree(sPath.empty() ? sKey : sPath + "\\" + sKey, hHive) + "]";
+    if (registry_.OpenKey(hParent, sPath, RegistryReadWrite, hKey) != 0) return "none";
+    const std::string sTree = TreeOf(registry_, hKey);
     registry_.CloseKey(hKey);
-    std::string sTree;
-    for (const auto& part : parts) sTree += (sTree.empty() ? "" : " ") + part.second;
     return sTree;
   }
 

@@ -7,7 +7,6 @@
 
 #include "testing/program_test.h"
 #include "texts/numbers.h"
-#include "texts/string_resources.h"
 
 namespace trelin {
 namespace {
@@ -15,15 +14,12 @@ namespace {
 TEST(Messages, PlaceholdersAreFilledInAscendingOrder) {
   const Argument absent;
   const struct {
-    const char* sCase;
-    const char* sTemplate;
+    const char *sCase, *sTemplate;
     ArgumentArray arguments;
     const char* sExpected;
   } cases[] = {
-      {"one argument", "Key %0% not found", {"Foo"}, "Key Foo not found"},
       {"used twice", "%0%-%0%", {"a"}, "a-a"},
       {"order in the text is free", "%1% %0%", {"a", "b"}, "b a"},
-      {"absent argument stays", "%0% %2%", {"a", "b"}, "a %2%"},
       {"gap between arguments", "%0% %1% %2%", {"a", absent, "c"}, "a %1% c"},
       {"empty argument is filled in", "[%0%]", {""}, "[]"},
       {"the tenth, but nothing above it",
@@ -32,10 +28,7 @@ TEST(Messages, PlaceholdersAreFilledInAscendingOrder) {
        "9 %10%"},
       {"number in plain decimal", "%0% %1%", {17, -3}, "17 -3"},
       {"inserted text is searched for higher ones", "%0%", {"%1%", "z"}, "z"},
-      {"inserted text is not searched for its own or lower ones",
-       "%0% %1%",
-       {"%0%", "%0%"},
-       "%0% %0%"},
+      {"but not for its own or lower ones", "%0% %1%", {"%0%", "%0%"}, "%0% %0%"},
       {"arguments join into a placeholder", "%%0%%", {"1", "z"}, "z"},
       {"spaces make it no placeholder", "%0 % % 0%", {"a"}, "%0 % % 0%"},
   };
@@ -58,23 +51,20 @@ TEST(Messages, TextsBeyond16BitsOverflowAndKeepTheirPlaceholders) {
   EXPECT_EQ(SubstituteArguments(sPlaceholders, {std::string(100'000, 'x')}), sPlaceholders);
 }
 
-TEST_F(ProgramTest, AMessageIsEmptyBeforeLookupsAreEnabledAndFilledAfterwards) {
-  EXPECT_EQ(FormatResourceString(TextNumber::RevisionTooLow, "2.0", "Runtime", "1.0"),
-            "35037(2.0|Runtime|1.0)");
-  EXPECT_EQ(FormatResourceString(35100, {"x"}), "35000(35100)")
-      << "the template of a missing string";
-}
-
 TEST(Numbers, AreReadAndFitOrRaise) {
   EXPECT_EQ(ParseInt16(" 12 ", "It"), 12);
   EXPECT_EQ(ParseInt16("-32768", "It"), -32768);
   EXPECT_EQ(ParseInt16("+7", "It"), 7);
-  for (const char* sText :
-       {"", " ", "x", "1x", "1.5", "+-1", "--1", "-", "0x10", "Error: Resource File Not Found"})
-    EXPECT_THROW(ParseInt16(sText, "It"), std::invalid_argument) << sText;
-  for (const char* sText : {"32768", "-32769", "99999999999999999999"})
-    EXPECT_THROW(ParseInt16(sText, "It"), std::overflow_error) << sText;
-  EXPECT_THROW(ToInt16(32768, "It"), std::overflow_error);
+  const auto read = [](const std::string& sText) {
+    return Failure([&] { ParseInt16(sText, "It"); });
+  };
+  for (const std::string sText : {"", " ", "x", "1x", "1.5", "+-1", "--1", "-", "0x10"})
+    EXPECT_EQ(read(sText), "It should be a whole number but reads \"" + sText + "\".");
+  for (const std::string sText : {"32768", "-32769", "99999999999999999999"})
+    EXPECT_EQ(read(sText), "It is " + sText + "; it must lie between -32768 and 32767.");
+  EXPECT_EQ(ToInt16(-32768, "It"), -32768);
+  for (const int lNumber : {32768, -32769})
+    EXPECT_THROW(ToInt16(lNumber, "It"), std::overflow_error);
 }
 
 }  // namespace

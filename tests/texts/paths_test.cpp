@@ -5,33 +5,25 @@
 namespace trelin {
 namespace {
 
-TEST(Paths, AFolderEndsInOneBackslash) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"C:\\Setup", "C:\\Setup\\"},
-      {"C:\\Setup  ", "C:\\Setup\\"},
-      {"C:\\Setup\\", "C:\\Setup\\"},
-      {"C:\\Setup\\  ", "C:\\Setup\\  "},
-      {"", "\\"},
-      {"   ", "\\"},
-  };
-  for (const auto& [sFolder, sExpected] : cases) {
-    std::string sResult = sFolder;
-    AddBackslash(sResult);
-    EXPECT_EQ(sResult, sExpected) << "[" << sFolder << "]";
-  }
-}
-
 TEST(Paths, AFileIsJoinedToItsFolder) {
   const struct {
-    const char *sFolder, *sFile, *sExpected;
+    const char *sFolder, *sFile, *sJoined, *sInFolder;
   } cases[] = {
-      {" D:\\ ", " setup.exe ", "D:\\setup.exe"},
-      {"D:\\Disk1", "setup.exe", "D:\\Disk1\\setup.exe"},
-      {"", "setup.exe", "\\setup.exe"},
-      {"D:\\Disk1", "", "D:\\Disk1\\"},
-      {"D:\\Disk1", "C:\\setup.exe", "D:\\Disk1\\C:\\setup.exe"},
+      {" D:\\ ", " setup.exe ", "D:\\setup.exe", " D:\\ \\ setup.exe "},
+      {"D:\\Disk1", "setup.exe", "D:\\Disk1\\setup.exe", "D:\\Disk1\\setup.exe"},
+      {"D:\\Disk1\\", "setup.exe", "D:\\Disk1\\setup.exe", "D:\\Disk1\\setup.exe"},
+      {"", "setup.exe", "\\setup.exe", "\\setup.exe"},
+      {"   ", "", "\\", "   \\"},
+      {"D:\\Disk1", "", "D:\\Disk1\\", "D:\\Disk1\\"},
+      {"D:\\Disk1", "C:\\setup.exe", "D:\\Disk1\\C:\\setup.exe", "D:\\Disk1\\C:\\setup.exe"},
   };
-  for (const auto& c : cases) EXPECT_EQ(JoinPath(c.sFolder, c.sFile), c.sExpected) << c.sExpected;
+  for (const auto& c : cases) {
+    EXPECT_EQ(JoinPath(c.sFolder, c.sFile), c.sJoined);
+    EXPECT_EQ(InFolder(c.sFolder, c.sFile), c.sInFolder);
+  }
+  std::string sFolder = "C:\\Setup\\  ";
+  AddBackslash(sFolder);
+  EXPECT_EQ(sFolder, "C:\\Setup\\  ");
 }
 
 TEST_F(ProgramTest, AProgramFolderAtADrivesRootGivesNoDoubledBackslash) {

@@ -3,6 +3,13 @@
 namespace trelin {
 namespace {
 
+TEST_F(RealProgramWindow, SaysThatTheRegistryFileIsDamaged) {
+  folder.Write("registry.reg", "REGEDIT4\n");
+  const std::string sShown = Run();
+  EXPECT_TRUE(sShown.starts_with("Error at Trelin: Could not read the registry file")) << sShown;
+  EXPECT_NE(sShown.find("registry.reg\": line 1: "), std::string::npos) << sShown;
+}
+
 TEST_F(RealProgramWindow, RunsInAFolderWithALongPath) {
   std::string sLong;
   while (sLong.size() < 300) sLong += "A folder with a long name/";
