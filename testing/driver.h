@@ -46,15 +46,16 @@ using Script = std::function<void()>;
 
 // Shows the form and, once it is up, runs the script within its event loop,
 // not within a handler; then closes the form if the script has not. Throws
-// what ShowModal throws. A form that is still open after ten seconds fails the
-// test and is closed.
+// what ShowModal throws. A form that does not open fails the test, and so does
+// one that is still open after ten seconds, which is closed.
 void ShowModal(Form& form, const Script& script);
 
 // The same for the next window or message box that the program shows by
-// itself, also from within a handler; for one that did not come, the script
-// waits on until it is forgotten.
+// itself, also from within a handler; but one that the script leaves open fails
+// the test. For one that did not come, the script waits on until it is forgotten;
+// true if there was none.
 void WhenWindowOpens(const Script& script);
-void ForgetScripts();
+bool ForgetScripts();
 
 // The platform's own message box.
 MessageAnswer ShowMessage(const std::string& sText, MessageButtons buttons,
@@ -78,6 +79,9 @@ void TurnWheel(const Control& control, int nNotches);  // over its middle; below
 void Type(Key key);
 void TypeAccessKey(char c);  // with Alt
 
+// What a window has of "close box, sizable, minimize box, maximize box, in the task
+// bar".
+std::string FrameOf(const Form& form);
 std::string WindowTitle();  // of the window that is in use
 void CloseWindow();         // by its close box
 

@@ -14,21 +14,20 @@ namespace trelin {
 namespace {
 
 // Counts what is open as long as it lives.
-class Opened {
- public:
-  explicit Opened(int& nOpen) : nOpen_(nOpen) { ++nOpen_; }
-  ~Opened() { --nOpen_; }
-  Opened(const Opened&) = delete;
-
- private:
-  int& nOpen_;
-};
+std::shared_ptr<int> Opened(int& nOpen) {
+  ++nOpen;
+  return {&nOpen, [](int* pOpen) { --*pOpen; }};
+}
 
 class FakeInput : public InputFile {
  public:
   FakeInput(std::string sPath, const std::string& sText, std::size_t nPiece, int& nOpen,
             Faults& faults)
-      : sPath_(std::move(sPath)), sText_(sText), nPiece_(nPiece), opened_(nOpen), faults_(faults) {}
+      : sPath_(std::move(sPath)),
+        sText_(sText),
+        nPiece_(nPiece),
+        opened_(Opened(nOpen)),
+        faults_(faults) {}
 
   std::size_t Read(char* pBuffer, std::size_t nSize) override {
     faults_.Fails("Read", sPath_, "BM");
@@ -41,7 +40,7 @@ class FakeInput : public InputFile {
   std::string sPath_;
   std::string sText_;  // as it was when it was opened
   std::size_t nPiece_;
-  Opened opened_;
+  std::shared_ptr<int> opened_;
   Faults& faults_;
   std::size_t nPosition_ = 0;
 };
@@ -49,7 +48,7 @@ class FakeInput : public InputFile {
 class FakeSearch : public FileSearch {
  public:
   FakeSearch(std::string sPath, bool bFound, int& nOpen, Faults& faults)
-      : sPath_(std::move(sPath)), bFound_(bFound), opened_(nOpen), faults_(faults) {}
+      : sPath_(std::move(sPath)), bFound_(bFound), opened_(Opened(nOpen)), faults_(faults) {}
 
   std::optional<std::string> Next() override {
     if (faults_.Fails("Next", sPath_, "RBM") || !std::exchange(bFound_, false)) return std::nullopt;
@@ -59,7 +58,7 @@ class FakeSearch : public FileSearch {
  private:
   std::string sPath_;
   bool bFound_;
-  Opened opened_;
+  std::shared_ptr<int> opened_;
   Faults& faults_;
 };
 
@@ -105,37 +104,6 @@ std::int32_t FakeRegistry::SetValue(RegistryKey hKey, const std::string& sName, 
                                     const char* pData, std::uint32_t lSize) {
   if (const auto lFault = Fault("SetValue", sName, RegistryAccessDenied)) return *lFault;
   return MemoryRegistry::SetValue(hKey, sName, lType, pData, lSize);
-}
-
-std::int32_t FakeRegistry::DeleteValue(RegistryKey hKey, const std::string& sName) {
-  if (const auto lFault = Fault("DeleteValue", sName, RegistryAccessDenied)) return *lFault;
-  return MemoryRegistry::DeleteValue(hKey, sName);
-}
-
-std::int32_t FakeRegistry::EnumKey(RegistryKey hKey, std::uint32_t lIndex, char* pName,
-                                   std::uint32_t lSize) {
-  if (const auto lFault = Fault("EnumKey", std::to_string(lIndex), RegistryMoreData))
-    return *lFault;
-  return MemoryRegistry::EnumKey(hKey, lIndex, pName, lSize);
-}
-
-std::int32_t FakeRegistry::EnumValue(RegistryKey hKey, std::uint32_t lIndex, char* pName,
-                                     std::uint32_t& lNameSize, char* pData,
-                                     std::uint32_t& lDataSize) {
-  if (const auto lFault = Fault("EnumValue", std::to_string(lIndex), RegistryMoreData))
-    return *lFault;
-  return MemoryRegistry::EnumValue(hKey, lIndex, pName, lNameSize, pData, lDataSize);
-}
-
-std::int32_t FakeRegistry::DeleteKey(RegistryKey hParent, const std::string& sName) {
-  if (const auto lFault = Fault("DeleteKey", sName, RegistryAccessDenied)) return *lFault;
-  return MemoryRegistry::DeleteKey(hParent, sName);
-}
-
-std::int32_t FakeRegistry::QueryDefault(RegistryKey hKey, const std::string& sName, char* pData,
-                                        std::int32_t& lSize) {
-  if (const auto lFault = Fault("QueryDefault", sName, RegistryMoreData)) return *lFault;
-  return MemoryRegistry::QueryDefault(hKey, sName, pData, lSize);
 }
 
 LibraryHandle FakeLibraries::Load(const std::string& sPath) {
@@ -195,7 +163,7 @@ std::unique_ptr<FileSearch> FakeSystem::Search(const std::string& sPath) {
 
 void FakeSystem::Beep() {
   ++nBeeps;
-  faults_.log.emplace_back("beep");
+  faults_.log += "beep\n";
 }
 
 MessageAnswer FakeSystem::ShowMessage(const std::string& sText, MessageIcon icon,
@@ -203,14 +171,14 @@ MessageAnswer FakeSystem::ShowMessage(const std::string& sText, MessageIcon icon
   faults_.Fails("ShowMessage", sText, "M");
   messages.push_back({sText, icon, buttons, sTitle});
   const int nStyle = static_cast<int>(icon) + static_cast<int>(buttons);
-  faults_.log.push_back(sTitle + " " + std::to_string(nStyle) + ": " + sText);
+  faults_.log += sTitle + " " + std::to_string(nStyle) + ": " + sText + "\n";
   return onMessage ? onMessage() : MessageAnswer::Ok;
 }
 
 void FakeSystem::StartProgram(const std::string& sLine) {
   faults_.Fails("StartProgram", sLine, "BM");
   started.push_back(sLine);
-  faults_.log.push_back("start " + sLine);
+  faults_.log += "start " + sLine + "\n";
 }
 
 std::string Failure(const std::function<void()>& operation) {

@@ -12,6 +12,7 @@
 
 namespace trelin {
 
+// Of its operations, those fail that the program calls.
 class FakeRegistry : public MemoryRegistry {
  public:
   explicit FakeRegistry(Faults& faults) : faults_(faults) {}
@@ -25,14 +26,6 @@ class FakeRegistry : public MemoryRegistry {
                           std::uint32_t& lSize) override;
   std::int32_t SetValue(RegistryKey hKey, const std::string& sName, std::uint32_t lType,
                         const char* pData, std::uint32_t lSize) override;
-  std::int32_t DeleteValue(RegistryKey hKey, const std::string& sName) override;
-  std::int32_t EnumKey(RegistryKey hKey, std::uint32_t lIndex, char* pName,
-                       std::uint32_t lSize) override;
-  std::int32_t EnumValue(RegistryKey hKey, std::uint32_t lIndex, char* pName,
-                         std::uint32_t& lNameSize, char* pData, std::uint32_t& lDataSize) override;
-  std::int32_t DeleteKey(RegistryKey hParent, const std::string& sName) override;
-  std::int32_t QueryDefault(RegistryKey hKey, const std::string& sName, char* pData,
-                            std::int32_t& lSize) override;
   std::string Trouble() const override { return sTrouble_; }
 
  private:

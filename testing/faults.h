@@ -20,8 +20,8 @@ class Faults {
 
   struct Call {
     std::string sOperation, sArgument;
-    std::string sKinds;  // of failure that its header allows
-    std::size_t nLines;  // that the log had by then
+    std::string sKinds;   // of failure that its header allows
+    std::size_t nLogged;  // how much the log held by then
   };
 
   // Whether the call that is being made fails with its result. Throws when it
@@ -35,8 +35,8 @@ class Faults {
   Reach reach = Reach::Nothing;
 
   std::vector<Call> calls;
-  std::vector<std::string> log;                  // what the user has seen and heard
-  std::size_t nSecondFault = std::string::npos;  // how many lines the log had by then
+  std::string log;                               // what the user has seen and heard, in lines
+  std::size_t nSecondFault = std::string::npos;  // how much the log held by then
 };
 
 }  // namespace trelin

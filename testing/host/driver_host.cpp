@@ -12,25 +12,18 @@
 #include <QToolTip>
 #include <QWheelEvent>
 #include <QWindow>
-#include <chrono>
-#include <exception>
+#include <map>
 
-#include "systems/host/message_box.h"
 #include "systems/host/toolkit_measure.h"
 #include "systems/host/toolkit_native.h"
 #include "testing/driver.h"
+#include "testing/driver_system.h"
 
 namespace trelin {
 
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr auto PollInterval = 5ms;
-constexpr auto LongestShown = 10s;
-constexpr int RepaintMilliseconds = 30;
 constexpr int WheelNotch = 120;
-constexpr int LongestTooltipDelay = 1500;  // milliseconds
 
 // In the order of Key.
 constexpr Qt::Key QtKeys[] = {Qt::Key_Return,  Qt::Key_Enter,    Qt::Key_Escape, Qt::Key_Tab,
@@ -65,57 +58,14 @@ bool IsUp(QWidget* pWindow) {
 
 // The window that is in use: the one opened last.
 QWidget* UsedWindow() {
-  if (QWidget* pWindow = QApplication::activeWindow()) return pWindow;
+  if (QWidget* pWindow = QApplication::activeWindow())
+    return IsExposed(pWindow) ? pWindow : nullptr;
   if (QWidget* pWindow = QApplication::activeModalWidget(); pWindow && IsUp(pWindow))
     return pWindow;
   for (QWidget* pWindow : QApplication::topLevelWidgets()) {
     if (IsUp(pWindow)) return pWindow;
   }
   return nullptr;
-}
-
-// Calls attempt again and again until it returns true.
-void Poll(QObject* pOwner, const std::function<bool()>& attempt) {
-  auto* pTimer = new QTimer(pOwner);
-  QObject::connect(pTimer, &QTimer::timeout, pTimer, [pTimer, attempt] {
-    pTimer->stop();
-    attempt() ? pTimer->deleteLater() : pTimer->start();
-  });
-  pTimer->start(PollInterval);
-}
-
-void RunScript(const std::function<void()>& script) {
-  try {
-    script();
-  } catch (const std::exception& error) {
-    ADD_FAILURE() << "the script threw: " << error.what();
-  }
-}
-
-void CloseAll() {
-  for (QWidget* pWindow : QApplication::topLevelWidgets()) {
-    if (auto* pBox = qobject_cast<QMessageBox*>(pWindow)) pBox->reject();
-  }
-  for (QWidget* pWindow : QApplication::topLevelWidgets()) {
-    if (pWindow->isVisible()) pWindow->close();
-  }
-}
-
-void WatchFor(QWidget* pWindow) {
-  auto* pTimer = new QTimer(pWindow);
-  pTimer->setInterval(LongestShown);
-  QObject::connect(pTimer, &QTimer::timeout, pWindow, [pWindow] {
-    if (!pWindow->isVisible()) return;
-    ADD_FAILURE() << "a window is still open: " << pWindow->windowTitle().toStdString();
-    CloseAll();
-  });
-  pTimer->start();
-}
-
-// Closes the window as a user does, unless it is closed.
-void RunWindowScript(const QPointer<QWidget>& window, const Driver::Script& script) {
-  RunScript(script);
-  if (window && window->isVisible()) window->close();
 }
 
 void SendKey(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
@@ -126,8 +76,10 @@ void SendKey(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
 
 // What the window has put on the screen, once it has painted what it was asked to.
 QImage ScreenOf(const Control& control) {
-  Driver::Wait(RepaintMilliseconds);
-  const QWindow& window = WindowOf(control);
+  QWindow& window = WindowOf(control);
+  QApplication::processEvents();
+  QEvent paint(QEvent::UpdateRequest);  // which the screen sends some time later
+  QApplication::sendEvent(Area(control).window(), &paint);
   return window.screen()->grabWindow(window.winId()).toImage();
 }
 
@@ -135,36 +87,39 @@ Rgb ToRgb(const QColor& color) { return {color.red(), color.green(), color.blue(
 
 }  // namespace
 
-void Driver::ShowModal(Form& form, const Script& script) {
-  QWidget* const pWindow = &Area(form);
-  WatchFor(pWindow);
-  Poll(pWindow, [pWindow, script] {
-    if (!IsUp(pWindow)) return false;
-    RunWindowScript(pWindow, script);
-    return true;
+DriverSystem::Window DriverSystem::WindowOf(const Form& form) { return &Area(form); }
+
+DriverSystem::Window DriverSystem::UsedWindow() { return trelin::UsedWindow(); }
+
+bool DriverSystem::IsOpen(Window window) {
+  for (const QWidget* pWindow : QApplication::topLevelWidgets())
+    if (pWindow == window) return pWindow->isVisible();
+  return false;
+}
+
+std::string DriverSystem::TitleOf(Window window) {
+  return FromQString(static_cast<QWidget*>(window)->windowTitle());
+}
+
+void DriverSystem::Close(Window window) { static_cast<QWidget*>(window)->close(); }
+
+void DriverSystem::CloseAll() {
+  for (QWidget* pWindow : QApplication::topLevelWidgets()) {
+    auto* const pBox = qobject_cast<QMessageBox*>(pWindow);
+    pBox != nullptr ? pBox->reject() : void(pWindow->close());
+  }
+}
+
+static void TickAgain(void (*tick)()) {
+  QTimer::singleShot(1, qApp, [tick] {
+    TickAgain(tick);
+    tick();
   });
-  form.ShowModal();
 }
 
-void Driver::WhenWindowOpens(const Script& script) {
-  const QPointer<QWidget> before = UsedWindow();
-  Poll(qApp, [before, script] {
-    QWidget* const pWindow = UsedWindow();
-    if (pWindow == nullptr || pWindow == before) return false;
-    WatchFor(pWindow);
-    RunWindowScript(pWindow, script);
-    return true;
-  });
-}
-
-void Driver::ForgetScripts() {
-  for (QTimer* pTimer : qApp->findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly))
-    delete pTimer;
-}
-
-MessageAnswer Driver::ShowMessage(const std::string& sText, MessageButtons buttons,
-                                  const std::string& sTitle) {
-  return ShowMessageBox(sText, MessageIcon::Information, buttons, sTitle);
+void DriverSystem::KeepTicking(void (*tick)()) {
+  static const bool bStarted = (TickAgain(tick), true);
+  (void)bStarted;
 }
 
 std::string Driver::MessageText() {
@@ -197,11 +152,6 @@ void Driver::Release(const Control& control, Twips x, Twips y) {
   QTest::mouseRelease(&WindowOf(control), Qt::LeftButton, {}, InWindow(control, x, y));
 }
 
-void Driver::Click(const Control& control, Twips x, Twips y) {
-  Press(control, x, y);
-  Release(control, x, y);
-}
-
 void Driver::Click(const Control& control) {
   QTest::mouseClick(&WindowOf(control), Qt::LeftButton, {}, MiddleOf(control));
 }
@@ -228,13 +178,19 @@ void Driver::TypeAccessKey(char c) {
   SendKey(static_cast<Qt::Key>(Qt::Key_A + (c - 'A')), Qt::AltModifier);
 }
 
-std::string Driver::WindowTitle() {
-  const QWidget* pWindow = UsedWindow();
-  return pWindow != nullptr ? FromQString(pWindow->windowTitle()) : "";
+std::string Driver::FrameOf(const Form& form) {
+  const QWidget& window = Area(form);
+  const Qt::WindowFlags flags = window.windowFlags();
+  return std::string(flags & Qt::WindowCloseButtonHint ? "close box" : "") +
+         (window.minimumSize() != window.maximumSize() ? ", sizable" : "") +
+         (flags & Qt::WindowMinimizeButtonHint ? ", minimize box" : "") +
+         (flags & Qt::WindowMaximizeButtonHint ? ", maximize box" : "") +
+         (window.windowType() == Qt::Window ? ", in the task bar" : "");
 }
 
 void Driver::CloseWindow() {
-  if (QWidget* pWindow = UsedWindow()) pWindow->close();
+  ASSERT_NE(UsedWindow(), nullptr) << "no window is in use";
+  UsedWindow()->close();
 }
 
 std::string Driver::ReadText(const Control& control) {
@@ -247,22 +203,11 @@ std::string Driver::ReadText(const Control& control) {
 
 namespace {
 
-const char* NameOf(QAccessible::Role role) {
-  switch (role) {
-    case QAccessible::List:
-      return "list";
-    case QAccessible::ListItem:
-      return "list item";
-    case QAccessible::Button:
-      return "button";
-    case QAccessible::StaticText:
-      return "text";
-    case QAccessible::ScrollBar:
-      return "scroll bar";
-    default:
-      return "other";
-  }
-}
+const std::map<QAccessible::Role, const char*> roleNames = {{QAccessible::List, "list"},
+                                                            {QAccessible::ListItem, "list item"},
+                                                            {QAccessible::Button, "button"},
+                                                            {QAccessible::StaticText, "text"},
+                                                            {QAccessible::ScrollBar, "scroll bar"}};
 
 QAccessibleInterface* AccessibleOf(const Control& control) {
   return QAccessible::queryAccessibleInterface(&Area(control));
@@ -270,7 +215,7 @@ QAccessibleInterface* AccessibleOf(const Control& control) {
 
 std::string DescriptionOf(QAccessibleInterface* pAccessible) {
   const QAccessible::State state = pAccessible->state();
-  return std::string(NameOf(pAccessible->role())) + " <" +
+  return std::string(roleNames.at(pAccessible->role())) + " <" +
          FromQString(pAccessible->text(QAccessible::Name)) + '>' +
          (state.focused ? " focused" : "") + (state.selected ? " selected" : "");
 }
@@ -301,21 +246,23 @@ void Driver::Act(const Control& control) {
   Wait(0);
 }
 
+// As when the pointer has rested there for a while.
 std::string Driver::TooltipOver(const Control& control) {
   QToolTip::hideText();  // in a moment
-  if (!QTest::qWaitFor([] { return !QToolTip::isVisible(); }))
-    ADD_FAILURE() << "a tooltip does not go";
-  QTest::mouseMove(&WindowOf(control), MiddleOf(control) + QPoint(1, 0));
-  QTest::mouseMove(&WindowOf(control), MiddleOf(control));
-  if (!QTest::qWaitFor([] { return QToolTip::isVisible(); }, LongestTooltipDelay)) return "";
-  const QString text = QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText();
+  EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); })) << "a tooltip does not go";
+  QWidget& window = *Area(control).window();
+  const QPoint point = MiddleOf(control);
+  QWidget* const pUnder = window.childAt(point);
+  QHelpEvent event(QEvent::ToolTip, pUnder->mapFrom(&window, point), window.mapToGlobal(point));
+  QApplication::sendEvent(pUnder, &event);
+  if (!QToolTip::isVisible()) return "";
   for (const QWidget* pWindow : QApplication::topLevelWidgets()) {
     if (!pWindow->inherits("QTipLabel") || !pWindow->isVisible()) continue;
     const QRect screen = pWindow->screen()->geometry().adjusted(-1, -1, 1, 1);  // Qt's last pixel
     EXPECT_TRUE(screen.contains(pWindow->geometry())) << "the tooltip leaves the screen";
-    EXPECT_LT(pWindow->width(), WindowOf(control).width()) << "the tooltip does not wrap";
+    EXPECT_LT(pWindow->width(), window.width()) << "the tooltip does not wrap";
   }
-  return FromQString(text);
+  return FromQString(QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText());
 }
 
 Rgb Driver::PixelAt(const Control& control, int nX, int nY) {

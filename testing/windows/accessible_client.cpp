@@ -5,6 +5,7 @@
 #include <oleacc.h>
 
 #include <array>
+#include <map>
 #include <string_view>
 
 #include "systems/windows/com_owner.h"
@@ -23,33 +24,20 @@ VARIANT Self() {
 }
 
 // Windows knows the roles of its own controls; Wine calls them all a client area.
-std::string NameOfClient(HWND hWindow) {
+std::string NameOfRole(LONG lRole, IAccessible& object) {
+  static const std::map<LONG, const char*> names = {{ROLE_SYSTEM_LIST, "list"},
+                                                    {ROLE_SYSTEM_LISTITEM, "list item"},
+                                                    {ROLE_SYSTEM_PUSHBUTTON, "button"},
+                                                    {ROLE_SYSTEM_STATICTEXT, "text"},
+                                                    {ROLE_SYSTEM_SCROLLBAR, "scroll bar"}};
+  if (lRole != ROLE_SYSTEM_CLIENT) return names.at(lRole);
+  HWND hWindow = nullptr;
+  WindowFromAccessibleObject(&object, &hWindow);
   std::array<char, 16> name{};
   GetClassNameA(hWindow, name.data(), name.size());
-  if (name.data() == "Static"sv) return "text";
-  return name.data() == "ScrollBar"sv ? "scroll bar" : "client";
-}
-
-std::string NameOfRole(LONG lRole, IAccessible& object) {
-  switch (lRole) {
-    case ROLE_SYSTEM_CLIENT: {
-      HWND hWindow = nullptr;
-      WindowFromAccessibleObject(&object, &hWindow);
-      return NameOfClient(hWindow);
-    }
-    case ROLE_SYSTEM_LIST:
-      return "list";
-    case ROLE_SYSTEM_LISTITEM:
-      return "list item";
-    case ROLE_SYSTEM_PUSHBUTTON:
-      return "button";
-    case ROLE_SYSTEM_STATICTEXT:
-      return "text";
-    case ROLE_SYSTEM_SCROLLBAR:
-      return "scroll bar";
-    default:
-      return "role " + std::to_string(lRole);
-  }
+  return name.data() == "Static"sv      ? "text"
+         : name.data() == "ScrollBar"sv ? "scroll bar"
+                                        : "client";
 }
 
 ComOwner<IAccessible> AccessibleOf(HWND hWindow) {

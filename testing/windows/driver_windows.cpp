@@ -4,31 +4,22 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
-#include <exception>
-#include <list>
-#include <optional>
 
 #include "systems/windows/handle.h"
-#include "systems/windows/message_box.h"
 #include "systems/windows/toolkit_measure.h"
 #include "systems/windows/toolkit_native.h"
 #include "systems/windows/toolkit_text.h"
 #include "testing/driver.h"
+#include "testing/driver_system.h"
 #include "testing/windows/accessible_client.h"
 #include "testing/windows/message_pump.h"
-#include "testing/windows/user_input.h"
 
 namespace trelin {
 
 namespace {
 
-using namespace std::chrono_literals;
-using Clock = std::chrono::steady_clock;
-
 constexpr UINT PollMilliseconds = 10;
-constexpr auto LongestShown = 10s;
-constexpr int LongestTooltipDelay = 1000;  // milliseconds
+constexpr int LongestTooltipDelay = 100;  // milliseconds, once it is told to come at once
 
 // In the order of Key; the keypad's Enter is told by a flag.
 constexpr WORD VirtualKeys[] = {VK_RETURN, VK_RETURN, VK_ESCAPE, VK_TAB,  VK_TAB,  VK_SPACE,
@@ -60,74 +51,9 @@ HWND UsedWindow() {
   return hWindow;
 }
 
-void Close(HWND hWindow) {
-  if (IsMessageBox(hWindow) && GetDlgItem(hWindow, IDNO) != nullptr)
-    SendMessageA(hWindow, WM_COMMAND, IDNO, 0);
-  else
-    SendMessageA(hWindow, WM_SYSCOMMAND, SC_CLOSE, 0);
-}
-
 BOOL CALLBACK CloseVisible(HWND hWindow, LPARAM /*lParam*/) {
-  if (IsWindowVisible(hWindow)) Close(hWindow);
+  if (IsWindowVisible(hWindow)) DriverSystem::Close(hWindow);
   return TRUE;
-}
-
-// A script that waits for its window.
-struct Waiting {
-  std::function<HWND()> find;  // null as long as the window is not there
-  Driver::Script script;
-};
-std::list<Waiting> waiting;
-
-// Windows whose scripts run, and since when.
-std::list<std::pair<HWND, Clock::time_point>> watched;
-
-void RunScript(const Driver::Script& script) {
-  try {
-    script();
-  } catch (const std::exception& error) {
-    ADD_FAILURE() << "the script threw: " << error.what();
-  }
-}
-
-// Closes the window as a user does, unless it is closed.
-void RunWindowScript(HWND hWindow, const Driver::Script& script) {
-  RunScript(script);
-  if (IsWindowVisible(hWindow)) Close(hWindow);
-}
-
-void StartScript() {
-  for (auto task = waiting.begin(); task != waiting.end(); ++task) {
-    const HWND hWindow = task->find();
-    if (hWindow == nullptr) continue;
-    const Driver::Script script = std::move(task->script);
-    waiting.erase(task);
-    watched.emplace_back(hWindow, Clock::now());
-    RunWindowScript(hWindow, script);
-    return;
-  }
-}
-
-void CloseWhatIsOpenTooLong() {
-  std::erase_if(watched, [](const auto& window) { return !IsWindowVisible(window.first); });
-  for (auto& [hWindow, since] : watched) {
-    if (Clock::now() - since < LongestShown) continue;
-    ADD_FAILURE() << "a window is still open: " << WindowCaption(hWindow);
-    since = Clock::now();
-    EnumThreadWindows(GetCurrentThreadId(), CloseVisible, 0);
-  }
-}
-
-void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD) {
-  CloseWhatIsOpenTooLong();
-  ReturnFromTracking();
-  StartScript();
-}
-
-void WaitFor(std::function<HWND()> find, const Driver::Script& script) {
-  static const UINT_PTR timer = SetTimer(nullptr, 0, PollMilliseconds, Tick);
-  (void)timer;
-  waiting.push_back({std::move(find), script});
 }
 
 POINT OnScreen(HWND hWindow, POINT point) {
@@ -146,6 +72,57 @@ POINT MiddleOf(HWND hWindow) {
   return OnScreen(hWindow, {inside.right / 2, inside.bottom / 2});
 }
 
+// Keeps the pointer's own messages away: the display tells once more, and late,
+// of a pointer that has been moved, and somebody may touch the mouse.
+LRESULT CALLBACK DropPointerInput(int nCode, WPARAM wParam, LPARAM lParam) {
+  return nCode >= 0 ? 1 : CallNextHookEx(nullptr, nCode, wParam, lParam);
+}
+
+// What the system posts when the pointer is used at a point of the screen.
+void PostPointer(POINT point, UINT message, WPARAM wParam) {
+  static const HHOOK hook =
+      SetWindowsHookExA(WH_MOUSE, DropPointerInput, nullptr, GetCurrentThreadId());
+  (void)hook;
+  const HWND hCaptor = GetCapture();
+  const HWND hWindow = hCaptor != nullptr ? hCaptor : WindowFromPoint(point);
+  POINT place = point;
+  if (message != WM_MOUSEWHEEL) ScreenToClient(hWindow, &place);
+  PostMessageA(hWindow, message, wParam,
+               MAKELPARAM(static_cast<WORD>(place.x), static_cast<WORD>(place.y)));
+  PumpMessages();
+}
+
+void MovePointer(POINT point) {
+  static POINT last = {-1, -1};
+  if (point.x != last.x || point.y != last.y) PostPointer(point, WM_MOUSEMOVE, 0);
+  last = point;
+}
+
+void ClickAt(POINT point) {
+  MovePointer(point);
+  PostPointer(point, WM_LBUTTONDOWN, MK_LBUTTON);
+  PostPointer(point, WM_LBUTTONUP, 0);
+}
+
+void SendKey(WORD key, DWORD flags) {
+  INPUT input{};
+  input.type = INPUT_KEYBOARD;
+  input.ki.wVk = key;
+  input.ki.dwFlags = flags;
+  EXPECT_EQ(SendInput(1, &input, sizeof input), 1U);
+}
+
+// A key by its virtual code; flags are those of KEYBDINPUT. The modifier, if there
+// is one, is held down meanwhile.
+void TypeKey(WORD key, DWORD flags, WORD modifier) {
+  if (modifier != 0) SendKey(modifier, 0);
+  SendKey(key, flags);
+  SendKey(key, flags | KEYEVENTF_KEYUP);
+  PumpMessages();
+  if (modifier != 0) SendKey(modifier, KEYEVENTF_KEYUP);
+  PumpMessages();
+}
+
 BOOL CALLBACK FindText(HWND hChild, LPARAM pText) {
   std::string& sText = *reinterpret_cast<std::string*>(pText);
   if (ClassOf(hChild) == "Static" && sText.empty()) sText = WindowCaption(hChild);
@@ -153,6 +130,11 @@ BOOL CALLBACK FindText(HWND hChild, LPARAM pText) {
 }
 
 Rgb ToRgb(COLORREF color) { return {GetRValue(color), GetGValue(color), GetBValue(color)}; }
+
+BOOL CALLBACK HurryTooltip(HWND hWindow, LPARAM /*lParam*/) {
+  if (ClassOf(hWindow) == TOOLTIPS_CLASSA) SendMessageA(hWindow, TTM_SETDELAYTIME, TTDT_INITIAL, 1);
+  return TRUE;
+}
 
 BOOL CALLBACK FindTooltip(HWND hWindow, LPARAM pFound) {
   if (!IsWindowVisible(hWindow) || ClassOf(hWindow) != TOOLTIPS_CLASSA) return TRUE;
@@ -196,28 +178,35 @@ PixelRect PlaceIn(HWND hContainer, HWND hWindow, RECT rect) {
 
 }  // namespace
 
-void Driver::ShowModal(Form& form, const Script& script) {
-  const HWND hForm = HandleOf(form);
-  WaitFor([hForm] { return IsWindowVisible(hForm) && UsedWindow() == hForm ? hForm : nullptr; },
-          script);
-  form.ShowModal();
+DriverSystem::Window DriverSystem::WindowOf(const Form& form) { return HandleOf(form); }
+
+DriverSystem::Window DriverSystem::UsedWindow() { return trelin::UsedWindow(); }
+
+bool DriverSystem::IsOpen(Window window) { return IsWindowVisible(static_cast<HWND>(window)); }
+
+std::string DriverSystem::TitleOf(Window window) {
+  return WindowCaption(static_cast<HWND>(window));
 }
 
-void Driver::WhenWindowOpens(const Script& script) {
-  const HWND hBefore = UsedWindow();
-  WaitFor(
-      [hBefore] {
-        const HWND hWindow = UsedWindow();
-        return hWindow != hBefore ? hWindow : nullptr;
-      },
-      script);
+void DriverSystem::Close(Window window) {
+  const HWND hWindow = static_cast<HWND>(window);
+  if (IsMessageBox(hWindow) && GetDlgItem(hWindow, IDNO) != nullptr)
+    SendMessageA(hWindow, WM_COMMAND, IDNO, 0);
+  else
+    SendMessageA(hWindow, WM_SYSCOMMAND, SC_CLOSE, 0);
 }
 
-void Driver::ForgetScripts() { waiting.clear(); }
+void DriverSystem::CloseAll() { EnumThreadWindows(GetCurrentThreadId(), CloseVisible, 0); }
 
-MessageAnswer Driver::ShowMessage(const std::string& sText, MessageButtons buttons,
-                                  const std::string& sTitle) {
-  return ShowMessageBox(sText, MessageIcon::Information, buttons, sTitle);
+static void (*whenTicking)();
+
+static void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD) {
+  ReturnFromTracking();
+  whenTicking();
+}
+
+void DriverSystem::KeepTicking(void (*tick)()) {
+  if (std::exchange(whenTicking, tick) == nullptr) SetTimer(nullptr, 0, PollMilliseconds, Tick);
 }
 
 std::string Driver::MessageText() {
@@ -237,24 +226,35 @@ void Driver::Answer(MessageAnswer button) {
 
 void Driver::Wait(int nMilliseconds) { PumpMessagesFor(nMilliseconds); }
 
-void Driver::Press(const Control& control, Twips x, Twips y) { PressAt(PointIn(control, x, y)); }
+void Driver::Press(const Control& control, Twips x, Twips y) {
+  MoveTo(control, x, y);
+  PostPointer(PointIn(control, x, y), WM_LBUTTONDOWN, MK_LBUTTON);
+}
 
 void Driver::MoveTo(const Control& control, Twips x, Twips y) {
   MovePointer(PointIn(control, x, y));
 }
 
 void Driver::Release(const Control& control, Twips x, Twips y) {
-  ReleaseAt(PointIn(control, x, y));
+  MoveTo(control, x, y);
+  PostPointer(PointIn(control, x, y), WM_LBUTTONUP, 0);
 }
-
-void Driver::Click(const Control& control, Twips x, Twips y) { ClickAt(PointIn(control, x, y)); }
 
 void Driver::Click(const Control& control) { ClickAt(MiddleOf(HandleOf(control))); }
 
-void Driver::DoubleClick(const Control& control) { DoubleClickAt(MiddleOf(HandleOf(control))); }
+// The system tells a window of the second press as its class has asked for.
+void Driver::DoubleClick(const Control& control) {
+  const HWND hWindow = HandleOf(control);
+  const POINT point = MiddleOf(hWindow);
+  ClickAt(point);
+  const bool bAsked = (GetClassLongPtrA(hWindow, GCL_STYLE) & CS_DBLCLKS) != 0;
+  PostPointer(point, bAsked ? WM_LBUTTONDBLCLK : WM_LBUTTONDOWN, MK_LBUTTON);
+  PostPointer(point, WM_LBUTTONUP, 0);
+}
 
 void Driver::TurnWheel(const Control& control, int nNotches) {
-  TurnWheelAt(MiddleOf(HandleOf(control)), nNotches);
+  PostPointer(MiddleOf(HandleOf(control)), WM_MOUSEWHEEL,
+              MAKEWPARAM(0, static_cast<WORD>(nNotches * WHEEL_DELTA)));
 }
 
 void Driver::Type(Key key) {
@@ -265,13 +265,24 @@ void Driver::Type(Key key) {
 
 void Driver::TypeAccessKey(char c) { TypeKey(static_cast<WORD>(c), 0, VK_MENU); }
 
-std::string Driver::WindowTitle() {
-  const HWND hWindow = UsedWindow();
-  return hWindow != nullptr ? WindowCaption(hWindow) : "";
+// The task bar shows windows without an owner, and those that ask for it.
+std::string Driver::FrameOf(const Form& form) {
+  const HWND hWindow = HandleOf(form);
+  const auto has = [hWindow](int nKind, LONG_PTR style) {
+    return (GetWindowLongPtrA(hWindow, nKind) & style) == style;
+  };
+  const HWND hOwner = GetWindow(hWindow, GW_OWNER);
+  EXPECT_FALSE(IsWindowVisible(hOwner));
+  return std::string(has(GWL_STYLE, WS_CAPTION | WS_SYSMENU) ? "close box" : "") +
+         (has(GWL_STYLE, WS_THICKFRAME) ? ", sizable" : "") +
+         (has(GWL_STYLE, WS_MINIMIZEBOX) ? ", minimize box" : "") +
+         (has(GWL_STYLE, WS_MAXIMIZEBOX) ? ", maximize box" : "") +
+         (hOwner == nullptr || has(GWL_EXSTYLE, WS_EX_APPWINDOW) ? ", in the task bar" : "");
 }
 
 void Driver::CloseWindow() {
-  if (const HWND hWindow = UsedWindow()) PostMessageA(hWindow, WM_SYSCOMMAND, SC_CLOSE, 0);
+  ASSERT_NE(UsedWindow(), nullptr) << "no window is in use";
+  PostMessageA(UsedWindow(), WM_SYSCOMMAND, SC_CLOSE, 0);
   PumpMessages();
 }
 
@@ -290,6 +301,7 @@ void Driver::Act(const Control& control) {
 
 std::string Driver::TooltipOver(const Control& control) {
   const POINT middle = MiddleOf(HandleOf(control));
+  EnumThreadWindows(GetCurrentThreadId(), HurryTooltip, 0);
   SetCursorPos(middle.x, middle.y);  // where a tooltip looks for it
   MovePointer({middle.x + 1, middle.y});
   MovePointer(middle);

@@ -1,34 +1,55 @@
 #include "app/main_menu.h"
 
 #include <algorithm>
-#include <functional>
+#include <map>
 #include <vector>
 
-#include "testing/temporary_folder.h"
 #include "tests/app/program_window.h"
 
 namespace trelin {
 namespace {
 
+using namespace std::literals;
 using MainMenuWindow = ProgramWindowTest;
-using Driver::PixelAt;
+using Started = std::vector<std::string>;
 
-TEST_F(MainMenuWindow, OpensWithTheListInFocusAndNothingSelected) {
+TEST_F(MainMenuWindow, StandsAsDesigned) {
   UseMenu(7, [&] {
+    auto& menu = MainMenu();
     EXPECT_EQ(Driver::WindowTitle(), "35014");
+    EXPECT_EQ(Driver::FrameOf(menu), "close box, in the task bar");
+    ExpectInTheMiddle(menu);
+    ExpectPlaces({
+        {"form", menu, 0, 0, 8520, 6060},
+        {"list", menu.picList, 75, 120, 6975, 5820},
+        {"row 1", menu.picListItem[0], 0, 0, 6645, 1440},
+        {"row 4", menu.picListItem[3], 0, 4320, 6645, 1440},
+        {"icon 1", menu.picIcon[0], 120, 120, 1365, 1185},
+        {"icon 4", menu.picIcon[3], 120, 120, 1365, 1185},
+        {"title 1", menu.lblTitle[0], 1620, 75, 4890, 315},
+        {"title 2", menu.lblTitle[1], 1620, 90, 4890, 315},
+        {"description 1", menu.lblDescription[0], 1620, 390, 4890, 585},
+        {"description 4", menu.lblDescription[3], 1620, 405, 4890, 585},
+        {"status 1", menu.lblStatus[0], 1620, 1035, 4890, 240},
+        {"status 4", menu.lblStatus[3], 1620, 1050, 4890, 240},
+        {"scroll bar", menu.VScroll, 6660, 0, 255, 5760},
+        {"Setup", menu.cmdSetup, 7200, 120, 1125, 345},
+        {"Read Me", menu.cmdReadMe, 7200, 510, 1125, 345},
+        {"Exit", menu.cmdExit, 7200, 900, 1125, 345},
+    });
     EXPECT_EQ(Rows(), "1234");
-    EXPECT_EQ(Driver::ReadText(MainMenu().lblDescription[3]), "About 4");
-    EXPECT_EQ(Driver::ReadText(MainMenu().lblStatus[3]), "35015");
-    EXPECT_FALSE(Driver::TakesInput(MainMenu().cmdSetup));
-    EXPECT_FALSE(Driver::TakesInput(MainMenu().cmdReadMe));
-    EXPECT_TRUE(Driver::HasFocus(MainMenu().picList));
+    EXPECT_EQ(Driver::ReadText(menu.lblDescription[3]), "About 4");
+    EXPECT_EQ(Driver::ReadText(menu.lblStatus[3]), "35015");
+    EXPECT_FALSE(Driver::TakesInput(menu.cmdSetup) || Driver::TakesInput(menu.cmdReadMe));
+    EXPECT_TRUE(Driver::TakesInput(menu.VScroll) && Driver::TakesInput(menu.cmdExit));
+    EXPECT_TRUE(Driver::HasFocus(menu.picList));
     Driver::Type(Key::Enter);
-    EXPECT_TRUE(MainMenu().Loaded());
-    EXPECT_EQ(MainMenu().VScroll.Max(), 4);
-    EXPECT_EQ(MainMenu().VScroll.LargeChange(), 4);
+    EXPECT_TRUE(menu.Loaded());
+    EXPECT_EQ(menu.VScroll.Max(), 4);
+    EXPECT_EQ(menu.VScroll.LargeChange(), 4);
   });
-  EXPECT_TRUE(system.started.empty());
-  EXPECT_TRUE(system.messages.empty());
+  EXPECT_EQ(system.started, Started());
+  EXPECT_EQ(system.messages.size(), 0U);
 }
 
 TEST_F(MainMenuWindow, ShowsFewerProductsThanRows) {
@@ -48,128 +69,179 @@ TEST_F(MainMenuWindow, ShowsFewerProductsThanRows) {
 TEST_F(MainMenuWindow, APressOnARowSelectsItsProduct) {
   UseMenu(7, [&] {
     auto& menu = MainMenu();
-    Driver::Press(menu.lblTitle[1], 30, 30);
-    EXPECT_EQ(Rows(), "1[2]34") << "a press on a label selects at once";
-    EXPECT_TRUE(Driver::TakesInput(menu.cmdReadMe));
-    Driver::Release(menu.lblTitle[1], 30, 30);
-
-    Driver::Press(menu.picListItem[2], 6600, 700);
-    EXPECT_EQ(Rows(), "1[2]34") << "a press on the box itself waits for the release";
-    Driver::Release(menu.picListItem[2], 6600, 700);
-    EXPECT_EQ(Rows(), "12[3]4");
-    EXPECT_TRUE(Driver::TakesInput(menu.cmdSetup));
-    EXPECT_FALSE(Driver::TakesInput(menu.cmdReadMe)) << "product 3 has no read-me file";
-
-    const int nBottom = Driver::Bounds(menu.picListItem[2]).nHeight - 1;
-    const int nRight = Driver::Bounds(menu.picListItem[2]).nWidth - 1;
-    for (const int nX : {0, nRight}) {
-      EXPECT_EQ(PixelAt(menu.picListItem[2], nX, 0), (Rgb{0, 0, 0}));
-      EXPECT_EQ(PixelAt(menu.picListItem[2], nX, 1), (Rgb{0, 255, 255}));
-      EXPECT_EQ(PixelAt(menu.picListItem[2], nX, nBottom), (Rgb{0, 0, 0}));
-      EXPECT_EQ(PixelAt(menu.picListItem[1], nX, 0), Driver::RgbOf(Color::ButtonFace));
-    }
-  });
-}
-
-TEST_F(MainMenuWindow, AnIconHasARaisedFrameAndASunkenOneWhilePressed) {
-  // Positions count from the left and the top, or below 0 from the other side.
-  const struct {
-    int nX, nY;
-    Color raised, sunken;
-  } cases[] = {
-      {0, 0, Color::ButtonHighlight, Color::DarkShadow3D},
-      {1, 0, Color::Light3D, Color::ButtonShadow},
-      {1, 1, Color::Light3D, Color::ButtonShadow},
-      {-1, 0, Color::DarkShadow3D, Color::ButtonHighlight},
-      {-2, 2, Color::ButtonShadow, Color::ButtonFace},
-      {0, -1, Color::ButtonHighlight, Color::DarkShadow3D},
-      {1, -1, Color::DarkShadow3D, Color::ButtonHighlight},
-      {1, -2, Color::Light3D, Color::ButtonShadow},
-      {2, -2, Color::ButtonShadow, Color::ButtonFace},
-      {-1, -1, Color::DarkShadow3D, Color::ButtonHighlight},
-      {-3, -3, Color::ButtonFace, Color::ButtonFace},
-  };
-  UseMenu(4, [&] {
-    PictureBox& box = MainMenu().picIcon[1];
-    const PixelRect bounds = Driver::Bounds(box);
-    const auto expectFrame = [&](bool bSunken) {
-      for (const auto& c : cases)
-        EXPECT_EQ(PixelAt(box, c.nX < 0 ? bounds.nWidth + c.nX : c.nX,
-                          c.nY < 0 ? bounds.nHeight + c.nY : c.nY),
-                  Driver::RgbOf(bSunken ? c.sunken : c.raised))
-            << (bSunken ? "sunken " : "raised ") << c.nX << ", " << c.nY;
+    const struct {
+      const Control& control;
+      const char *sPressed, *sReleased;
+      bool bReadMe;
+    } cases[] = {
+        {menu.lblTitle[1], "1[2]34", "1[2]34", true},
+        {menu.lblDescription[0], "[1]234", "[1]234", false},
+        {menu.lblStatus[3], "123[4]", "123[4]", true},
+        {menu.picIcon[0], "[1]234", "[1]234", false},
+        {menu.picListItem[2], "[1]234", "12[3]4", false},  // waits for the release
     };
-    expectFrame(false);
-    Driver::Press(box, 300, 300);
-    expectFrame(true);
-    Driver::MoveTo(box, 0, 300);
-    expectFrame(false);
-    Driver::Release(box, 0, 300);
+    for (const auto& c : cases) {
+      const Twips x = &c.control == &menu.picListItem[2] ? 6600 : 30;
+      Driver::Press(c.control, x, 30);
+      EXPECT_EQ(Rows(), c.sPressed);
+      Driver::Release(c.control, &c.control == &menu.picIcon[0] ? -30 : x, 30);
+      EXPECT_EQ(Rows(), c.sReleased);
+      EXPECT_TRUE(Driver::TakesInput(menu.cmdSetup));
+      EXPECT_EQ(Driver::TakesInput(menu.cmdReadMe), c.bReadMe) << c.sReleased;
+    }
+    const auto selected = Driver::PixelsOf(menu.picListItem[2]);
+    const Rgb black = {0, 0, 0}, cyan = {0, 255, 255};
+    for (const std::size_t nX : {std::size_t{0}, selected[0].size() - 1}) {
+      for (const auto& [nY, color] : {std::pair(std::size_t{0}, black),
+                                      {1, cyan},
+                                      {selected.size() - 2, cyan},
+                                      {selected.size() - 1, black}})
+        EXPECT_EQ(selected[nY][nX], color) << nX << ", " << nY;
+      EXPECT_EQ(Driver::PixelsOf(menu.picListItem[0])[0][nX], Driver::RgbOf(Color::ButtonFace));
+    }
+    EXPECT_EQ(Driver::PixelAt(menu.picIcon[2], 9, 9), Driver::RgbOf(Color::ButtonFace));
+  });
+  EXPECT_EQ(system.started, Started());
+}
+
+// A picture of one pixel.
+std::string Bmp(Rgb rgb) {
+  std::string sBytes =
+      "BM\x3A\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\1\0\0\0\1\0\0\0\1\0\x18"s + std::string(25, '\0');
+  for (const int n : {rgb.nBlue, rgb.nGreen, rgb.nRed, 0}) sBytes += static_cast<char>(n);
+  return sBytes;
+}
+
+// Where a box shows a square of a colour, in pixels.
+PixelRect PlaceOf(Rgb color, const PictureBox& box) {
+  const auto pixels = Driver::PixelsOf(box);
+  for (auto row = pixels.begin(); row != pixels.end(); ++row) {
+    const auto nFirst = std::find(row->begin(), row->end(), color) - row->begin();
+    const auto nWidth = std::count(row->begin(), row->end(), color);
+    const auto nHeight = std::count(row, pixels.end(), *row);
+    if (nWidth > 0)
+      return {static_cast<int>(nFirst), static_cast<int>(row - pixels.begin()),
+              static_cast<int>(nWidth), static_cast<int>(nHeight)};
+  }
+  return {0, 0, 0, 0};
+}
+
+constexpr Rgb Red = {255, 0, 0}, Blue = {0, 0, 255};
+
+class MainMenuIconWindow : public MainMenuWindow {
+ protected:
+  // A list with these pictures, "red" and "blue" among them.
+  void UseIcons(const std::vector<std::string>& images, const Driver::Script& script) {
+    system.files["C:\\Suite\\red"] = Bmp(Red);
+    system.files["C:\\Suite\\blue"] = Bmp(Blue);
+    system.files["C:\\Suite\\text"] = "no picture";
+    std::string sBlocks;
+    for (const std::string& sImage : images)
+      sBlocks +=
+          "BLOCK APPLICATION\nPRODUCT = Product 1\nINSTALLFILE = p\nIMAGE = " + sImage + "\nEND\n";
+    UseMenu(sBlocks, script);
+  }
+};
+
+TEST_F(MainMenuIconWindow, AProductHasItsPictureOrTheDefaultIcon) {
+  UseIcons({"missing", "red", "", "red", "text", "blue"}, [&] {
+    const auto icons = [&] {
+      std::string sIcons;
+      for (PictureBox& box : MainMenu().picIcon)
+        sIcons += PlaceOf(Red, box).nWidth == 32    ? 'r'
+                  : PlaceOf(Blue, box).nWidth == 32 ? 'b'
+                                                    : '-';
+      return sIcons;
+    };
+    EXPECT_EQ(icons(), "-r-r");
+    const auto none = Driver::PixelsOf(MainMenu().picIcon[0]);
+    EXPECT_EQ(Driver::PixelsOf(MainMenu().picIcon[2]), none);
+    const auto& middle = none[none.size() / 2];
+    EXPECT_LT(std::count(middle.begin(), middle.end(), Driver::RgbOf(Color::ButtonFace)),
+              static_cast<std::ptrdiff_t>(middle.size()) - 10);
+    MainMenu().VScroll.SetValue(3);
+    EXPECT_EQ(icons(), "-r-b");
+    EXPECT_EQ(Driver::PixelsOf(MainMenu().picIcon[2]), none);
   });
 }
 
-// Points all over the icon in a box, moved right and down by nShift pixels.
-std::vector<Rgb> IconOf(const PictureBox& box, int nShift) {
-  const PixelRect bounds = Driver::Bounds(box);
-  std::vector<Rgb> pixels;
-  for (int nY = -14; nY < 16; nY += 8)
-    for (int nX = -14; nX < 16; nX += 8)
-      pixels.push_back(
-          PixelAt(box, bounds.nWidth / 2 + nX + nShift, bounds.nHeight / 2 + nY + nShift));
-  return pixels;
-}
-
-TEST_F(MainMenuWindow, APressedIconIsDrawnOnePixelToTheRightAndDown) {
-  UseMenu(1, [&] {
-    PictureBox& box = MainMenu().picIcon[0];
-    const std::vector<Rgb> raised = IconOf(box, 0);
-    EXPECT_NE(raised, std::vector<Rgb>(16, Driver::RgbOf(Color::ButtonFace))) << "no icon there";
-    Driver::Press(box, 300, 300);
-    EXPECT_EQ(IconOf(box, 1), raised);
-    Driver::MoveTo(box, -30, -30);
-    Driver::Release(box, -30, -30);
-  });
-}
-
-TEST_F(MainMenuWindow, AnIconRunsSetupWhenReleasedOverIt) {
-  UseMenu(7, [&] {
-    PictureBox& box = MainMenu().picIcon[2];
+TEST_F(MainMenuIconWindow, AnIconIsRaisedAndSunkenWhilePressed) {
+  const std::map<char, Color> colors = {
+      {'H', Color::ButtonHighlight}, {'L', Color::Light3D},    {'D', Color::DarkShadow3D},
+      {'S', Color::ButtonShadow},    {'F', Color::ButtonFace},
+  };
+  // The first and last three pixels of the first and last three rows.
+  const std::string raised[] = {"HLHHHD", "HLLLSD", "HLFFSD", "HLFFSD", "HLSSSD", "HDDDDD"};
+  const std::string sunken[] = {"DSDDDH", "DSSSSH", "DSFFFH", "DSFFFH", "DSFFFH", "DHHHHH"};
+  UseIcons({"", "red"}, [&] {
+    PictureBox& box = MainMenu().picIcon[1];
+    const PixelRect icon = PlaceOf(Red, box);
+    const PixelRect bounds = Driver::Bounds(box);
+    EXPECT_NEAR(2 * icon.nLeft + 32, bounds.nWidth, 2);
+    EXPECT_NEAR(2 * icon.nTop + 32, bounds.nHeight, 2);
+    EXPECT_EQ(icon.nWidth, 32);
+    EXPECT_EQ(icon.nHeight, 32);
+    const auto expect = [&](bool bSunken, const char* sWhen) {
+      const auto pixels = Driver::PixelsOf(box);
+      for (std::size_t i = 0; i < 36; ++i) {
+        const std::size_t nX = i % 6, nY = i / 6;
+        EXPECT_EQ(
+            pixels[nY < 3 ? nY : pixels.size() + nY - 6][nX < 3 ? nX : pixels[0].size() + nX - 6],
+            Driver::RgbOf(colors.at((bSunken ? sunken : raised)[nY][nX])))
+            << sWhen << ": " << nX << ", " << nY;
+      }
+      const int nShift = bSunken ? 1 : 0;
+      EXPECT_EQ(PlaceOf(Red, box), (PixelRect{icon.nLeft + nShift, icon.nTop + nShift, 32, 32}))
+          << sWhen;
+    };
+    expect(false, "at first");
     Driver::Press(box, 600, 600);
-    EXPECT_EQ(Rows(), "12[3]4") << "a press selects";
-    EXPECT_TRUE(system.started.empty());
-    Driver::Release(box, 0, 600);
-    EXPECT_TRUE(system.started.empty()) << "released outside: on the edge";
-
-    Driver::Press(box, 600, 600);
-    Driver::MoveTo(box, 0, 600);  // the edge itself is outside
-    Driver::MoveTo(box, 600, 600);
-    Driver::Release(box, 600, 600);
-    EXPECT_EQ(system.started, (std::vector<std::string>{"\"C:\\Suite\\p3.exe\""}));
-  });
-}
-
-TEST_F(MainMenuWindow, ADoubleClickIsOneClick) {
-  UseMenu(2, [&] {
-    auto& menu = MainMenu();
-    PressRow(1);
-    for (const Control* pControl :
-         std::initializer_list<const Control*>{&menu.picIcon[0], &menu.cmdSetup, &menu.cmdReadMe}) {
-      system.started.clear();
-      Driver::DoubleClick(*pControl);
-      EXPECT_EQ(system.started.size(), 1U);
-      PressRow(1);
+    expect(true, "pressed");
+    EXPECT_EQ(Rows(), "1[1]");
+    // The left and the top edge are outside, the last pixels are inside.
+    const Twips right = box.Width() - Screen::TwipsPerPixelX();
+    const Twips bottom = box.Height() - Screen::TwipsPerPixelY();
+    const struct {
+      const char* sPlace;
+      Twips x, y;
+      bool bInside;
+    } cases[] = {
+        {"left edge", 0, 600, false},
+        {"left", 15, 600, true},
+        {"top edge", 600, 0, false},
+        {"top", 600, 15, true},
+        {"beyond the right", right + 20, 600, false},
+        {"right", right, 600, true},
+        {"below", 600, bottom + 20, false},
+        {"bottom", 600, bottom, true},
+    };
+    for (const auto& c : cases) {
+      Driver::MoveTo(box, c.x, c.y);
+      expect(c.bInside, c.sPlace);
+      EXPECT_EQ(system.started, Started());
+    }
+    for (const auto& c : cases) {
+      Driver::Press(box, 600, 600);
+      Driver::Release(box, c.x, c.y);
+      expect(false, c.sPlace);
+      EXPECT_EQ(std::exchange(system.started, {}).size(), c.bInside ? 1U : 0U) << c.sPlace;
     }
   });
 }
 
-TEST_F(MainMenuWindow, AMessageBoxEndsThePressOfAnIcon) {
-  system.files["C:\\Suite\\TRELIN.CFG"] =
-      "BLOCK SETUPLIST\nBLOCK APPLICATION\nPRODUCT = Product 1\n";
-  UseMenu([&] {
+TEST_F(MainMenuIconWindow, AMessageBoxEndsThePressOfAnIcon) {
+  int nLooks = 0;
+  UseMenu("BLOCK APPLICATION\nPRODUCT = Product 1\nEND\n", [&] {
     PictureBox& box = MainMenu().picIcon[0];
-    const auto isSunken = [&] { return PixelAt(box, 0, 0) == Driver::RgbOf(Color::DarkShadow3D); };
+    const auto isSunken = [&] {
+      return Driver::PixelAt(box, 0, 0) == Driver::RgbOf(Color::DarkShadow3D);
+    };
     system.onMessage = [&] {
-      Driver::WhenWindowOpens([&] { EXPECT_FALSE(isSunken()) << "beside the message box"; });
+      Driver::WhenWindowOpens([&] {
+        EXPECT_FALSE(isSunken()) << "beside the message box";
+        ++nLooks;
+        Driver::Type(Key::Enter);
+      });
       return Driver::ShowMessage("", MessageButtons::Ok, "");
     };
     Driver::Press(box, 600, 600);
@@ -178,184 +250,35 @@ TEST_F(MainMenuWindow, AMessageBoxEndsThePressOfAnIcon) {
     EXPECT_FALSE(isSunken());
     Driver::Release(box, 600, 600);
   });
+  EXPECT_EQ(nLooks, 1);
   EXPECT_EQ(system.messages.size(), 1U) << "the release is no click";
+}
+
+TEST_F(MainMenuWindow, ADoubleClickIsOneClick) {
+  UseMenu(2, [&] {
+    auto& menu = MainMenu();
+    for (const Control* pControl :
+         std::initializer_list<const Control*>{&menu.picIcon[0], &menu.cmdSetup, &menu.cmdReadMe}) {
+      PressRow(1);
+      Driver::DoubleClick(*pControl);
+      EXPECT_EQ(std::exchange(system.started, {}).size(), 1U);
+    }
+  });
 }
 
 TEST_F(MainMenuWindow, ScrollsAndKeepsItsSelection) {
   UseMenu(7, [&] {
     PressRow(0);
-    EXPECT_EQ(Rows(), "[1]234");
     Driver::TurnWheel(MainMenu().lblStatus[2], -1);
     EXPECT_EQ(Rows(), "2345") << "one notch is one row";
     Driver::TurnWheel(MainMenu().picList, -9);
     EXPECT_EQ(Rows(), "4567") << "the end";
     Driver::Type(Key::Enter);
-    EXPECT_EQ(system.started.back(), "\"C:\\Suite\\p1.exe\"") << "Setup still acts on product 1";
-    PressRow(2);
-    EXPECT_EQ(Rows(), "45[6]7");
+    EXPECT_EQ(system.started, Started{"\"C:\\Suite\\p1.exe\""}) << "Setup still acts on product 1";
+    PressRow(3);
+    EXPECT_EQ(Rows(), "456[7]");
     MainMenu().VScroll.SetValue(1);
     EXPECT_EQ(Rows(), "1234");
-  });
-}
-
-TEST_F(MainMenuWindow, TabGoesThroughTheWindowAndBack) {
-  UseMenu(5, [&] {
-    auto& menu = MainMenu();
-    const auto expectOrder = [&](Key key, std::vector<const Control*> order) {
-      for (std::size_t i = 0; i < order.size(); ++i) {
-        Driver::Type(key);
-        EXPECT_TRUE(Driver::HasFocus(*order[i])) << "place " << i;
-      }
-    };
-    expectOrder(Key::Tab, {&menu.VScroll, &menu.picListItem[0], &menu.picIcon[0], &menu.cmdSetup,
-                           &menu.cmdExit});
-    EXPECT_EQ(Rows(), "[1]234") << "the row that Tab has reached";
-    PressRow(1);
-    expectOrder(Key::BackTab, {&menu.VScroll, &menu.cmdExit, &menu.cmdReadMe, &menu.cmdSetup,
-                               &menu.picIcon[1], &menu.picListItem[1]});
-    EXPECT_EQ(Rows(), "1[2]34");
-    Driver::TurnWheel(menu.picList, -1);
-    Driver::Type(Key::Tab);
-    EXPECT_TRUE(Driver::HasFocus(menu.picIcon[0])) << "of the selected product";
-    menu.VScroll.SetValue(1);
-    menu.cmdExit.SetFocus();
-    Driver::TurnWheel(menu.picList, -2);
-    EXPECT_TRUE(Driver::HasFocus(menu.cmdExit));
-    for (int i = 0; i < 2; ++i) Driver::Type(Key::Tab);
-    EXPECT_EQ(Rows(), "[2]345") << "it was scrolled away: Tab reaches the top row";
-  });
-  UseMenu(1, [&] {
-    auto& menu = MainMenu();
-    for (const Control* pControl : std::initializer_list<const Control*>{
-             &menu.picListItem[0], &menu.picIcon[0], &menu.cmdSetup, &menu.cmdExit,
-             &menu.picListItem[0]}) {
-      Driver::Type(Key::Tab);
-      EXPECT_TRUE(Driver::HasFocus(*pControl)) << "past what is hidden or disabled";
-    }
-  });
-}
-
-TEST_F(MainMenuWindow, IsUsedWithKeysAlone) {
-  UseMenu(7, [&] {
-    auto& menu = MainMenu();
-    const struct {
-      Key key;
-      std::int16_t nRow;  // that has the focus
-      const char* sRows;
-    } cases[] = {
-        {Key::Down, 0, "[1]234"},     {Key::Down, 1, "1[2]34"}, {Key::Space, 1, "1[2]34"},
-        {Key::PageDown, 3, "345[6]"}, {Key::Up, 2, "34[5]6"},   {Key::End, 3, "456[7]"},
-        {Key::Down, 3, "456[7]"},     {Key::Home, 0, "[1]234"}, {Key::PageUp, 0, "[1]234"},
-        {Key::Up, 0, "[1]234"},       {Key::Down, 1, "1[2]34"}, {Key::Down, 2, "12[3]4"},
-    };
-    for (const auto& c : cases) {
-      Driver::Type(c.key);
-      EXPECT_EQ(Rows(), c.sRows) << "step " << &c - cases;
-      EXPECT_TRUE(Driver::HasFocus(menu.picListItem[c.nRow])) << "step " << &c - cases;
-      EXPECT_EQ(menu.VScroll.Value(), menu.objSetupList->TopIndex()) << "step " << &c - cases;
-    }
-    const auto expectStarted = [&](const char* sProduct) {
-      ASSERT_FALSE(system.started.empty());
-      EXPECT_EQ(system.started.back(), "\"C:\\Suite\\p" + std::string(sProduct) + ".exe\"");
-    };
-    Driver::Type(Key::Enter);
-    expectStarted("3");
-    EXPECT_FALSE(Driver::TakesInput(menu.cmdReadMe)) << "product 3 has no read-me file";
-
-    Driver::Type(Key::Tab);
-    Driver::Type(Key::End);
-    EXPECT_TRUE(Driver::HasFocus(menu.picIcon[3])) << "icons are a column of their own";
-    EXPECT_EQ(Rows(), "456[7]");
-    Driver::Type(Key::Up);
-    for (const Key key : {Key::Space, Key::Enter}) {
-      system.started.clear();
-      Driver::Type(key);
-      expectStarted("6");
-      EXPECT_TRUE(Driver::HasFocus(menu.picIcon[2]));
-    }
-
-    Driver::TurnWheel(menu.picList, 9);
-    EXPECT_TRUE(Driver::HasFocus(menu.picList)) << "no row, as the selected one is out of view";
-    Driver::TurnWheel(menu.picList, -2);
-    EXPECT_EQ(Rows(), "345[6]");
-    EXPECT_TRUE(Driver::HasFocus(menu.picListItem[3]));
-    Driver::TurnWheel(menu.picList, 9);
-    Driver::Type(Key::Down);
-    EXPECT_EQ(Rows(), "456[7]") << "from the selected one, which was scrolled away";
-
-    menu.cmdExit.SetFocus();
-    Driver::Type(Key::Up);
-    EXPECT_TRUE(Driver::HasFocus(menu.cmdExit)) << "a button leaves arrows alone";
-  });
-}
-
-TEST_F(MainMenuWindow, KeysDoNothingInAnEmptyList) {
-  UseMenu(0, [&] {
-    for (const Key key : {Key::Down, Key::Home, Key::End, Key::Space, Key::Enter}) {
-      Driver::Type(key);
-      EXPECT_TRUE(Driver::HasFocus(MainMenu().picList));
-    }
-    Driver::Type(Key::Tab);
-    EXPECT_TRUE(Driver::HasFocus(MainMenu().cmdExit));
-  });
-}
-
-// Whether the pixels of a row of them, from the left, are not all alike.
-bool IsDotted(const std::vector<Rgb>& pixels) {
-  return std::adjacent_find(pixels.begin(), pixels.end(), std::not_equal_to()) != pixels.end();
-}
-
-TEST_F(MainMenuWindow, ShowsTheFocusWhileItIsUsedByKeys) {
-  UseMenu(4, [&] {
-    auto& menu = MainMenu();
-    const auto showsFocus = [](const PictureBox& box, int nAway) {
-      const auto pixels = Driver::PixelsOf(box);
-      const auto nY = static_cast<std::size_t>(nAway);
-      return IsDotted({pixels[nY].begin() + nAway, pixels[nY].end() - nAway});
-    };
-    PressRow(1);
-    EXPECT_FALSE(showsFocus(menu.picListItem[1], 3)) << "as long as the pointer is used";
-    Driver::Type(Key::Up);
-    EXPECT_TRUE(showsFocus(menu.picListItem[0], 3));
-    EXPECT_FALSE(showsFocus(menu.picListItem[1], 3));
-    Driver::Type(Key::Down);
-    EXPECT_TRUE(showsFocus(menu.picListItem[1], 3)) << "on a selected row";
-    EXPECT_FALSE(showsFocus(menu.picListItem[0], 3));
-    const auto pixels = Driver::PixelsOf(menu.picListItem[1]);
-    for (const std::size_t nY : {std::size_t{0}, pixels.size() - 1})
-      EXPECT_EQ(pixels[nY], std::vector(pixels[nY].size(), Rgb{0, 0, 0})) << "its frame is whole";
-    Driver::Type(Key::Tab);
-    EXPECT_TRUE(showsFocus(menu.picIcon[1], 4));
-    PressRow(1);
-    EXPECT_FALSE(showsFocus(menu.picListItem[1], 3));
-  });
-}
-
-TEST_F(MainMenuWindow, IsUsedWithoutAPicture) {
-  UseMenu(5, [&] {
-    auto& menu = MainMenu();
-    EXPECT_EQ(Driver::Describe(menu.picList), "list <35014> focused");
-    EXPECT_EQ(Driver::DescribeChildren(menu.picList),
-              (std::vector<std::string>{"list item <Product 1, About 1, 35015>",
-                                        "list item <Product 2, About 2, 35015>",
-                                        "list item <Product 3, About 3, 35015>",
-                                        "list item <Product 4, About 4, 35015>", "scroll bar <>"}));
-    EXPECT_EQ(Driver::DescribeChildren(menu.picListItem[1]),
-              (std::vector<std::string>{"button <35027: Product 2>", "text <Product 2>",
-                                        "text <About 2>", "text <35015>"}));
-    Driver::Type(Key::End);
-    EXPECT_EQ(Driver::Describe(menu.picIcon[3]), "button <35027: Product 5>");
-    EXPECT_EQ(Driver::Describe(menu.picListItem[3]),
-              "list item <Product 5, About 5, 35015> focused selected");
-    Driver::Type(Key::Home);
-    EXPECT_EQ(Driver::Describe(menu.picListItem[3]), "list item <Product 4, About 4, 35015>");
-
-    Driver::Act(menu.picListItem[1]);
-    EXPECT_EQ(Rows(), "1[2]34");
-    EXPECT_TRUE(system.started.empty());
-    Driver::Act(menu.picIcon[2]);
-    EXPECT_EQ(Rows(), "12[3]4");
-    EXPECT_EQ(system.started, (std::vector<std::string>{"\"C:\\Suite\\p3.exe\""}));
   });
 }
 
@@ -368,151 +291,96 @@ std::string WithoutSpaces(std::string sText) {
 TEST_F(MainMenuWindow, TextsThatAreCutAreWholeInATooltip) {
   std::string sLong = "Measures bore & shaft";
   while (sLong.size() < 400) sLong += " and <b>again</b>";
-  system.files["C:\\Suite\\TRELIN.CFG"] =
-      "BLOCK SETUPLIST\nBLOCK APPLICATION\nPRODUCT = Short\nDESCRIPTION = " + sLong +
-      "\nEND\nBLOCK APPLICATION\nPRODUCT = " + std::string(100, 'W') +
-      "\nDESCRIPTION = " + std::string(30000, 'W') + "\nEND\n";
-  UseMenu([&] {
-    auto& menu = MainMenu();
-    EXPECT_EQ(WithoutSpaces(Driver::TooltipOver(menu.lblDescription[0])), WithoutSpaces(sLong));
-    EXPECT_EQ(Driver::TooltipOver(menu.lblTitle[0]), "");
-    EXPECT_EQ(WithoutSpaces(Driver::TooltipOver(menu.lblTitle[1])), std::string(100, 'W'));
-    EXPECT_TRUE(Driver::TooltipOver(menu.lblDescription[1]).ends_with("W\x85"));
-    EXPECT_EQ(Driver::ReadText(menu.lblDescription[0]), sLong);
-  });
+  UseMenu("BLOCK APPLICATION\nPRODUCT = Short\nDESCRIPTION = " + sLong +
+              "\nEND\nBLOCK APPLICATION\nPRODUCT = " + std::string(100, 'W') +
+              "\nDESCRIPTION = " + std::string(30000, 'W') + "\nEND\n",
+          [&] {
+            auto& menu = MainMenu();
+            const std::pair<const Label&, std::string> cases[] = {
+                {menu.lblDescription[0], sLong},
+                {menu.lblTitle[0], ""},
+                {menu.lblTitle[1], std::string(100, 'W')},
+                {menu.lblStatus[1], ""},
+            };
+            for (const auto& [label, sText] : cases)
+              EXPECT_EQ(WithoutSpaces(Driver::TooltipOver(label)), WithoutSpaces(sText));
+            EXPECT_TRUE(Driver::TooltipOver(menu.lblDescription[1]).ends_with("W\x85"));
+            EXPECT_EQ(Driver::ReadText(menu.lblDescription[0]), sLong);
+          });
 }
 
-TEST_F(MainMenuWindow, EnterIsSetupAndEscIsExit) {
-  system.sCommandLine = "D:\\Disk 1";
-  UseMenu(4, [&] {
-    MainMenu().cmdExit.SetFocus();
-    PressRow(1);
-    Driver::Type(Key::Enter);
-    EXPECT_EQ(system.started.back(), "\"D:\\Disk 1\\p2.exe\"");
-    Driver::Click(MainMenu().cmdExit);
-    EXPECT_FALSE(MainMenu().Loaded());
-  });
-  system.sCommandLine = "\"D:\\Disk 1\"";
-  UseMenu(4, [&] {
-    PressRow(1);
-    Driver::Type(Key::Enter);
-    ASSERT_EQ(system.messages.size(), 1U);
-    EXPECT_TRUE(system.messages[0].sText.starts_with(
-        "Could not start the program \"p2.exe\": the folder \"D:\\Disk 1\" on the command line "
-        "holds "
-        "quotation marks; please start Trelin again without them"));
-    EXPECT_EQ(system.started.size(), 1U);
-    EXPECT_FALSE(MainMenu().Timer1.Enabled());
-    Driver::Click(MainMenu().cmdReadMe);
-    EXPECT_EQ(system.started.back(), "C:\\Suite\\read me.exe 2.txt")
-        << "always from the program's folder, as it stands";
-    Driver::Type(Key::Escape);
-    EXPECT_FALSE(MainMenu().Loaded());
-  });
-}
-
-TEST_F(MainMenuWindow, SetupAsksInOrder) {
-  const std::string sPrerequisite = "BLOCK DEPENDENCY\nPRODUCTCODE = R\nTITLE = R\nEND\n";
-  const auto stop = [](const char* sText) {
-    return ShownMessage{sText, MessageIcon::Critical, MessageButtons::Ok, "35014"};
-  };
-  const ShownMessage newer{"35030", MessageIcon::Exclamation, MessageButtons::YesNo, "35014"};
-  const ShownMessage unmet{"35039(R)", MessageIcon::Information, MessageButtons::Ok, "35031"};
+TEST_F(MainMenuWindow, SetupAsksInOrderAndStartsFromTheSourceFolder) {
+  const std::string sInstall = "INSTALLFILE = p\n";
+  const std::string sNeeds = "BLOCK DEPENDENCY\nPRODUCTCODE = R\nTITLE = R\nEND\n";
+  const std::string sStart = "start \"C:\\Suite\\p\"\n", sNewer = "35014 52: 35030\n";
+  const std::string sUnmet = "35031 64: 35039(R)\n";
+  const std::string sQuoted =
+      "35014 16: Could not start the program \"p\": the folder \"D:\\Disk 1\" on the command line "
+      "holds quotation marks; please start Trelin again without them, also where the name has "
+      "spaces.\n";
+  const MessageAnswer yes = MessageAnswer::Yes, no = MessageAnswer::No, ok = MessageAnswer::Ok;
   const struct {
-    const char* sCase;
-    std::string sBlock, sInstalled;
+    const char *sCase, *sCommandLine;
+    std::string sLines;
+    const char* sInstalled;
     MessageAnswer answer;
-    std::vector<ShownMessage> messages;
-    bool bStarted;
+    std::string sLog;  // behind the read-me program's
   } cases[] = {
-      {"nothing to ask", "INSTALLFILE = p\n", "", MessageAnswer::No, {}, true},
-      {"no installer",
-       "READMEFILE = x\n" + sPrerequisite,
-       "2",
-       MessageAnswer::Yes,
-       {stop("35029")},
-       false},
-      {"newer, No", "INSTALLFILE = p\n" + sPrerequisite, "2", MessageAnswer::No, {newer}, false},
-      {"newer, Yes", "INSTALLFILE = p\n", "2", MessageAnswer::Yes, {newer}, true},
-      {"newer, Yes, but a prerequisite is missing",
-       "INSTALLFILE = p\n" + sPrerequisite,
-       "2",
-       MessageAnswer::Yes,
-       {newer, unmet},
-       false},
-      {"a prerequisite is missing",
-       "INSTALLFILE = p\n" + sPrerequisite,
-       "1",
-       MessageAnswer::Yes,
-       {unmet},
-       false},
+      {"nothing to ask", "", sInstall, "", no, sStart},
+      {"another folder", "D:\\Disk 1", sInstall, "", no, "start \"D:\\Disk 1\\p\"\n"},
+      {"a drive", "D:\\", sInstall, "", no, "start \"D:\\p\"\n"},
+      {"quotation marks", "\"D:\\Disk 1\"", sInstall, "", no, sQuoted},
+      {"no installer", "", sNeeds, "2", yes, "35014 16: 35029\n"},
+      {"newer, No", "", sInstall + sNeeds, "2", no, sNewer},
+      {"newer, closed", "", sInstall, "2", ok, sNewer},
+      {"newer, Yes", "", sInstall, "2", yes, sNewer + sStart},
+      {"newer, Yes, but unmet", "", sInstall + sNeeds, "2", yes, sNewer + sUnmet},
+      {"unmet", "", sInstall + sNeeds, "1", yes, sUnmet},
   };
   for (const auto& c : cases) {
     Record("P", c.sInstalled);
     Record("other", "1");
-    system.messages.clear();
-    system.started.clear();
+    system.sCommandLine = c.sCommandLine;
     system.onMessage = [&] { return c.answer; };
-    system.files["C:\\Suite\\TRELIN.CFG"] =
-        "BLOCK SETUPLIST\nBLOCK APPLICATION\nPRODUCTCODE = P\nREVISION = 1\n" + c.sBlock;
-    UseMenu([&] {
-      PressRow(0);
-      Driver::Type(Key::Enter);
-      EXPECT_EQ(MainMenu().Timer1.Enabled(), c.bStarted) << c.sCase;
-    });
-    EXPECT_EQ(system.messages, c.messages) << c.sCase;
-    EXPECT_EQ(system.started.size(), c.bStarted ? 1U : 0U) << c.sCase;
+    faults.log.clear();
+    UseMenu("BLOCK APPLICATION\nPRODUCTCODE = P\nREVISION = 1\nREADMEFILE = r.exe x.txt\n" +
+                c.sLines + "END\n",
+            [&] {
+              PressRow(0);
+              Driver::Click(MainMenu().cmdReadMe);
+              EXPECT_FALSE(MainMenu().Timer1.Enabled()) << c.sCase;
+              Driver::Click(MainMenu().cmdSetup);
+              EXPECT_EQ(MainMenu().Timer1.Enabled(), c.sLog.ends_with("p\"\n")) << c.sCase;
+              Driver::Click(MainMenu().cmdExit);
+              EXPECT_FALSE(MainMenu().Loaded());
+            });
+    EXPECT_EQ(faults.log, "start C:\\Suite\\r.exe x.txt\n" + c.sLog) << c.sCase;
   }
 }
 
 TEST_F(MainMenuWindow, TheTimerShowsAChangeOnceAndStops) {
-  Record("other", "1");
+  Record("P1", "2");  // newer, so that Setup asks
   UseMenu(4, [&] {
-    MainMenu().Timer1.SetInterval(20);
+    auto& menu = MainMenu();
+    menu.Timer1.SetInterval(1);
     PressRow(1);
     Driver::Type(Key::Enter);
-    Driver::Wait(100);
-    EXPECT_TRUE(MainMenu().Timer1.Enabled()) << "nothing has changed yet";
-    Record("P2", "1");
-    Driver::Wait(100);
-    EXPECT_EQ(Driver::ReadText(MainMenu().lblStatus[1]), "35016");
-    EXPECT_FALSE(MainMenu().Timer1.Enabled());
-    EXPECT_EQ(Rows(), "1[2]34");
-  });
-}
-
-TEST_F(MainMenuWindow, NoTickComesWhileAMessageBoxIsOpen) {
-  Record("P1", "2");  // newer, so that Setup asks
-  UseMenu(2, [&] {
-    MainMenu().Timer1.SetInterval(20);
+    Driver::Wait(30);
+    EXPECT_TRUE(menu.Timer1.Enabled()) << "nothing has changed yet";
     PressRow(0);
-    MainMenu().Timer1.SetEnabled(true);
     std::string sMeanwhile;
     system.onMessage = [&] {
       Record("P1", "1");
-      Driver::Wait(100);
-      sMeanwhile = Driver::ReadText(MainMenu().lblStatus[0]);
+      Driver::Wait(30);
+      sMeanwhile = Driver::ReadText(menu.lblStatus[0]);
       return MessageAnswer::No;
     };
     Driver::Type(Key::Enter);
-    EXPECT_EQ(sMeanwhile, "35018");
-    Driver::Wait(100);
-    EXPECT_EQ(Driver::ReadText(MainMenu().lblStatus[0]), "35016") << "ticks go on afterwards";
-  });
-}
-
-TEST_F(MainMenuWindow, AProductWithoutAPictureHasTheDefaultIcon) {
-  const std::string sSuite = "C:\\Suite\\";
-  system.files[sSuite + "gear.bmp"] = FileBytes(TRELIN_SOURCE_DIR "/demo/pictures/gear.bmp");
-  std::string sText = "BLOCK SETUPLIST\n";
-  for (const char* sImage : {"missing.bmp", "gear.bmp", "", "gear.bmp"})
-    sText += "BLOCK APPLICATION\nPRODUCT = Product 1\nIMAGE = " + std::string(sImage) + "\nEND\n";
-  system.files[sSuite + "TRELIN.CFG"] = sText;
-  UseMenu([&] {
-    auto& boxes = MainMenu().picIcon;
-    EXPECT_EQ(IconOf(boxes[0], 0), IconOf(boxes[2], 0));
-    EXPECT_NE(IconOf(boxes[0], 0), IconOf(boxes[1], 0));
-    EXPECT_EQ(IconOf(boxes[1], 0), IconOf(boxes[3], 0));
+    EXPECT_EQ(sMeanwhile, "35018") << "no tick comes while a message box is open";
+    Driver::Wait(30);
+    EXPECT_EQ(Driver::ReadText(menu.lblStatus[0]), "35016") << "of the product that is selected";
+    EXPECT_FALSE(menu.Timer1.Enabled());
+    EXPECT_EQ(Rows(), "[1]234");
   });
 }
 

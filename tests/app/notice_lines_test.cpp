@@ -2,49 +2,41 @@
 
 #include <stdexcept>
 
-#include "suite/reg_entry.h"
 #include "testing/program_test.h"
 
 namespace trelin {
 namespace {
 
-class NoticeLines : public ProgramTest {
- protected:
-  // "NumLines|Line1|Line2|Line3" as the registry holds them.
-  static std::string Written() {
-    RegEntry objReg;
-    if (!objReg.TestKey("Copyright")) return "no key";
-    objReg.OpenKey("Copyright");
-    std::string sAll = objReg.GetString("NumLines");
-    for (const char* sLine : {"Line1", "Line2", "Line3"}) sAll += "|" + objReg.GetString(sLine);
-    return sAll;
-  }
-
-  FakeLibraries::Texts& Texts() { return libraries.files["C:\\Suite\\ENU35000.DLL"]; }
-};
+using NoticeLines = ProgramTest;
 
 TEST_F(NoticeLines, AreCopiedAndSurplusOnesStay) {
-  Texts()[35040] = "3";
-  Texts()[35043] = "Third line";
-  EXPECT_TRUE(WriteNoticeLines());
-  EXPECT_EQ(Written(), "3|First line|Second line|Third line");
-
-  Texts()[35040] = "1";
-  Texts()[35041] = "New line";
-  WriteNoticeLines();
-  EXPECT_EQ(Written(), "1|New line|Second line|Third line");
-
-  Texts()[35040] = "-1";
-  WriteNoticeLines();
-  EXPECT_EQ(Written(), "-1|New line|Second line|Third line");
-}
-
-TEST_F(NoticeLines, ACountThatIsNo16BitNumberWritesNothing) {
-  Texts()[35040] = "32768";
-  EXPECT_THROW(WriteNoticeLines(), std::overflow_error);
-  Texts()[35040] = "two";
-  EXPECT_THROW(WriteNoticeLines(), std::invalid_argument);
-  EXPECT_EQ(Written(), "no key");
+  auto& texts = libraries.Own();
+  const auto written = [&] {
+    std::string sAll;
+    for (const char* sName : {"NumLines", "Line1", "Line2", "Line3"})
+      sAll +=
+          registry.Text("HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvanta\\Copyright", sName).value_or("-") +
+          "|";
+    return sAll;
+  };
+  for (const char* sCount : {"32768", "two"}) {
+    texts[35040] = sCount;
+    EXPECT_ANY_THROW(WriteNoticeLines()) << sCount;
+    EXPECT_EQ(written(), "-|-|-|-|") << sCount;
+  }
+  texts[35043] = " Third line ";
+  const std::pair<const char*, const char*> cases[] = {
+      {"3", "3|First line|Second line| Third line |"},
+      {"1", "1|New line|Second line| Third line |"},
+      {"-1", "-1|New line|Second line| Third line |"},
+      {"0", "0|New line|Second line| Third line |"},
+  };
+  for (const auto& [sCount, sWritten] : cases) {
+    texts[35040] = sCount;
+    EXPECT_TRUE(WriteNoticeLines());
+    EXPECT_EQ(written(), sWritten);
+    texts[35041] = "New line";
+  }
 }
 
 }  // namespace

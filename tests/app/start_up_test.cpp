@@ -8,7 +8,27 @@ namespace {
 
 using StartUpWindow = ProgramWindowTest;
 
-const std::string sList = "C:\\Suite\\TRELIN.CFG";
+TEST_F(StartUpWindow, TheAgreementStandsAsDesigned) {
+  Driver::WhenWindowOpens([] {
+    auto& form = Agreement();
+    EXPECT_EQ(Driver::WindowTitle(), "Microsoft Product Integration Agreement");
+    EXPECT_EQ(Driver::FrameOf(form), "close box, sizable");
+    ExpectInTheMiddle(form);
+    ExpectPlaces({{"form", form, 0, 0, 6330, 5610},
+                  {"text", form.txtAgreement, 150, 120, 5985, 4815},
+                  {"Yes", form.cmdYes, 1950, 5160, 1125, 345},
+                  {"No", form.cmdNo, 3165, 5160, 1125, 345}});
+    EXPECT_EQ(Driver::ReadText(form.txtAgreement).substr(0, 19), "    The measurement");
+    for (const Control* pNext : std::initializer_list<const Control*>{
+             &form.txtAgreement, &form.cmdYes, &form.cmdNo, &form.txtAgreement}) {
+      EXPECT_TRUE(Driver::HasFocus(*pNext));
+      Driver::Type(Key::Tab);
+    }
+    Driver::CloseWindow();
+  });
+  Main();
+  EXPECT_TRUE(Driver::ForgetScripts());
+}
 
 TEST_F(StartUpWindow, TheAgreementIsAcceptedByYesAlone) {
   const struct {
@@ -18,48 +38,24 @@ TEST_F(StartUpWindow, TheAgreementIsAcceptedByYesAlone) {
   } cases[] = {
       {"Enter at once", [] { Driver::Type(Key::Enter); }, true},
       {"Yes", [] { Driver::Click(Agreement().cmdYes); }, true},
+      {"Alt+Y", [] { Driver::TypeAccessKey('Y'); }, true},
       {"Esc", [] { Driver::Type(Key::Escape); }, false},
-      {"Enter on No",
-       [] {
-         Driver::Type(Key::Tab);
-         Driver::Type(Key::Tab);
-         Driver::Type(Key::Enter);
-       },
-       false},
-      {"close box", [] { Driver::CloseWindow(); }, false},
+      {"No", [] { Driver::Click(Agreement().cmdNo); }, false},
+      {"Alt+N", [] { Driver::TypeAccessKey('N'); }, false},
+      {"Enter on No", [] { Agreement().cmdNo.SetFocus(), Driver::Type(Key::Enter); }, false},
+      {"close box", Driver::CloseWindow, false},
   };
   for (const auto& c : cases) {
+    SCOPED_TRACE(c.sCase);
     system.messages.clear();  // without a setup list, going on shows a message
-    Driver::WhenWindowOpens([&] {
-      EXPECT_EQ(Driver::WindowTitle(), "Microsoft Product Integration Agreement") << c.sCase;
-      EXPECT_TRUE(Driver::HasFocus(Agreement().txtAgreement)) << c.sCase;
-      c.answer();
-    });
+    Driver::WhenWindowOpens(c.answer);
     Main();
-    EXPECT_EQ(system.messages.size(), c.bAccepted ? 1U : 0U) << c.sCase;
+    EXPECT_TRUE(Driver::ForgetScripts());
+    EXPECT_EQ(system.messages.size(), c.bAccepted ? 1U : 0U);
   }
   RegEntry objReg;
   objReg.OpenKey("Copyright");
   EXPECT_EQ(objReg.GetString("Line2"), "Second line") << "written whatever the answer";
-}
-
-TEST_F(StartUpWindow, AWindowOpensInTheMiddleOfTheScreen) {
-  // Some systems add the frame only when the window is shown.
-  const Twips frame = 4 * Screen::TwipsPerPixelX();
-  UseMenu(7, [&] {
-    const Form& form = MainMenu();
-    EXPECT_NEAR(form.Left() + form.Width() / 2, Screen::Width() / 2, frame);
-    EXPECT_NEAR(form.Top() + form.Height() / 2, Screen::Height() / 2, frame);
-  });
-}
-
-TEST_F(StartUpWindow, AFaultInTheSetupListIsShownWithItsSource) {
-  system.files[sList] = "BLOCK X";
-  Driver::WhenWindowOpens([] { Driver::Type(Key::Enter); });
-  Main();
-  const ShownMessage expected{"35010(BLOCK|1|SETUPLIST|X)", MessageIcon::Critical,
-                              MessageButtons::Ok, "35009"};
-  EXPECT_EQ(system.messages, std::vector{expected});
 }
 
 TEST_F(StartUpWindow, AnErrorOutOfAHandlerEndsTheProgramWithAMessage) {
@@ -71,14 +67,6 @@ TEST_F(StartUpWindow, AnErrorOutOfAHandlerEndsTheProgramWithAMessage) {
   const ShownMessage expected{"There is no item 99 in a list of 4.", MessageIcon::Critical,
                               MessageButtons::Ok, "Trelin"};
   EXPECT_EQ(system.messages, std::vector{expected});
-}
-
-TEST_F(StartUpWindow, AFailedStartShowsItsErrorAndNoWindow) {
-  registry.RefuseAccess("HKEY_LOCAL_MACHINE\\SOFTWARE");
-  const ShownMessage refused{"35002(SOFTWARE)", MessageIcon::Information, MessageButtons::Ok,
-                             "Error at RegEntry.CreateInternal"};
-  Main();
-  EXPECT_EQ(system.messages, std::vector{refused});
 }
 
 }  // namespace

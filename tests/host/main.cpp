@@ -5,7 +5,6 @@
 #include <cstdlib>
 
 #include "systems/host/toolkit_setup.h"
-#include "tests/app/installer.h"
 
 // Temporary folders lie in memory where programs can run from there: thousands
 // of small files would wait for a disk that others use, too.
@@ -18,7 +17,6 @@ static void UseFoldersInMemory() {
 
 // Windows open on a screen in memory; set QT_QPA_PLATFORM to see them.
 int main(int argc, char** argv) {
-  if (trelin::ActAsInstaller(argc, argv)) return 0;
   testing::InitGoogleTest(&argc, argv);
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   const auto application = trelin::MakeApplication(argc, argv);

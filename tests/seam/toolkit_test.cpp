@@ -31,7 +31,7 @@ class ToolkitWindow : public testing::Test {
     bar.SetBounds(4050, 0, 255, 2250);
     timer.SetInterval(10);
   }
-  ~ToolkitWindow() override { Driver::ForgetScripts(); }
+  ~ToolkitWindow() override { EXPECT_TRUE(Driver::ForgetScripts()); }
 
   void LayOut(Button& button, std::int16_t nIndex, const std::string& sCaption) {
     button.SetBounds(1500.0F * nIndex + 150, 150, 1125, 345);
@@ -99,6 +99,7 @@ TEST_F(ToolkitWindow, OnlyPaintsInterruptAHandler) {
       box.Refresh();
       wait();
       Driver::Click(no);  // the message box keeps input from its owner
+      Driver::Answer(MessageAnswer::Ok);
     });
     Driver::Click(yes);
     wait();

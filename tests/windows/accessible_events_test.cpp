@@ -16,7 +16,7 @@ TEST_F(WindowsMenuWindow, TellsAScreenReaderOfChanges) {
   Record("other", "1");
   UseMenu(5, [&] {
     auto& menu = MainMenu();
-    menu.Timer1.SetInterval(20);
+    menu.Timer1.SetInterval(10);
     auto events = EventsDuring([] { Driver::Type(Key::Down); });
     EXPECT_TRUE(Contains(events, "focus <Product 1, About 1, 35015>"));
     EXPECT_TRUE(Contains(events, "selection <Product 1, About 1, 35015>"));
@@ -27,7 +27,7 @@ TEST_F(WindowsMenuWindow, TellsAScreenReaderOfChanges) {
     Driver::Type(Key::Enter);
     events = EventsDuring([&] {
       Record("P1", "1");
-      Driver::Wait(100);
+      Driver::Wait(50);
     });
     EXPECT_TRUE(Contains(events, "name <Product 1, About 1, 35016>"));
     EXPECT_TRUE(Contains(events, "announcement <35016>"));

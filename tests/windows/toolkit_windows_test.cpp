@@ -13,20 +13,11 @@ namespace {
 
 HWND HandleOf(const Control& control) { return control.Get().Handle(); }
 
-bool Has(const Control& control, LONG_PTR style) {
-  return (GetWindowLongPtrA(HandleOf(control), GWL_STYLE) & style) != 0;
-}
-
-TEST(WindowsWindow, FramesAreAsAsked) {
-  const Form fixed(FormBorder::FixedSingle, true, 3000, 3000);
-  const Form sizable(FormBorder::Sizable, false, 3000, 3000);
-  for (const Form* pForm : {&fixed, &sizable}) {
-    EXPECT_TRUE(Has(*pForm, WS_CAPTION) && Has(*pForm, WS_SYSMENU));
-    EXPECT_FALSE(Has(*pForm, WS_MINIMIZEBOX) || Has(*pForm, WS_MAXIMIZEBOX));
-    EXPECT_EQ(Has(*pForm, WS_THICKFRAME), pForm == &sizable);
-    // The task bar shows windows without an owner.
-    EXPECT_EQ(GetWindow(HandleOf(*pForm), GW_OWNER) != nullptr, pForm == &sizable);
-  }
+// As a screen of another resolution tells the form that has come to it.
+void TellDpi(const Form& form, int nDpi) {
+  RECT place = {0, 0, 1200, 1000};
+  SendMessageA(HandleOf(form), WM_DPICHANGED, MAKEWPARAM(nDpi, nDpi),
+               reinterpret_cast<LPARAM>(&place));
 }
 
 TEST(WindowsWindow, IsLaidOutAnewOnAScreenOfAnotherResolution) {
@@ -39,9 +30,7 @@ TEST(WindowsWindow, IsLaidOutAnewOnAScreenOfAnotherResolution) {
   box.OnPaint = [&] { painted = {Screen::TwipsPerPixelX(), box.Width(), box.Height()}; };
   Driver::ShowModal(form, [&] {
     for (const int nDpi : {144, 192, 96}) {
-      RECT place = {100, 100, 700, 400};
-      SendMessageA(HandleOf(form), WM_DPICHANGED, MAKEWPARAM(nDpi, nDpi),
-                   reinterpret_cast<LPARAM>(&place));
+      TellDpi(form, nDpi);
       Driver::Wait(10);
       EXPECT_EQ(Driver::Inside(form), (PixelRect{0, 0, 6000 * nDpi / 1440, 3000 * nDpi / 1440}));
       EXPECT_EQ(Driver::Bounds(box), (PixelRect{nDpi / 2, nDpi / 4, 2 * nDpi, nDpi}));
@@ -76,7 +65,10 @@ TEST(WindowsWindow, AThumbThatIsDraggedKeepsNothingOpen) {
   timer.SetEnabled(false);
   bar.OnScroll = nullptr;
   timer.OnTimer = [&] { form.Unload(); };
-  Driver::ShowModal(form, drag);
+  Driver::ShowModal(form, [&] {
+    drag();
+    EXPECT_FALSE(form.Loaded()) << "no tick comes while the thumb is held";
+  });
   EXPECT_EQ(GetCapture(), nullptr);
 }
 
@@ -85,7 +77,9 @@ TEST(WindowsWindow, AWindowKeepsTheOneBelowFromAnswering) {
   Form above(FormBorder::FixedSingle, true, 3000, 3000);
   Button show(below);
   show.SetBounds(0, 0, 1500, 600);
+  bool bShown = false;
   show.OnClick = [&] {
+    bShown = true;
     Driver::ShowModal(above, [&] {
       EXPECT_FALSE(Driver::TakesInput(below));
       PostMessageA(HandleOf(below), WM_CLOSE, 0, 0);
@@ -95,6 +89,7 @@ TEST(WindowsWindow, AWindowKeepsTheOneBelowFromAnswering) {
     EXPECT_TRUE(Driver::TakesInput(below));
   };
   Driver::ShowModal(below, [&] { Driver::Click(show); });
+  EXPECT_TRUE(bShown);
 }
 
 TEST(AgreementWindow, ShowsItsTextWholeWithALineToSpare) {
@@ -103,9 +98,7 @@ TEST(AgreementWindow, ShowsItsTextWholeWithALineToSpare) {
   Driver::ShowModal(form, [&] {
     EXPECT_EQ(SendMessageA(hText, EM_GETSEL, 0, 0), 0) << "text is selected";
     for (const int nDpi : {96, 110, 120, 144, 168, 192, 240}) {
-      RECT place = {0, 0, 1200, 1000};
-      SendMessageA(HandleOf(form), WM_DPICHANGED, MAKEWPARAM(nDpi, nDpi),
-                   reinterpret_cast<LPARAM>(&place));
+      TellDpi(form, nDpi);
       RECT inside{};
       SendMessageA(hText, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&inside));
       const auto lineTop = [&](LRESULT nLine) {
