@@ -2,25 +2,22 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <stdexcept>
-
-#include "tests/windows/end_to_end/wait.h"
 
 namespace end_to_end {
 
 namespace {
 
-RECT PlaceOf(HWND hWindow) {
-  RECT place{};
-  GetWindowRect(hWindow, &place);
-  return place;
-}
-
 std::string ClassOf(HWND hWindow) {
   std::array<char, 64> text{};
   GetClassNameA(hWindow, text.data(), static_cast<int>(text.size()));
   return text.data();
+}
+
+LONG TopOf(HWND hWindow) {
+  RECT place{};
+  GetWindowRect(hWindow, &place);
+  return place.top;
 }
 
 void Send(INPUT input) {
@@ -30,21 +27,16 @@ void Send(INPUT input) {
 void SendMouse(DWORD flags, POINT place = {}, int nData = 0) {
   INPUT input{};
   input.type = INPUT_MOUSE;
-  input.mi.dx = place.x;
-  input.mi.dy = place.y;
-  input.mi.dwFlags = flags;
-  input.mi.mouseData = static_cast<DWORD>(nData);
+  input.mi = {place.x, place.y, static_cast<DWORD>(nData), flags, 0, 0};
   Send(input);
 }
 
-// The system counts places in 65536ths of the screen.
-void SendMove(POINT screen) {
-  const auto normalized = [](LONG n, int nMetric) {
-    const LONG size = GetSystemMetrics(nMetric);
-    return (n * 65536 + size - 1) / size;
-  };
-  SendMouse(MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE,
-            {normalized(screen.x, SM_CXSCREEN), normalized(screen.y, SM_CYSCREEN)});
+void SendKey(WORD key, DWORD flags) {
+  INPUT input{};
+  input.type = INPUT_KEYBOARD;
+  input.ki.wVk = key;
+  input.ki.dwFlags = flags;
+  Send(input);
 }
 
 bool Stays(POINT screen) {
@@ -57,25 +49,24 @@ bool Stays(POINT screen) {
   return true;
 }
 
-// Late news of the place where the real pointer was before can undo a move.
-void MoveTo(POINT screen) {
-  Within(LongestWait, [screen] {
-    SendMove(screen);
-    return Stays(screen);
-  });
-}
-
-// The keys that move are not those of the number pad.
-void SendKey(WORD key, DWORD flags) {
-  const bool bMoves = key >= VK_PRIOR && key <= VK_DOWN;
-  INPUT input{};
-  input.type = INPUT_KEYBOARD;
-  input.ki.wVk = key;
-  input.ki.dwFlags = flags | (bMoves ? KEYEVENTF_EXTENDEDKEY : 0U);
-  Send(input);
-}
-
 }  // namespace
+
+bool Within(std::chrono::milliseconds limit, const std::function<bool()>& condition) {
+  const auto end = std::chrono::steady_clock::now() + limit;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > end) return false;
+    Sleep(5);
+  }
+  return true;
+}
+
+void StartProgram(const std::string& sName, const std::function<BOOL()>& create) {
+  for (int nTry = 1; !create(); ++nTry) {
+    const DWORD error = GetLastError();
+    if (error != ERROR_INTERNAL_ERROR || nTry == 3)
+      throw std::runtime_error(sName + " does not start: error " + std::to_string(error));
+  }
+}
 
 std::string TextOf(HWND hWindow) {
   std::array<char, 4096> text{};
@@ -92,26 +83,6 @@ std::string TextIn(HWND hMessageBox) {
   return sText;
 }
 
-SIZE InsideOf(HWND hWindow) {
-  RECT inside{};
-  GetClientRect(hWindow, &inside);
-  return {inside.right, inside.bottom};
-}
-
-// To the pixel that an odd rest leaves over.
-bool IsCentered(HWND hWindow) {
-  const RECT place = PlaceOf(hWindow);
-  return std::abs(place.left + place.right - GetSystemMetrics(SM_CXSCREEN)) <= 2 &&
-         std::abs(place.top + place.bottom - GetSystemMetrics(SM_CYSCREEN)) <= 2;
-}
-
-HWND FocusedControl(HWND hWindow) {
-  GUITHREADINFO info{};
-  info.cbSize = sizeof info;
-  GetGUIThreadInfo(GetWindowThreadProcessId(hWindow, nullptr), &info);
-  return info.hwndFocus;
-}
-
 std::vector<HWND> ControlsIn(HWND hContainer, const char* pClass) {
   std::vector<HWND> controls;
   for (HWND hChild = GetWindow(hContainer, GW_CHILD); hChild != nullptr;
@@ -119,7 +90,7 @@ std::vector<HWND> ControlsIn(HWND hContainer, const char* pClass) {
     if (ClassOf(hChild) == pClass && IsWindowVisible(hChild)) controls.push_back(hChild);
   }
   std::sort(controls.begin(), controls.end(),
-            [](HWND h1, HWND h2) { return PlaceOf(h1).top < PlaceOf(h2).top; });
+            [](HWND h1, HWND h2) { return TopOf(h1) < TopOf(h2); });
   return controls;
 }
 
@@ -130,6 +101,10 @@ HWND ButtonIn(HWND hWindow, const std::string& sCaption) {
 }
 
 COLORREF PixelOf(HWND hWindow, POINT place) {
+  RECT inside{};
+  GetClientRect(hWindow, &inside);
+  if (place.x < 0) place.x += inside.right;
+  if (place.y < 0) place.y += inside.bottom;
   ClientToScreen(hWindow, &place);
   const HDC hScreen = GetDC(nullptr);
   const COLORREF color = GetPixel(hScreen, place.x, place.y);
@@ -138,13 +113,25 @@ COLORREF PixelOf(HWND hWindow, POINT place) {
 }
 
 POINT MiddleOf(HWND hWindow) {
-  const SIZE inside = InsideOf(hWindow);
-  return {inside.cx / 2, inside.cy / 2};
+  RECT inside{};
+  GetClientRect(hWindow, &inside);
+  return {inside.right / 2, inside.bottom / 2};
 }
 
+// The system counts places in 65536ths of the screen. Late news of the place where
+// the real pointer was before can undo a move.
 void MoveTo(HWND hWindow, POINT place) {
   ClientToScreen(hWindow, &place);
-  MoveTo(place);
+  const auto normalized = [](LONG n, int nMetric) {
+    const LONG size = GetSystemMetrics(nMetric);
+    return (n * 65536 + size - 1) / size;
+  };
+  const bool bThere = Within(LongestWait, [&] {
+    SendMouse(MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE,
+              {normalized(place.x, SM_CXSCREEN), normalized(place.y, SM_CYSCREEN)});
+    return Stays(place);
+  });
+  if (!bThere) throw std::runtime_error("The pointer does not stay where it is moved.");
 }
 
 void PressAt(HWND hWindow, POINT place) {
@@ -159,17 +146,6 @@ void ReleaseAt(HWND hWindow, POINT place) {
 
 void Click(HWND hWindow) {
   PressAt(hWindow, MiddleOf(hWindow));
-  SendMouse(MOUSEEVENTF_LEFTUP);
-}
-
-// From the right end of the title bar, whose height is about that of its box.
-void ClickCloseBox(HWND hWindow) {
-  const RECT place = PlaceOf(hWindow);
-  POINT box = {place.right - 1, place.top + GetSystemMetrics(SM_CYCAPTION) / 2 + 4};
-  while (SendMessageA(hWindow, WM_NCHITTEST, 0, MAKELPARAM(box.x, box.y)) != HTCLOSE)
-    if (--box.x < place.left) throw std::runtime_error("There is no close box.");
-  MoveTo({box.x - 4, box.y});
-  SendMouse(MOUSEEVENTF_LEFTDOWN);
   SendMouse(MOUSEEVENTF_LEFTUP);
 }
 
@@ -189,10 +165,14 @@ void TypeWithAlt(char c) {
   SendKey(VK_MENU, KEYEVENTF_KEYUP);
 }
 
+// With the focus on one of its controls.
 void BringToFront(HWND hWindow) {
   const bool bInFront = Within(LongestWait, [hWindow] {
     if (GetForegroundWindow() != hWindow) SetForegroundWindow(hWindow);
-    return GetForegroundWindow() == hWindow && FocusedControl(hWindow) != nullptr;
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(GetWindowThreadProcessId(hWindow, nullptr), &info);
+    return GetForegroundWindow() == hWindow && info.hwndFocus != nullptr;
   });
   if (!bInFront)
     throw std::runtime_error("\"" + TextOf(hWindow) + "\" does not come to the front.");

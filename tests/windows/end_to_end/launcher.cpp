@@ -3,7 +3,6 @@
 #include <stdexcept>
 
 #include "tests/windows/end_to_end/desktop.h"
-#include "tests/windows/end_to_end/wait.h"
 
 namespace end_to_end {
 
@@ -40,11 +39,12 @@ bool IsInJob(HWND hWindow, HANDLE hJob) {
 Launcher::Launcher(const std::filesystem::path& program, const std::wstring& sArguments)
     : hJob_(CreateJob()) {
   std::wstring sCommandLine = L"\"" + program.wstring() + L"\" " + sArguments;
+  const std::filesystem::path folder = program.parent_path();
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   StartProgram(program.string(), [&] {
     return CreateProcessW(program.c_str(), sCommandLine.data(), nullptr, nullptr, FALSE,
-                          CREATE_SUSPENDED, nullptr, nullptr, &startup, &process_);
+                          CREATE_SUSPENDED, nullptr, folder.c_str(), &startup, &process_);
   });
   AssignProcessToJobObject(hJob_, process_.hProcess);
   ResumeThread(process_.hThread);
@@ -86,9 +86,6 @@ DWORD Launcher::WaitForEnd() const {
 Menu::Menu(HWND hWindow) : hForm(hWindow) {
   hList = ControlsIn(hForm, "TrelinPictureBox").at(0);
   hScrollBar = ControlsIn(hList, "ScrollBar").at(0);
-  hSetup = ButtonIn(hForm, "&Setup");
-  hReadMe = ButtonIn(hForm, "&Read Me");
-  hExit = ButtonIn(hForm, "E&xit");
   for (HWND hBox : ControlsIn(hList, "TrelinPictureBox")) {
     const std::vector<HWND> labels = ControlsIn(hBox, "Static");
     const HWND hIcon = ControlsIn(hBox, "TrelinPictureBox").at(0);
@@ -96,28 +93,12 @@ Menu::Menu(HWND hWindow) : hForm(hWindow) {
   }
 }
 
-std::string Menu::Titles() const {
-  std::string sTitles;
-  for (const Row& row : rows) sTitles += (sTitles.empty() ? "" : ", ") + TextOf(row.hTitle);
-  return sTitles;
-}
-
-bool Menu::IsCyan(int nRow) const {
-  const HWND hBox = rows.at(nRow).hBox;
-  return PixelOf(hBox, {InsideOf(hBox).cx - 3, 5}) == RGB(0, 255, 255);
-}
-
-// Its left edge is then the dark one.
-bool Menu::IsSunken(int nRow) const {
-  return PixelOf(rows.at(nRow).hIcon, {0, 40}) == GetSysColor(COLOR_3DDKSHADOW);
-}
-
-SCROLLINFO Menu::Scrolling() const {
-  SCROLLINFO info{};
-  info.cbSize = sizeof info;
-  info.fMask = SIF_ALL;
-  GetScrollInfo(hScrollBar, SB_CTL, &info);
-  return info;
+std::string Menu::Text() const {
+  std::string sText;
+  for (const Row& row : rows)
+    sText += TextOf(row.hTitle) + ": " + TextOf(row.hStatus) +
+             (PixelOf(row.hBox, {-3, 5}) == RGB(0, 255, 255) ? " <-\n" : "\n");
+  return sText;
 }
 
 }  // namespace end_to_end

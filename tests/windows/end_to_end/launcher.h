@@ -9,7 +9,6 @@
 namespace end_to_end {
 
 constexpr const char* FormClass = "TrelinForm";
-constexpr const char* MessageClass = "#32770";
 constexpr const char* AgreementCaption = "Microsoft Product Integration Agreement";
 constexpr const char* MenuCaption = "Trelin Setup";
 
@@ -24,7 +23,7 @@ class Launcher {
 
   // Waits for a window of the job and brings it to the front.
   HWND Window(const char* pClass, const std::string& sCaption) const;
-  HWND MessageBox(const std::string& sTitle) const { return Window(MessageClass, sTitle); }
+  HWND MessageBox(const std::string& sTitle) const { return Window("#32770", sTitle); }
 
   int StartedPrograms() const;  // so far, by it and by those
   DWORD WaitForEnd() const;     // the exit code; STILL_ACTIVE if it does not end
@@ -45,15 +44,9 @@ struct Row {
 struct Menu {
   explicit Menu(HWND hWindow);
 
-  std::string Titles() const;     // of the rows, a comma between them
-  bool IsCyan(int nRow) const;    // away from its text and its frame
-  bool IsSunken(int nRow) const;  // its icon
-  SCROLLINFO Scrolling() const;
+  std::string Text() const;  // a line each: title, status, whether it is selected
 
-  HWND hForm;
-  HWND hList;
-  HWND hScrollBar;
-  HWND hSetup, hReadMe, hExit;
+  HWND hForm, hList, hScrollBar;
   std::vector<Row> rows;
 };
 

@@ -5,7 +5,6 @@
 #include <array>
 #include <fstream>
 #include <regex>
-#include <sstream>
 
 #include "tests/windows/end_to_end/reg_program.h"
 
@@ -13,39 +12,41 @@ namespace end_to_end {
 
 namespace {
 
-struct Product {
-  std::string sTitle, sCode, sRevision, sMore;
-};
-
-std::string Needs(const std::string& sCode, const std::string& sRevision,
-                  const std::string& sTitle) {
-  return "BLOCK DEPENDENCY\nPRODUCTCODE = " + sCode + "\nREVISION = " + sRevision +
-         "\nTITLE = " + sTitle + "\nEND\n";
-}
-
-// In the order of the menu. Each but the Handbook has an installer.
-const Product Products[] = {
-    {"Base System", "BASE", "2.0", "IMAGE = base.bmp\nREADMEFILE = readme.exe base.txt\n"},
-    {"Probe Head", "PROBE", "2.1", Needs("BASE", "1.0", "Base System")},
-    {"Camera", "CAMERA", "1.0", ""},
-    {"Gears", "GEARS", "3.0", Needs("PROBE", "2.1", "Probe Head")},
-    {"Reports & Labels", "REPORTS", "1.0", Needs("GEARS", "3.0", "Gears")},
-    {"Handbook", "", "", ""},
-    {"Archive", "ARCHIVE", "1.0", Needs("REPORTS", "1.0", "Reports")},
-};
-
-std::string InstallerOf(const Product& product) {
-  return product.sCode.empty() ? "" : product.sCode + "_setup.exe";
-}
-
-std::string SetupList() {
-  std::string sList = "BLOCK SETUPLIST\n";
-  for (const Product& product : Products)
-    sList += "BLOCK APPLICATION\nPRODUCT = " + product.sTitle + "\nPRODUCTCODE = " + product.sCode +
-             "\nREVISION = " + product.sRevision + "\nINSTALLFILE = " + InstallerOf(product) +
-             "\n" + product.sMore + "END\n";
-  return sList + "END\n";
-}
+const char* const SetupList = R"(BLOCK SETUPLIST
+BLOCK APPLICATION
+PRODUCT = Base System
+PRODUCTCODE = BASE
+REVISION = 2.0
+READMEFILE = readme.exe base.txt
+END
+BLOCK APPLICATION
+PRODUCT = Probe Head
+PRODUCTCODE = PROBE
+REVISION = 2.1
+INSTALLFILE = PROBE_setup.exe
+END
+BLOCK APPLICATION
+PRODUCT = Camera
+PRODUCTCODE = CAMERA
+REVISION = 1.0
+INSTALLFILE = CAMERA_setup.exe
+END
+BLOCK APPLICATION
+PRODUCT = Gears
+PRODUCTCODE = GEARS
+REVISION = 3.0
+END
+BLOCK APPLICATION
+PRODUCT = Reports & Labels
+INSTALLFILE = reports.exe
+BLOCK DEPENDENCY
+PRODUCTCODE = GEARS
+REVISION = 3.0
+TITLE = Gears
+END
+END
+END
+)";
 
 // The same revision, an older one, a newer one, a missing check file.
 const char* const Records = R"(REGEDIT4
@@ -66,32 +67,23 @@ std::filesystem::path BuildFolder() {
   return std::filesystem::path(path.data()).parent_path();
 }
 
-// A bitmap file: its two headers, then one pixel of pure red, 24 bits deep.
-std::string RedPicture() {
-  std::string sBytes(58, '\0');
-  const std::pair<std::size_t, int> written[] = {
-      {0, 'B'}, {1, 'M'}, {2, 58}, {10, 54}, {14, 40},
-      {18, 1},  {22, 1},  {26, 1}, {28, 24}, {56, 255},
-  };
-  for (const auto& [nPlace, nByte] : written) sBytes[nPlace] = static_cast<char>(nByte);
-  return sBytes;
-}
-
 }  // namespace
 
-SuiteFolder::SuiteFolder(const std::filesystem::path& folder) : folder_(folder) {
-  std::filesystem::create_directory(folder_);
-}
-
-// From here on the folder is removed also when something fails.
 SuiteFolder::SuiteFolder()
-    : SuiteFolder(std::filesystem::temp_directory_path() /
-                  ("Trelin suite " + std::to_string(GetCurrentProcessId()))) {
-  PutPrograms();
-  Write("TRELIN.CFG", SetupList());
+    : folder_(std::filesystem::temp_directory_path() /
+              ("Trelin suite " + std::to_string(GetCurrentProcessId()))) {
+  std::filesystem::create_directory(folder_);
+  for (const char* sName : {"trelin.exe", "ENU35000.DLL", "readme.exe"})
+    std::filesystem::copy(BuildFolder() / sName, folder_ / sName);
+  std::filesystem::create_directory(folder_ / "Disc 1");
+  for (const char* sName : {"PROBE_setup.exe", "CAMERA_setup.exe"})
+    std::filesystem::copy(BuildFolder() / "demo_installer.exe", folder_ / "Disc 1" / sName);
+  Write("TRELIN.CFG", SetupList);
+  Write("Disc 1\\TRELIN.CFG", SetupList);
   Write("base.txt", "About the base system.");
-  Write("base.bmp", RedPicture());
-  PutRecords();
+  const std::string sFolder = std::regex_replace(folder_.string(), std::regex(R"(\\)"), R"(\\)");
+  Write("records.reg", std::regex_replace(Records, std::regex("@SUITE@"), sFolder));
+  RunReg("import \"" + (folder_ / "records.reg").string() + "\"");
 }
 
 SuiteFolder::~SuiteFolder() {
@@ -99,28 +91,8 @@ SuiteFolder::~SuiteFolder() {
   std::filesystem::remove_all(folder_, ignored);
 }
 
-void SuiteFolder::PutPrograms() const {
-  for (const char* sName : {"trelin.exe", "ENU35000.DLL", "readme.exe"})
-    std::filesystem::copy(BuildFolder() / sName, folder_ / sName);
-  for (const Product& product : Products)
-    if (const std::string sInstaller = InstallerOf(product); !sInstaller.empty())
-      std::filesystem::copy(BuildFolder() / "demo_installer.exe", folder_ / sInstaller);
-}
-
-void SuiteFolder::PutRecords() const {
-  const std::string sFolder = std::regex_replace(folder_.string(), std::regex(R"(\\)"), R"(\\)");
-  Write("records.reg", std::regex_replace(Records, std::regex("@SUITE@"), sFolder));
-  ImportRecords(folder_ / "records.reg");
-}
-
 void SuiteFolder::Write(const std::string& sName, const std::string& sText) const {
   std::ofstream(folder_ / sName, std::ios::binary) << sText;
-}
-
-std::string SuiteFolder::Read(const std::string& sName) const {
-  std::ostringstream bytes;
-  bytes << std::ifstream(folder_ / sName, std::ios::binary).rdbuf();
-  return bytes.str();
 }
 
 }  // namespace end_to_end
