@@ -79,7 +79,7 @@ void TurnWheel(const Control& control, int nNotches);  // over its middle; below
 void Type(Key key);
 void TypeAccessKey(char c);  // with Alt
 
-// What a window has of "close box, sizable, minimize box, maximize box, in the task
+// What a window has of "icon, close box, sizable, minimize box, maximize box, in the task
 // bar".
 std::string FrameOf(const Form& form);
 std::string WindowTitle();  // of the window that is in use

@@ -181,7 +181,8 @@ void Driver::TypeAccessKey(char c) {
 std::string Driver::FrameOf(const Form& form) {
   const QWidget& window = Area(form);
   const Qt::WindowFlags flags = window.windowFlags();
-  return std::string(flags & Qt::WindowCloseButtonHint ? "close box" : "") +
+  return std::string(window.windowIcon().isNull() ? "" : "icon") +
+         (flags & Qt::WindowCloseButtonHint ? ", close box" : "") +
          (window.minimumSize() != window.maximumSize() ? ", sizable" : "") +
          (flags & Qt::WindowMinimizeButtonHint ? ", minimize box" : "") +
          (flags & Qt::WindowMaximizeButtonHint ? ", maximize box" : "") +

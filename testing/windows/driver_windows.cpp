@@ -273,7 +273,8 @@ std::string Driver::FrameOf(const Form& form) {
   };
   const HWND hOwner = GetWindow(hWindow, GW_OWNER);
   EXPECT_FALSE(IsWindowVisible(hOwner));
-  return std::string(has(GWL_STYLE, WS_CAPTION | WS_SYSMENU) ? "close box" : "") +
+  return std::string(SendMessageA(hWindow, WM_GETICON, ICON_BIG, 0) != 0 ? "icon" : "") +
+         (has(GWL_STYLE, WS_CAPTION | WS_SYSMENU) ? ", close box" : "") +
          (has(GWL_STYLE, WS_THICKFRAME) ? ", sizable" : "") +
          (has(GWL_STYLE, WS_MINIMIZEBOX) ? ", minimize box" : "") +
          (has(GWL_STYLE, WS_MAXIMIZEBOX) ? ", maximize box" : "") +

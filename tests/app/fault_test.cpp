@@ -158,10 +158,8 @@ class FaultWindow : public ProgramWindowTest {
     };
   }
 
-  void LogNotice() {
-    for (const char* pName : {"NumLines", "Line1", "Line2"})
-      faults.log += registry.Text(Root + "Copyright", pName).value_or("") +
-                    (*pName == 'N' || pName[4] == '1' ? "|" : "\n");
+  std::string Written(const char* pName) {
+    return registry.Text(Root + "Copyright", pName).value_or("");
   }
 
   void LogIfOther(const std::string& sWhat, const std::string& sNow, const std::string& sLine) {
@@ -221,7 +219,7 @@ class FaultWindow : public ProgramWindowTest {
     faults.cKind = cKind;
     faults.reach = reach;
     Driver::WhenWindowOpens([this] {
-      LogNotice();
+      faults.log += Written("NumLines") + "|" + Written("Line1") + "|" + Written("Line2") + "\n";
       Driver::WhenWindowOpens([this] { UseTheMenu(); });
       Driver::Type(Key::Enter);
     });

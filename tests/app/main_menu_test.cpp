@@ -17,7 +17,7 @@ TEST_F(MainMenuWindow, StandsAsDesigned) {
   UseMenu(7, [&] {
     auto& menu = MainMenu();
     EXPECT_EQ(Driver::WindowTitle(), "35014");
-    EXPECT_EQ(Driver::FrameOf(menu), "close box, in the task bar");
+    EXPECT_EQ(Driver::FrameOf(menu), "icon, close box, in the task bar");
     ExpectInTheMiddle(menu);
     ExpectPlaces({
         {"form", menu, 0, 0, 8520, 6060},

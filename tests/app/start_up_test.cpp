@@ -12,7 +12,7 @@ TEST_F(StartUpWindow, TheAgreementStandsAsDesigned) {
   Driver::WhenWindowOpens([] {
     auto& form = Agreement();
     EXPECT_EQ(Driver::WindowTitle(), "Microsoft Product Integration Agreement");
-    EXPECT_EQ(Driver::FrameOf(form), "close box, sizable");
+    EXPECT_EQ(Driver::FrameOf(form), "icon, close box, sizable");
     ExpectInTheMiddle(form);
     ExpectPlaces({{"form", form, 0, 0, 6330, 5610},
                   {"text", form.txtAgreement, 150, 120, 5985, 4815},
