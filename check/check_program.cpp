@@ -1,5 +1,7 @@
 // trelin-check: everything that is wrong with a setup list, at once.
 
+#include <algorithm>
+#include <cstdlib>
 #include <optional>
 #include <string>
 #include <utility>
@@ -24,6 +26,7 @@ namespace {
 constexpr std::int32_t LocaleId = 1033;  // as the launcher
 constexpr const char* ListName = "TRELIN.CFG";
 constexpr const char* LibraryName = "ENU35000.DLL";
+constexpr const char* StandardInputName = "<stdin>";
 
 // A path as the user writes it, without a "./" that says nothing.
 std::string Shown(const std::string& sPath) {
@@ -40,13 +43,21 @@ void RequireFolder(const std::string& sFolder) {
     throw PlatformError("find the folder", WrittenByUser(sFolder), "there is none of that name");
 }
 
+bool IsStandardInput(const std::string& sPath) { return sPath == "-"; }
+
+CheckedList ReadList(const std::string& sPath) {
+  if (IsStandardInput(sPath)) return ReadCheckedList(StandardInputName, OpenStandardInput());
+  return ReadCheckedList(sPath.substr(sPath.find_last_of("\\/") + 1), TheSystem().OpenInput(sPath));
+}
+
 CheckedFile CheckList(const std::string& sPath, const std::string& sSourceFolder) {
   Suite suite;
   suite.sFolder = FolderOf(sPath);
   suite.sSourceFolder = sSourceFolder.empty() ? suite.sFolder : sSourceFolder;
-  suite.list = ReadCheckedList(sPath);
+  suite.list = ReadList(sPath);
   Findings findings = CheckSuite(suite);
-  return {Shown(sPath), std::move(findings), std::move(suite.list.lines)};
+  return {IsStandardInput(sPath) ? StandardInputName : Shown(sPath), std::move(findings),
+          std::move(suite.list.lines)};
 }
 
 // A suite that has a string library of its own ships it.
@@ -67,6 +78,14 @@ Results CheckWhatIsAsked(const Options& options) {
   return {CheckList(options.sPath, options.sSourceFolder)};
 }
 
+// Without colours where the user wants none (no-color.org).
+Terminal TerminalOfUser() {
+  Terminal terminal = OutputTerminal();
+  const char* const pNoColor = std::getenv("NO_COLOR");
+  if (pNoColor != nullptr && *pNoColor != '\0') terminal.bColors = false;
+  return terminal;
+}
+
 std::string ReportOn(const Results& results, ReportFormat format) {
   switch (format) {
     case ReportFormat::Json:
@@ -76,7 +95,7 @@ std::string ReportOn(const Results& results, ReportFormat format) {
     case ReportFormat::Text:
       break;
   }
-  return TextReport(results);
+  return TextReport(results, TerminalOfUser());
 }
 
 // Takes a string library of the suite's own for the program's, as the launcher
@@ -106,7 +125,7 @@ void OpenStringResources() {
   ResetStringResources();
   InitStringResources(LocaleId);
   if (GetResourceLibrary(static_cast<std::int32_t>(TextNumber::Missing)) == 0)
-    throw PlatformError("open the string library", ProgramFile(LibraryName),
+    throw PlatformError("open the string library", WrittenByUser(ProgramFile(LibraryName)),
                         "it is missing or damaged; it belongs into the folder of trelin-check");
 }
 
@@ -114,11 +133,25 @@ std::string SuiteFolder(const Options& options) {
   return StartPathTests().isFolder(options.sPath) ? options.sPath : FolderOf(options.sPath);
 }
 
+// Tells that nothing could be checked; who uploads a SARIF file has one to upload.
+int Fail(const Options& options, const std::string& sReason) {
+  if (options.format == ReportFormat::Sarif) WriteOutput(SarifFailure(sReason));
+  WriteErrorOutput("trelin-check: " + Utf8Of(sReason) + "\n");
+  return FailureCode;
+}
+
+void RemoveAllowed(Findings& findings, const std::vector<std::string>& rules) {
+  std::erase_if(findings, [&rules](const Finding& finding) {
+    return std::find(rules.begin(), rules.end(), finding.pRule->pName) != rules.end();
+  });
+}
+
 int RunChecks(const Options& options) {
   SuiteLibraries libraries(TheStringLibraries(), SuiteFolder(options));
   const PlatformScope scope({&TheRegistry(), &libraries, &TheSystem()});
   OpenStringResources();
-  const Results results = CheckWhatIsAsked(options);
+  Results results = CheckWhatIsAsked(options);
+  for (CheckedFile& file : results) RemoveAllowed(file.findings, options.allowed);
   FreeResourceLibraries();
   WriteOutput(ReportOn(results, options.format));
   const bool bFailed = CountOf(results, Severity::Error) > 0 ||
@@ -129,17 +162,18 @@ int RunChecks(const Options& options) {
 }  // namespace
 
 int RunCommand(const std::vector<std::string>& arguments) {
+  Options options;
   try {
-    const Options options = ParseOptions(arguments);
+    options = ParseOptions(arguments);
     if (options.bHelp) return WriteOutput(HelpText()), 0;
     if (options.bVersion) return WriteOutput(std::string("trelin-check ") + Version + "\n"), 0;
     return RunChecks(options);
   } catch (const UsageError& error) {
     WriteErrorOutput("trelin-check: " + Utf8Of(error.what()) + "\nTry trelin-check --help.\n");
+    return FailureCode;
   } catch (const PlatformError& error) {
-    WriteErrorOutput("trelin-check: " + Utf8Of(error.what()) + "\n");
+    return Fail(options, error.what());
   }
-  return FailureCode;
 }
 
 }  // namespace trelin

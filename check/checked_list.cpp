@@ -41,24 +41,42 @@ const char* NameOf(BlockKind kind) {
     case BlockKind::Application:
       return "APPLICATION";
     case BlockKind::Dependency:
+      return "DEPENDENCY";
+    case BlockKind::Unknown:
       break;
   }
-  return "DEPENDENCY";
+  return "of an unknown type";
 }
 
 const std::vector<const char*>& KeysOf(BlockKind kind) {
   static const auto ofList = NamesOf(SetupList::Keys);
   static const auto ofProduct = NamesOf(MenuItem::Keys);
   static const auto ofPrerequisite = NamesOf(Dependency::Keys);
+  static const std::vector<const char*> none;
   switch (kind) {
     case BlockKind::SetupList:
       return ofList;
     case BlockKind::Application:
       return ofProduct;
     case BlockKind::Dependency:
+      return ofPrerequisite;
+    case BlockKind::Unknown:
       break;
   }
-  return ofPrerequisite;
+  return none;
+}
+
+bool IsKeyOf(BlockKind kind, std::string_view sKey) {
+  const auto& keys = KeysOf(kind);
+  return std::any_of(keys.begin(), keys.end(), [sKey](const char* pKey) { return sKey == pKey; });
+}
+
+std::string CheckedList::LaunchersWords(std::string sMessage) const {
+  constexpr std::string_view UsualName = "TRELIN.CFG";
+  sMessage.erase(std::min(sMessage.find("\n\n"), sMessage.size()));
+  if (const std::size_t nName = sMessage.find(UsualName); nName != std::string::npos)
+    sMessage.replace(nName, UsualName.size(), sName);
+  return sMessage;
 }
 
 std::vector<const ListBlock*> CheckedList::Products() const {

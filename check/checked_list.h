@@ -22,12 +22,14 @@ struct ListStatement {
   Place value;              // where it is empty, behind the equals sign
 };
 
-enum class BlockKind { SetupList, Application, Dependency };
+// Unknown: what nobody can tell, so that nothing in it is judged.
+enum class BlockKind { SetupList, Application, Dependency, Unknown };
 
 // A block of the setup list as it stands in the file.
 struct ListBlock {
   BlockKind kind = BlockKind::SetupList;
   Place start;                                // its start line
+  std::int32_t lLastLine = 0;                 // its END, or the last line of the file
   std::size_t nAround = 0;                    // the number of the block around it
   std::vector<const ListStatement*> entries;  // in the order of the file
 
@@ -44,16 +46,22 @@ struct ListBlock {
 
 const char* NameOf(BlockKind kind);                      // "APPLICATION"
 const std::vector<const char*>& KeysOf(BlockKind kind);  // those that the launcher knows
+bool IsKeyOf(BlockKind kind, std::string_view sKey);
 
 // A setup list with the places of everything in it, and what was wrong in its
 // format. What can be read is there also behind a fault. Texts are parts of the
 // lines or of the spellings.
 struct CheckedList {
+  std::string sName;  // of the file, without its folder
   SourceLines lines;
   std::deque<std::string> spellings;      // what the file spells otherwise
   std::vector<ListStatement> statements;  // all that were understood
   std::vector<ListBlock> blocks;          // by their start lines; the first is the outer one
   Findings faults;
+
+  // A message of the launcher's about its list, as far as it is for authors: the
+  // first paragraph, with the name of this file.
+  std::string LaunchersWords(std::string sMessage) const;
 
   // The products in the order of the file.
   std::vector<const ListBlock*> Products() const;

@@ -4,6 +4,7 @@
 #include <array>
 #include <tuple>
 
+#include "check/allowances.h"
 #include "check/library_check.h"
 
 namespace trelin {
@@ -34,13 +35,15 @@ Findings CheckSuite(const Suite& suite) {
     }
   }
   std::stable_sort(findings.begin(), findings.end(), StandsBefore);
+  ApplyAllowances(suite.list, findings);
+  std::stable_sort(findings.begin(), findings.end(), StandsBefore);
   return findings;
 }
 
 std::vector<const Rule*> AllRules() {
   std::vector<const Rule*> rules = {
       &rule::NotUnderstood, &rule::LineTooLong, &rule::MustBegin,     &rule::WrongBlock,
-      &rule::AfterEnd,      &rule::MissingEnd,  &rule::ByteOrderMark,
+      &rule::AfterEnd,      &rule::MissingEnd,  &rule::ByteOrderMark, &rule::IdleAllowance,
   };
   for (const auto& checks : ListChecks())
     for (const Check& check : checks) AddOnce(rules, check.pRule);

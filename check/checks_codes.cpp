@@ -14,6 +14,7 @@
 #include "check/checks.h"
 #include "check/nearest.h"
 #include "check/revision_order.h"
+#include "seam/registry.h"
 #include "texts/text.h"
 
 namespace trelin {
@@ -46,6 +47,15 @@ std::unordered_map<std::string, std::size_t> ByCode(const Products& products) {
   return numbers;
 }
 
+// The first product or prerequisite of each code.
+std::map<std::string, const ListBlock*> FirstByCode(const CheckedList& list) {
+  std::map<std::string, const ListBlock*> blocks;
+  for (const ListBlock& block : list.blocks)
+    if (std::string sCode = CodeOf(block); block.kind != BlockKind::SetupList && !sCode.empty())
+      blocks.emplace(std::move(sCode), &block);
+  return blocks;
+}
+
 // Calls it for each prerequisite that has a code, with the product that offers
 // it or a null pointer.
 template <class Use>
@@ -74,7 +84,9 @@ std::string SimilarCode(const std::unordered_map<std::string, std::size_t>& numb
   return bSimilar ? nearest->second : "";
 }
 
-constexpr Rule RepeatedCode = {"repeated-code", "Two products have the same product code."};
+constexpr Rule RepeatedCode = {
+    "repeated-code", "Two products have the same product code.",
+    "The code names the installation record, so both products show what is installed of either."};
 
 void CheckRepeatedCodes(const Suite& suite, Report& report) {
   const Products products = suite.list.Products();
@@ -90,8 +102,84 @@ void CheckRepeatedCodes(const Suite& suite, Report& report) {
   }
 }
 
+constexpr Rule CodeOfCheckFile = {
+    "code-of-check-file", "A product code is another one followed by CheckFile.",
+    "The value of that name is where the path of the other product's check file is recorded, so "
+    "that each would be taken for the other's."};
+
+void CheckCodesOfCheckFiles(const Suite& suite, Report& report) {
+  constexpr std::string_view End = "CHECKFILE";
+  const auto blocks = FirstByCode(suite.list);
+  for (const auto& [sCode, pBlock] : blocks) {
+    if (!sCode.ends_with(End)) continue;
+    const auto other = blocks.find(sCode.substr(0, sCode.size() - End.size()));
+    if (other == blocks.end()) continue;
+    report.Error(pBlock->PlaceOf("PRODUCTCODE"),
+                 "The product code " + Quoted(pBlock->Value("PRODUCTCODE")) + " is " +
+                     Quoted(other->second->Value("PRODUCTCODE")) + " (" +
+                     InLine(other->second->PlaceOf("PRODUCTCODE")) +
+                     ") followed by CheckFile, which is where the path of that product's check "
+                     "file is recorded.",
+                 "Give the product a code of its own.");
+  }
+}
+
+constexpr Rule RecordTooLong = {
+    "record-too-long", "A product code or revision is longer than 255 characters.",
+    "The launcher reads 255 characters of a record, so that none ever matches."};
+
+void CheckRecordLengths(const Suite& suite, Report& report) {
+  for (const ListBlock& block : suite.list.blocks) {
+    if (block.kind == BlockKind::SetupList) continue;
+    for (const char* pKey : {"PRODUCTCODE", "REVISION"}) {
+      const std::size_t nLength = block.Value(pKey).size();
+      if (nLength > RegistryBufferBytes)
+        report.Error(block.PlaceOf(pKey),
+                     "The value has " + std::to_string(nLength) +
+                         " characters. No installation record holds more than 255.",
+                     "Shorten it.");
+    }
+  }
+}
+
+constexpr Rule RepeatedPrerequisite = {
+    "repeated-prerequisite", "A product names the same prerequisite twice.",
+    "Both must be met; often the second was meant to be another one."};
+
+void CheckRepeatedPrerequisites(const Suite& suite, Report& report) {
+  std::map<std::pair<std::size_t, std::string>, Place> first;  // by product and code
+  for (const ListBlock& block : suite.list.blocks) {
+    std::string sCode = CodeOf(block);
+    if (block.kind != BlockKind::Dependency || sCode.empty()) continue;
+    const Place place = block.PlaceOf("PRODUCTCODE");
+    const auto [found, bNew] = first.emplace(std::pair(block.nAround, std::move(sCode)), place);
+    if (!bNew)
+      report.Warn(place,
+                  "The product names the prerequisite " + Quoted(block.Value("PRODUCTCODE")) +
+                      " in " + InLine(found->second) + ", too.",
+                  "Keep the one that asks for the higher revision.");
+  }
+}
+
+constexpr Rule OtherTitle = {
+    "other-title", "A prerequisite has another title than the product that offers it.",
+    "The message that it is missing names something that the user does not find in the menu."};
+
+void CheckTitlesOfPrerequisites(const Suite& suite, Report& report) {
+  ForEachPrerequisite(suite, [&](const ListBlock& prerequisite, const ListBlock* pProduct) {
+    const std::string_view sTitle = prerequisite.Value("TITLE");
+    if (pProduct == nullptr || sTitle.empty() || pProduct->Value("PRODUCT").empty()) return;
+    if (sTitle != pProduct->Value("PRODUCT"))
+      report.Warn(prerequisite.PlaceOf("TITLE"),
+                  "The prerequisite is called " + Quoted(sTitle) +
+                      ", but the product that offers it is " + Naming(*pProduct) + ".",
+                  "Give both the same title.");
+  });
+}
+
 constexpr Rule NotOffered = {"not-offered",
-                             "No product of the list offers the code of a prerequisite."};
+                             "No product of the list offers the code of a prerequisite.",
+                             "The user who lacks it cannot install it from this menu."};
 
 void CheckOffered(const Suite& suite, Report& report) {
   const auto numbers = ByCode(suite.list.Products());
@@ -107,7 +195,8 @@ void CheckOffered(const Suite& suite, Report& report) {
 }
 
 constexpr Rule RevisionNotOffered = {
-    "revision-not-offered", "A prerequisite asks for a higher revision than the list offers."};
+    "revision-not-offered", "A prerequisite asks for a higher revision than the list offers.",
+    "What the list offers never meets the prerequisite, so that the product cannot be installed."};
 
 // Two revisions that compare the wrong way round have a rule of their own.
 void CheckRevisionsOffered(const Suite& suite, Report& report) {
@@ -241,12 +330,15 @@ void ReportOrder(const std::string& sCode, const std::pair<const std::string, Pl
              : "Give all revisions the same number of digits.");
 }
 
-constexpr Rule Circle = {"circle", "Products wait for each other in a circle."};
+constexpr Rule Circle = {"circle", "Products wait for each other in a circle.",
+                         "Each waits for another, so that none of them can be installed."};
 
 void CheckCircles(const Suite& suite, Report& report) { CircleSearch(suite, report).Run(); }
 
-constexpr Rule RevisionOrder = {"revision-order",
-                                "Two revisions sort the wrong way round as texts."};
+constexpr Rule RevisionOrder = {
+    "revision-order", "Two revisions sort the wrong way round as texts.",
+    "The launcher compares revisions as texts, character by character: 2.10 is lower than 2.9. A "
+    "newer product would show as an older one."};
 
 // Of revisions in the order of their texts, neighbours show whether all are in
 // the order of their numbers.
@@ -265,8 +357,14 @@ void CheckRevisionOrder(const Suite& suite, Report& report) {
 
 std::span<const Check> CodeChecks() {
   static constexpr std::array Table = {
-      Check{&RepeatedCode, CheckRepeatedCodes},          Check{&NotOffered, CheckOffered},
-      Check{&RevisionNotOffered, CheckRevisionsOffered}, Check{&Circle, CheckCircles},
+      Check{&RepeatedCode, CheckRepeatedCodes},
+      Check{&CodeOfCheckFile, CheckCodesOfCheckFiles},
+      Check{&RecordTooLong, CheckRecordLengths},
+      Check{&RepeatedPrerequisite, CheckRepeatedPrerequisites},
+      Check{&OtherTitle, CheckTitlesOfPrerequisites},
+      Check{&NotOffered, CheckOffered},
+      Check{&RevisionNotOffered, CheckRevisionsOffered},
+      Check{&Circle, CheckCircles},
       Check{&RevisionOrder, CheckRevisionOrder},
   };
   return Table;

@@ -134,7 +134,7 @@ void ReportNoProgram(const std::string& sProgram, const Place& place, Report& re
   for (const char* pEnd : NoPrograms) {
     if (!EndsWithAnyCase(sProgram, pEnd)) continue;
     const bool bInstallerFile = std::string_view(pEnd).starts_with(".MS");
-    report.Warn(
+    report.Error(
         place,
         "\"" + sProgram + "\" is no program by its name, and the launcher starts programs only.",
         bInstallerFile ? "Name a program that starts msiexec with it."
@@ -142,7 +142,8 @@ void ReportNoProgram(const std::string& sProgram, const Place& place, Report& re
   }
 }
 
-constexpr Rule PictureMissing = {"picture-missing", "A picture file does not open."};
+constexpr Rule PictureMissing = {"picture-missing", "A picture file does not open.",
+                                 "The product shows the launcher's own picture."};
 
 void CheckPicturesThere(const Suite& suite, Report& report) {
   Remembered failure(OpenFailure);
@@ -155,7 +156,8 @@ void CheckPicturesThere(const Suite& suite, Report& report) {
   });
 }
 
-constexpr Rule PictureUnreadable = {"picture-unreadable", "A picture does not load."};
+constexpr Rule PictureUnreadable = {"picture-unreadable", "A picture does not load.",
+                                    "The product shows the launcher's own picture."};
 
 void CheckPicturesLoad(const Suite& suite, Report& report) {
   Remembered failure([](const std::string& sPath) {
@@ -170,8 +172,8 @@ void CheckPicturesLoad(const Suite& suite, Report& report) {
   });
 }
 
-constexpr Rule InstallerMissing = {"installer-missing",
-                                   "An installer is not in the source folder."};
+constexpr Rule InstallerMissing = {"installer-missing", "An installer is not in the source folder.",
+                                   "Setup of the product ends in an error."};
 
 void CheckInstallersThere(const Suite& suite, Report& report) {
   Remembered failure(
@@ -189,7 +191,8 @@ void CheckInstallersThere(const Suite& suite, Report& report) {
 }
 
 constexpr Rule ReadMeMissing = {"read-me-missing",
-                                "A read-me program is not in the folder of the list."};
+                                "A read-me program is not in the folder of the list.",
+                                "Read Me of the product ends in an error."};
 
 void CheckReadMesThere(const Suite& suite, Report& report) {
   ForEachFile(suite, "READMEFILE", [&](const std::string& sValue, const Place& place) {
@@ -203,7 +206,9 @@ void CheckReadMesThere(const Suite& suite, Report& report) {
 
 constexpr Rule ReadMeAmbiguous = {
     "read-me-ambiguous",
-    "A read-me program's name has spaces, so that another file may be taken for it."};
+    "A read-me program's name has spaces, so that another file may be taken for it.",
+    "Where the program's name ends and its arguments begin is taken from which files there are, so "
+    "another file may be started."};
 
 void CheckReadMesClear(const Suite& suite, Report& report) {
   ForEachFile(suite, "READMEFILE", [&](const std::string& sValue, const Place& place) {
@@ -221,7 +226,37 @@ void CheckReadMesClear(const Suite& suite, Report& report) {
   });
 }
 
-constexpr Rule NotAProgram = {"not-a-program", "A file to start is no program by its name."};
+constexpr Rule ArgumentMissing = {"argument-missing",
+                                  "A file that a read-me program is given is not there.",
+                                  "The program starts, but has nothing to show."};
+
+// Whether an argument looks like the name of a file.
+bool NamesFile(std::string_view sArgument) {
+  const std::size_t nDot = sArgument.rfind('.');
+  return nDot != std::string_view::npos && nDot > 0 && nDot + 1 < sArgument.size() &&
+         !sArgument.starts_with('-') && !sArgument.starts_with('/') &&
+         sArgument.find(':') == std::string_view::npos;
+}
+
+void CheckReadMeArguments(const Suite& suite, Report& report) {
+  ForEachFile(suite, "READMEFILE", [&](const std::string& sValue, const Place& place) {
+    if (ReadMeProgram(suite, sValue).empty()) return;
+    const CommandLine command =
+        ResolveCommandLine(ReadMeLine(suite, sValue), {IsProgram, IsFolder});
+    for (const std::string& sArgument : SplitArguments(command.sArguments)) {
+      if (!NamesFile(sArgument) || StartPathTests().isFile(InFolder(suite.sFolder, sArgument)))
+        continue;
+      report.Warn(place,
+                  "The read-me program is given \"" + sArgument +
+                      "\", and there is no such file in the folder of the list.",
+                  "");
+    }
+  });
+}
+
+constexpr Rule NotAProgram = {
+    "not-a-program", "A file to start is no program by its name.",
+    "The launcher starts programs. It does not look for the program that opens a file."};
 
 void CheckPrograms(const Suite& suite, Report& report) {
   ForEachFile(suite, "INSTALLFILE", [&](const std::string& sValue, const Place& place) {
@@ -236,9 +271,13 @@ void CheckPrograms(const Suite& suite, Report& report) {
 
 std::span<const Check> FileChecks() {
   static constexpr std::array Table = {
-      Check{&PictureMissing, CheckPicturesThere},     Check{&PictureUnreadable, CheckPicturesLoad},
-      Check{&InstallerMissing, CheckInstallersThere}, Check{&ReadMeMissing, CheckReadMesThere},
-      Check{&ReadMeAmbiguous, CheckReadMesClear},     Check{&NotAProgram, CheckPrograms},
+      Check{&PictureMissing, CheckPicturesThere},
+      Check{&PictureUnreadable, CheckPicturesLoad},
+      Check{&InstallerMissing, CheckInstallersThere},
+      Check{&ReadMeMissing, CheckReadMesThere},
+      Check{&ReadMeAmbiguous, CheckReadMesClear},
+      Check{&ArgumentMissing, CheckReadMeArguments},
+      Check{&NotAProgram, CheckPrograms},
   };
   return Table;
 }

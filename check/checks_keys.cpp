@@ -4,6 +4,8 @@
 #include <limits>
 #include <map>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 
 #include "check/checks.h"
 #include "check/nearest.h"
@@ -13,12 +15,6 @@
 namespace trelin {
 
 namespace {
-
-bool IsKnown(BlockKind kind, std::string_view sKey) {
-  for (const char* pKnown : KeysOf(kind))
-    if (sKey == pKnown) return true;
-  return false;
-}
 
 // What another kind of block calls it, or the key that is nearest by its
 // letters.
@@ -33,7 +29,7 @@ std::string WhereKnown(const std::string& sKey) {
   std::string sBlocks;
   for (const BlockKind kind :
        {BlockKind::SetupList, BlockKind::Application, BlockKind::Dependency}) {
-    if (!IsKnown(kind, sKey)) continue;
+    if (!IsKeyOf(kind, sKey)) continue;
     sBlocks += sBlocks.empty() ? " It is a key of a block " : " or ";
     sBlocks += NameOf(kind);
   }
@@ -48,10 +44,10 @@ std::string UnknownKeyHint(BlockKind kind, const std::string& sKey) {
 }
 
 // In the outer block the launcher says so itself.
-std::string UnknownKeyMessage(BlockKind kind, const std::string& sKey) {
+std::string UnknownKeyMessage(const CheckedList& list, BlockKind kind, const std::string& sKey) {
   if (kind == BlockKind::SetupList)
-    return FormatResourceString(TextNumber::UnknownKey, LoadResourceString(TextNumber::MenuCaption),
-                                sKey);
+    return list.LaunchersWords(FormatResourceString(
+        TextNumber::UnknownKey, LoadResourceString(TextNumber::MenuCaption), sKey));
   return LoadResourceString(TextNumber::MenuCaption) + " does not know the entry \"" + sKey +
          "\" in a block " + NameOf(kind) + ". It beeps and leaves it out.";
 }
@@ -60,32 +56,38 @@ std::string UnknownKeyMessage(BlockKind kind, const std::string& sKey) {
 // no value.
 template <class Use>
 void ForEachWithout(const Suite& suite, const char* pKey, Use use) {
-  for (const ListBlock& block : suite.list.blocks)
-    if (block.kind != BlockKind::SetupList && block.Value(pKey).empty())
-      use(block, block.PlaceOf(pKey));
+  for (const ListBlock& block : suite.list.blocks) {
+    const bool bJudged =
+        block.kind == BlockKind::Application || block.kind == BlockKind::Dependency;
+    if (bJudged && block.Value(pKey).empty()) use(block, block.PlaceOf(pKey));
+  }
 }
 
-constexpr Rule UnknownKey = {"unknown-key", "The launcher does not know a key."};
+constexpr Rule UnknownKey = {
+    "unknown-key", "The launcher does not know a key.",
+    "The launcher beeps or shows a message for each, and leaves the entry out."};
 
 void CheckUnknownKeys(const Suite& suite, Report& report) {
   for (const ListBlock& block : suite.list.blocks) {
     for (const ListStatement* pEntry : block.entries) {
-      if (IsKnown(block.kind, pEntry->sKey)) continue;
+      if (block.kind == BlockKind::Unknown || IsKeyOf(block.kind, pEntry->sKey)) continue;
       const std::string sKey(pEntry->sKey);
-      report.Error(pEntry->key, UnknownKeyMessage(block.kind, sKey),
+      report.Error(pEntry->key, UnknownKeyMessage(suite.list, block.kind, sKey),
                    UnknownKeyHint(block.kind, sKey));
     }
   }
 }
 
-constexpr Rule RepeatedKey = {"repeated-key", "A key is given twice in one block."};
+constexpr Rule RepeatedKey = {
+    "repeated-key", "A key is given twice in one block.",
+    "The later value counts, and the earlier one is lost without a word."};
 
 void CheckRepeatedKeys(const Suite& suite, Report& report) {
   for (const ListBlock& block : suite.list.blocks) {
     std::map<std::string_view, std::int32_t> lines;  // by key
     for (const ListStatement* pEntry : block.entries) {
       const auto [first, bNew] = lines.emplace(pEntry->sKey, pEntry->key.lLine);
-      if (bNew || !IsKnown(block.kind, pEntry->sKey)) continue;
+      if (bNew || !IsKeyOf(block.kind, pEntry->sKey)) continue;
       report.Warn(pEntry->key,
                   std::string(pEntry->sKey) + " is given twice in this block, first in line " +
                       std::to_string(first->second) + ". The later value counts.",
@@ -94,7 +96,9 @@ void CheckRepeatedKeys(const Suite& suite, Report& report) {
   }
 }
 
-constexpr Rule TooManyProducts = {"too-many-products", "The list has more than 32,767 products."};
+constexpr Rule TooManyProducts = {
+    "too-many-products", "The list has more than 32,767 products.",
+    "The menu numbers its products with 16 bits and ends with an error."};
 
 void CheckProductCount(const Suite& suite, Report& report) {
   constexpr std::size_t MostProducts = std::numeric_limits<std::int16_t>::max();
@@ -106,7 +110,8 @@ void CheckProductCount(const Suite& suite, Report& report) {
                "Divide the suite into several lists, each in a folder of its own.");
 }
 
-constexpr Rule NoTitle = {"no-title", "A product or prerequisite has no title."};
+constexpr Rule NoTitle = {"no-title", "A product or prerequisite has no title.",
+                          "The row, or the message about the prerequisite, names nothing."};
 
 void CheckTitles(const Suite& suite, Report& report) {
   for (const ListBlock& block : suite.list.blocks) {
@@ -120,7 +125,26 @@ void CheckTitles(const Suite& suite, Report& report) {
   }
 }
 
-constexpr Rule NoInstaller = {"no-installer", "A product has no installer."};
+constexpr Rule RepeatedTitle = {
+    "repeated-title", "Two products have the same title.",
+    "The user cannot tell their rows apart, nor which one a message means."};
+
+void CheckRepeatedTitles(const Suite& suite, Report& report) {
+  std::unordered_map<std::string_view, std::int32_t> lines;  // by title
+  for (const ListBlock* pProduct : suite.list.Products()) {
+    const std::string_view sTitle = pProduct->Value("PRODUCT");
+    if (sTitle.empty()) continue;
+    const auto [first, bNew] = lines.emplace(sTitle, pProduct->PlaceOf("PRODUCT").lLine);
+    if (!bNew)
+      report.Warn(pProduct->PlaceOf("PRODUCT"),
+                  "The title \"" + std::string(sTitle) + "\" is that of the product in line " +
+                      std::to_string(first->second) + ", too.",
+                  "Give each product a title of its own.");
+  }
+}
+
+constexpr Rule NoInstaller = {"no-installer", "A product has no installer.",
+                              "Setup of the product only says that there is none."};
 
 void CheckInstallersNamed(const Suite& suite, Report& report) {
   ForEachWithout(suite, "INSTALLFILE", [&](const ListBlock& block, const Place& place) {
@@ -130,7 +154,9 @@ void CheckInstallersNamed(const Suite& suite, Report& report) {
   });
 }
 
-constexpr Rule NoCode = {"no-code", "A product or prerequisite has no product code."};
+constexpr Rule NoCode = {"no-code", "A product or prerequisite has no product code.",
+                         "A product without one always shows as not installed; a prerequisite "
+                         "without one is never met."};
 
 void CheckCodesNamed(const Suite& suite, Report& report) {
   ForEachWithout(suite, "PRODUCTCODE", [&](const ListBlock& block, const Place& place) {
@@ -144,7 +170,9 @@ void CheckCodesNamed(const Suite& suite, Report& report) {
   });
 }
 
-constexpr Rule NoRevision = {"no-revision", "A product has no revision."};
+constexpr Rule NoRevision = {
+    "no-revision", "A product has no revision.",
+    "Whatever is installed of the product counts as newer than what the list offers."};
 
 void CheckRevisionsNamed(const Suite& suite, Report& report) {
   ForEachWithout(suite, "REVISION", [&](const ListBlock& block, const Place& place) {
@@ -163,9 +191,13 @@ void CheckRevisionsNamed(const Suite& suite, Report& report) {
 
 std::span<const Check> KeyChecks() {
   static constexpr std::array Table = {
-      Check{&UnknownKey, CheckUnknownKeys},       Check{&RepeatedKey, CheckRepeatedKeys},
-      Check{&TooManyProducts, CheckProductCount}, Check{&NoTitle, CheckTitles},
-      Check{&NoInstaller, CheckInstallersNamed},  Check{&NoCode, CheckCodesNamed},
+      Check{&UnknownKey, CheckUnknownKeys},
+      Check{&RepeatedKey, CheckRepeatedKeys},
+      Check{&TooManyProducts, CheckProductCount},
+      Check{&NoTitle, CheckTitles},
+      Check{&RepeatedTitle, CheckRepeatedTitles},
+      Check{&NoInstaller, CheckInstallersNamed},
+      Check{&NoCode, CheckCodesNamed},
       Check{&NoRevision, CheckRevisionsNamed},
   };
   return Table;

@@ -48,11 +48,12 @@ void CheckLineLengths(const Suite& suite, Report& report) {
 void CheckCodePage(const Suite& suite, Report& report) {
   const SourceLines& lines = suite.list.lines;
   if (HasFault(suite.list, &rule::NotAnsi, 1)) return;  // the whole file
+  const bool bUtf8 = IsUtf8(lines.Text());
   for (std::int32_t l = 1; l <= lines.Count(); ++l) {
     const std::size_t nMark = MarkLength(lines.Line(l), l);
     const std::string_view sLine = lines.Line(l).substr(nMark);
     if (IsComment(sLine)) continue;
-    const auto foreign = FindForeignText(sLine);
+    const auto foreign = FindForeignText(sLine, bUtf8);
     if (!foreign) continue;
     report.Error({l, static_cast<std::int32_t>(foreign->nOffset + nMark) + 1,
                   static_cast<std::int32_t>(foreign->nLength)},

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "shared/code_page.h"
+
 namespace trelin {
 
 namespace {
@@ -23,15 +25,10 @@ std::size_t Utf8Length(std::string_view sText, std::size_t nAt) {
   return nLength;
 }
 
-// Whether all that is not ASCII in the line is UTF-8. In a text of the ANSI
-// code page a letter beyond ASCII hardly ever has the neighbours for that.
-bool IsUtf8(std::string_view sLine) {
-  for (std::size_t n = 0; n < sLine.size();) {
-    const std::size_t nLength = IsAsciiByte(Byte(sLine, n)) ? 1 : Utf8Length(sLine, n);
-    if (nLength == 0) return false;
-    n += nLength;
-  }
-  return true;
+// Whether UTF-8 is meant although the file is in the code page: the characters are
+// such as the code page has, too.
+bool IsMeantAsUtf8(std::string_view sLine) {
+  return IsUtf8(sLine) && ToUtf8(FromUtf8(sLine)) == sLine;
 }
 
 // The five codes that Windows-1252 leaves open.
@@ -55,8 +52,17 @@ bool IsUtf16(std::string_view sFile) {
   return sBegin.size() >= 4 && nZeros >= sBegin.size() / 2 - 1;
 }
 
-std::optional<ForeignText> FindForeignText(std::string_view sLine) {
-  const bool bUtf8 = IsUtf8(sLine);
+bool IsUtf8(std::string_view sText) {
+  for (std::size_t n = 0; n < sText.size();) {
+    const std::size_t nLength = IsAsciiByte(Byte(sText, n)) ? 1 : Utf8Length(sText, n);
+    if (nLength == 0) return false;
+    n += nLength;
+  }
+  return true;
+}
+
+std::optional<ForeignText> FindForeignText(std::string_view sLine, bool bFileIsUtf8) {
+  const bool bUtf8 = bFileIsUtf8 || IsMeantAsUtf8(sLine);
   for (std::size_t n = 0; n < sLine.size(); ++n) {
     const unsigned char c = Byte(sLine, n);
     if (bUtf8 && !IsAsciiByte(c)) return ForeignText{n, Utf8Length(sLine, n), "is UTF-8"};

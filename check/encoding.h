@@ -20,8 +20,14 @@ struct ForeignText {
   std::string sReason;  // a part of a sentence
 };
 
+// Whether a text is UTF-8, as ASCII is, too. In a text of the ANSI code page
+// a letter beyond ASCII hardly ever has the neighbours for that.
+bool IsUtf8(std::string_view sText);
+
 // The first such stretch of a line: characters that are UTF-8, a code that
-// stands for no character, a control character other than a tab.
-std::optional<ForeignText> FindForeignText(std::string_view sLine);
+// stands for no character, a control character other than a tab. In a file whose
+// other lines show that it is in the code page, a line counts as UTF-8 only when
+// its characters are letters of the code page, each in two or three bytes.
+std::optional<ForeignText> FindForeignText(std::string_view sLine, bool bFileIsUtf8);
 
 }  // namespace trelin

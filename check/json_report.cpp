@@ -9,6 +9,16 @@ namespace trelin {
 
 namespace {
 
+// Of a very long line the part around the place, and the column that it begins in.
+void WriteSource(std::string_view sLine, std::int32_t lColumn, JsonWriter& json) {
+  constexpr std::size_t MostShown = 1000;
+  const auto nColumn = static_cast<std::size_t>(lColumn - 1);
+  const std::size_t nBegin = nColumn < MostShown ? 0 : nColumn - MostShown / 2;
+  json.Member("source", Utf8Of(std::string(sLine.substr(nBegin, MostShown))));
+  if (sLine.size() > MostShown)
+    json.NumberMember("sourceColumn", static_cast<long long>(nBegin) + 1);
+}
+
 void WriteFinding(const CheckedFile& file, const Finding& finding, JsonWriter& json) {
   const Place& place = finding.place;
   json.Begin('{');
@@ -17,7 +27,7 @@ void WriteFinding(const CheckedFile& file, const Finding& finding, JsonWriter& j
     json.NumberMember("line", place.lLine);
     json.NumberMember("column", place.lColumn);
     json.NumberMember("length", place.lLength);
-    json.Member("source", Utf8Of(std::string(file.lines.Line(place.lLine))));
+    WriteSource(file.lines.Line(place.lLine), place.lColumn, json);
   }
   if (finding.lNumber > 0) json.NumberMember("number", finding.lNumber);
   json.Member("severity", NameOf(finding.severity));

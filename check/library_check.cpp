@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -17,6 +16,7 @@
 #include "shared/pe_string_table.h"
 #include "shared/read_file.h"
 #include "suite/row_layout.h"
+#include "texts/numbers.h"
 #include "texts/paths.h"
 #include "texts/text_number.h"
 
@@ -24,17 +24,29 @@ namespace trelin {
 
 namespace {
 
-constexpr Rule LibraryDamaged = {"library-damaged", "A string library does not load."};
-constexpr Rule MissingText = {"missing-text", "A string library lacks a text."};
+constexpr Rule LibraryDamaged = {"library-damaged", "A string library does not load.",
+                                 "The launcher does not load it and shows no text at all."};
+constexpr Rule MissingText = {"missing-text", "A string library lacks a text.",
+                              "The user reads that a text is missing in its place."};
 constexpr Rule UnknownText = {"unknown-text",
-                              "A string library has a text that the program never asks for."};
+                              "A string library has a text that the program never asks for.",
+                              "It is in the library to no purpose; often its number is wrong."};
 constexpr Rule Placeholders = {"placeholders",
-                               "The placeholders of a text are not those of the program's own."};
-constexpr Rule TextTooLong = {"text-too-long", "A text has more than 1,023 characters."};
+                               "The placeholders of a text are not those of the program's own.",
+                               "The launcher fills them with names and numbers. What is missing "
+                               "there is not said, what is too much stays as it is."};
+constexpr Rule TextTooLong = {"text-too-long", "A text has more than 1,023 characters.",
+                              "The launcher reads 1,023 characters, and the rest is lost."};
 constexpr Rule TextNotAnsi = {
-    "text-not-ansi", "A text of a string library has characters that the ANSI code page lacks."};
-constexpr Rule AccessKey = {"access-key", "Buttons lack access keys or share one."};
-constexpr Rule AlikeTexts = {"alike-texts", "Two installation states read the same."};
+    "text-not-ansi", "A text of a string library has characters that the ANSI code page lacks.",
+    "They are shown right on computers only whose ANSI code page has them."};
+constexpr Rule AccessKey = {"access-key", "Buttons lack access keys or share one.",
+                            "Who works without a mouse presses a button by its letter."};
+constexpr Rule AlikeTexts = {"alike-texts", "Two installation states read the same.",
+                             "The menu tells by the text that a state has changed."};
+
+constexpr Rule NoticeNumber = {"notice-number", "The number of lines of the notice is none.",
+                               "The launcher reads it first of all and ends with an error."};
 
 constexpr std::uint16_t FirstNumber = 35000;
 constexpr std::uint16_t LastNumber = 35999;
@@ -48,27 +60,23 @@ LibraryTexts TextsOf(const PeStringTable& table) {
   return texts;
 }
 
-// A text that begins with a number, as the count of the notice lines does.
-std::size_t LeadingNumber(const std::u16string& sText) {
-  const std::string sDigits = FromUtf16(sText);
-  std::size_t nNumber = 0;
-  std::from_chars(sDigits.data(), sDigits.data() + sDigits.size(), nNumber);
-  return std::min<std::size_t>(nNumber, LastNumber - NoticeCount);
+// How many lines the notice has, as the launcher takes it from its text. Throws as
+// ParseInt16 does.
+std::int16_t NoticeLines(const LibraryTexts& texts) {
+  const auto count = texts.find(NoticeCount);
+  return count != texts.end() ? ParseInt16(FromUtf16(count->second), "The number of notice lines")
+                              : std::int16_t{0};
 }
 
 bool IsNoticeLine(std::uint16_t nNumber) {
   return nNumber > NoticeCount && nNumber <= NoticeCount + 50;
 }
 
-// The numbers that the program asks for, given how many lines the notice has.
-std::set<std::uint16_t> NumbersAskedFor(const LibraryTexts& own, const LibraryTexts& texts) {
+// The numbers that the program asks for, but for the lines of the notice.
+std::set<std::uint16_t> NumbersAskedFor(const LibraryTexts& own) {
   std::set<std::uint16_t> numbers;
   for (const auto& [nNumber, sText] : own)
     if (!IsNoticeLine(nNumber)) numbers.insert(nNumber);
-  const auto count = texts.find(NoticeCount);
-  const std::size_t nLines = count != texts.end() ? LeadingNumber(count->second) : 0;
-  for (std::size_t n = 1; n <= nLines; ++n)
-    numbers.insert(static_cast<std::uint16_t>(NoticeCount + n));
   return numbers;
 }
 
@@ -90,9 +98,10 @@ std::string Listed(const std::set<char16_t>& digits) {
 class LibraryComparison {
  public:
   LibraryComparison(const LibraryTexts& own, const LibraryTexts& texts)
-      : own_(own), texts_(texts), askedFor_(NumbersAskedFor(own, texts)) {}
+      : own_(own), texts_(texts), askedFor_(NumbersAskedFor(own)) {}
 
   Findings Run() {
+    CheckNotice();
     CompareNumbers();
     for (const auto& [nNumber, sText] : texts_) {
       if (own_.count(nNumber) != 0) ComparePlaceholders(nNumber, sText);
@@ -108,6 +117,29 @@ class LibraryComparison {
            const std::string& sHint = "") {
     findings_.push_back(
         {&rule, severity, {}, "Text " + std::to_string(nNumber) + " " + sMessage, sHint, nNumber});
+  }
+
+  // The launcher does not start when it cannot read how many lines there are.
+  void CheckNotice() {
+    try {
+      AskForLines(NoticeLines(texts_));
+    } catch (const std::logic_error& error) {
+      AddNotice(error.what());
+    } catch (const std::overflow_error& error) {
+      AddNotice(error.what());
+    }
+  }
+
+  void AddNotice(const std::string& sWhy) {
+    for (const auto& [nNumber, sText] : texts_)
+      if (IsNoticeLine(nNumber)) askedFor_.insert(nNumber);
+    Add(NoticeNumber, Severity::Error, NoticeCount,
+        "does not say how many lines the notice has, so that the launcher does not start.", sWhy);
+  }
+
+  void AskForLines(std::int32_t lLines) {
+    for (std::int32_t l = 1; l <= std::min(lLines, LastNumber - NoticeCount); ++l)
+      askedFor_.insert(static_cast<std::uint16_t>(NoticeCount + l));
   }
 
   void CompareNumbers() {
@@ -225,8 +257,9 @@ std::optional<LibraryTexts> ReadTexts(const std::string& sPath) {
 }  // namespace
 
 std::span<const Rule* const> LibraryRules() {
-  static constexpr std::array Table = {&LibraryDamaged, &MissingText, &UnknownText, &Placeholders,
-                                       &TextTooLong,    &TextNotAnsi, &AccessKey,   &AlikeTexts};
+  static constexpr std::array Table = {&LibraryDamaged, &MissingText, &UnknownText,
+                                       &Placeholders,   &TextTooLong, &TextNotAnsi,
+                                       &AccessKey,      &AlikeTexts,  &NoticeNumber};
   return Table;
 }
 

@@ -1,6 +1,8 @@
 #include "check/list_reader.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <utility>
 
 #include "check/encoding.h"
@@ -10,6 +12,7 @@
 #include "shared/read_file.h"
 #include "suite/line_reader.h"
 #include "texts/messages.h"
+#include "texts/string_resources.h"
 
 namespace trelin {
 
@@ -44,10 +47,12 @@ bool ClosesBlock(BlockKind kind, std::string_view sType) {
                           : sType == Prerequisite && kind == BlockKind::Dependency;
 }
 
-BlockKind InnerKind(BlockKind outer, std::string_view sMeant) {
+// Of a type that comes near to no other, the kind that is expected there.
+BlockKind InnerKind(BlockKind around, std::string_view sMeant) {
+  if (sMeant == Outer) return BlockKind::SetupList;
   if (sMeant == Product) return BlockKind::Application;
   if (sMeant == Prerequisite) return BlockKind::Dependency;
-  return outer == BlockKind::SetupList ? BlockKind::Application : BlockKind::Dependency;
+  return around == BlockKind::SetupList ? BlockKind::Application : BlockKind::Dependency;
 }
 
 // How many blocks are open at places of a list, if each END closes one.
@@ -64,14 +69,26 @@ class Depths {
   // Whether the block that starts at statement nStart is closed within the block
   // around it, as the ENDs up to the next product show.
   bool IsNested(std::size_t nStart, std::size_t nOpenBlocks) const {
-    const std::size_t nProduct = places_[nStart + 1].nNextProduct;
-    const bool bAtEnd = nProduct + 1 == places_.size();
-    const auto lOpen =
-        static_cast<std::int32_t>(nOpenBlocks) + places_[nProduct].lDepth - places_[nStart].lDepth;
-    return lOpen <= (bAtEnd ? 0 : 1);
+    return OpenBehind(nStart, nOpenBlocks) <= 0;
+  }
+
+  // Whether the ENDs behind statement nPlace, up to the next product, are more than
+  // the nOpenBlocks blocks that are open there.
+  bool HasEndTooMany(std::size_t nPlace, std::size_t nOpenBlocks) const {
+    return OpenBehind(nPlace, nOpenBlocks) < 0;
   }
 
  private:
+  // How many blocks within the list are open at the next product that starts behind
+  // a statement; at the end of the file, where the list itself is closed, how many
+  // blocks in all.
+  std::int32_t OpenBehind(std::size_t nPlace, std::size_t nOpenBlocks) const {
+    const std::size_t nProduct = places_[nPlace + 1].nNextProduct;
+    const bool bAtEnd = nProduct + 1 == places_.size();
+    return static_cast<std::int32_t>(nOpenBlocks) + places_[nProduct].lDepth -
+           places_[nPlace].lDepth - (bAtEnd ? 0 : 1);
+  }
+
   struct PlaceInList {
     std::int32_t lDepth = 0;
     std::size_t nNextProduct = 0;
@@ -102,6 +119,12 @@ class StructureReader {
   }
 
  private:
+  struct OpenBlock {
+    std::size_t nBlock = 0;
+    bool bStrange = false;                             // its type comes near to no other
+    std::optional<std::size_t> nFault = std::nullopt;  // that reports its type
+  };
+
   bool AtEnd() const { return nNext_ == list_.statements.size(); }
   const ListStatement& Next() const { return list_.statements[nNext_]; }
   bool NextIsBlock() const { return Next().kind == Statement::Kind::StartBlock; }
@@ -110,7 +133,7 @@ class StructureReader {
 
   void AddFault(const Rule* pRule, const Place& place, const std::string& sMessage,
                 const std::string& sHint) {
-    list_.faults.push_back({pRule, Severity::Error, place, sMessage, sHint});
+    list_.faults.push_back({pRule, Severity::Error, place, list_.LaunchersWords(sMessage), sHint});
   }
 
   // Up to the first block's start line, and over it if it is that of the outer
@@ -139,25 +162,71 @@ class StructureReader {
   // Reads block nBlock and what is in it up to and over its END. False when the
   // file ends before.
   bool ReadBlock(std::size_t nBlock) {
-    open_ = {nBlock};
+    open_ = {{nBlock}};
     while (!AtEnd() && !open_.empty()) ReadStatement();
     const bool bHasEnd = open_.empty();
-    for (; !open_.empty(); open_.pop_back())
-      if (!bAfterEndReported_ && (open_.back() != 0 || bOuterStarted_)) AddMissingEnd(Innermost());
+    for (; !open_.empty(); Close())
+      if (!bAfterEndReported_ && (open_.back().nBlock != 0 || bOuterStarted_))
+        AddMissingEnd(Innermost());
     return bHasEnd;
   }
 
-  ListBlock& Innermost() { return list_.blocks[open_.back()]; }
+  ListBlock& Innermost() { return list_.blocks[open_.back().nBlock]; }
+
+  // A block of a strange type is what its entries say.
+  void Close() {
+    ListBlock& block = Innermost();
+    block.lLastLine = AtEnd() ? list_.lines.Count() : NextLine();
+    if (IsStrange()) block.kind = BlockKind::Unknown;
+    if (block.kind == BlockKind::Application) nLastProduct_ = open_.back().nBlock;
+    if (const auto nFault = open_.back().nFault) {
+      std::string& sHint = list_.faults[*nFault].sHint;
+      if (sHint.empty())
+        sHint = block.kind == BlockKind::Unknown
+                    ? "What is in it is not looked at."
+                    : std::string("It is read as a block ") + NameOf(block.kind) + ".";
+    }
+    open_.pop_back();
+  }
+
+  // Whether nothing tells what the innermost block is meant to be.
+  bool IsStrange() {
+    const ListBlock& block = Innermost();
+    return open_.back().bStrange &&
+           std::none_of(block.entries.begin(), block.entries.end(),
+                        [&](const ListStatement* p) { return IsKeyOf(block.kind, p->sKey); });
+  }
 
   void ReadStatement() {
     if (NextIsBlock()) return ReadBlockStart();
     if (Next().kind == Statement::Kind::EndBlock) {
       lEnd_ = NextLine();
-      open_.pop_back();
+      Close();
     } else {
-      Innermost().entries.push_back(&Next());
+      ReadEntry();
     }
     ++nNext_;
+  }
+
+  void ReadEntry() {
+    const std::string_view sKey = Next().sKey;
+    const bool bOfProduct = Innermost().kind == BlockKind::SetupList && nLastProduct_ > 0 &&
+                            !IsKeyOf(BlockKind::SetupList, sKey) &&
+                            IsKeyOf(BlockKind::Application, sKey);
+    if (bOfProduct && depths_.HasEndTooMany(nNext_, open_.size())) ReopenProduct();
+    Innermost().entries.push_back(&Next());
+  }
+
+  // Entries of a product behind its END, which is one too many: often that of a
+  // prerequisite, given twice.
+  void ReopenProduct() {
+    const std::string sMessage =
+        FormatResourceString(TextNumber::UnknownKey, LoadResourceString(TextNumber::MenuCaption),
+                             std::string(Next().sKey));
+    AddFault(&rule::AfterEnd, Next().key, sMessage,
+             "The END in line " + std::to_string(lEnd_) +
+                 " is one too many: this entry stands behind the product that it belongs to.");
+    open_.push_back({nLastProduct_});
   }
 
   void AddMissingEnd(const ListBlock& block) {
@@ -173,30 +242,36 @@ class StructureReader {
   void ReadBlockStart() {
     const ListBlock& around = Innermost();
     const std::string_view sType = Next().sKey;
+    OpenBlock opened;
     if (!Accepts(around.kind, sType)) {
       const std::string sMeant = MeantType(sType, "");
       const bool bEndMissing =
           ClosesBlock(around.kind, sMeant) && !depths_.IsNested(nNext_, open_.size());
-      ReportInner(around, bEndMissing);
+      opened.bStrange = sMeant.empty();
+      if (!IsStrange()) {
+        opened.nFault = list_.faults.size();
+        ReportInner(around, bEndMissing);
+      }
       if (bEndMissing) CloseUpTo(sMeant);
     }
-    StartBlock();
+    StartBlock(opened);
   }
 
   // The END that is missing may be that of the innermost block alone; that of
   // the outer one is not.
   void CloseUpTo(std::string_view sMeant) {
-    do open_.pop_back();
+    do Close();
     while (Innermost().kind != BlockKind::SetupList && !Accepts(Innermost().kind, sMeant));
   }
 
-  void StartBlock() {
+  void StartBlock(OpenBlock opened) {
     const BlockKind around = Innermost().kind;
     ListBlock block;
     block.kind = InnerKind(around, MeantType(Next().sKey, ExpectedIn(around)));
     block.start = NextPlace();
-    block.nAround = open_.back();
-    open_.push_back(list_.blocks.size());
+    block.nAround = open_.back().nBlock;
+    opened.nBlock = list_.blocks.size();
+    open_.push_back(opened);
     list_.blocks.push_back(std::move(block));
     ++nNext_;
   }
@@ -255,30 +330,32 @@ class StructureReader {
   CheckedList& list_;
   const Depths depths_;
   std::size_t nNext_ = 0;
-  std::vector<std::size_t> open_;  // the blocks that are open, the outer one first
-  std::int32_t lEnd_ = 0;          // the line of the last END
+  std::vector<OpenBlock> open_;   // the outer one first
+  std::size_t nLastProduct_ = 0;  // that has been closed; 0 for none
+  std::int32_t lEnd_ = 0;         // the line of the last END
   bool bOuterStarted_ = false;
   bool bAfterEndReported_ = false;
 };
 
 // Reads the file once, from start to end, with the lines of the launcher.
-SourceLines ReadLines(const std::string& sPath) {
+SourceLines ReadLines(const std::string& sName, std::unique_ptr<InputFile> file) {
   SourceLines lines;
   LineReader reader;
-  reader.Open(sPath);
+  reader.Open(std::move(file));
   for (std::string_view sLine; reader.NextLine(sLine);) {
     lines.Add(sLine);
     if (lines.Text().size() > MaxFileBytes)
-      throw PlatformError("read the setup list", sPath, "it has more than 64 MB");
+      throw PlatformError("read the setup list", sName, "it has more than 64 MB");
   }
   return lines;
 }
 
 }  // namespace
 
-CheckedList ReadCheckedList(const std::string& sPath) {
+CheckedList ReadCheckedList(const std::string& sName, std::unique_ptr<InputFile> file) {
   CheckedList list;
-  list.lines = ReadLines(sPath);
+  list.sName = sName;
+  list.lines = ReadLines(sName, std::move(file));
   if (IsUtf16(list.lines.Text())) {
     list.blocks.emplace_back();
     list.faults.push_back({&rule::NotAnsi,

@@ -1,6 +1,7 @@
 #include "check/meant_line.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 
 #include "check/checked_list.h"
@@ -14,15 +15,17 @@ namespace {
 // What is longer was not typed wrong.
 constexpr std::size_t LongestLine = 1000;
 
-bool IsKeyOfAnyBlock(const std::string& sWord) {
-  for (const BlockKind kind :
-       {BlockKind::SetupList, BlockKind::Application, BlockKind::Dependency}) {
-    const auto& keys = KeysOf(kind);
-    const bool bKnown =
-        std::any_of(keys.begin(), keys.end(), [&sWord](const char* pKey) { return sWord == pKey; });
-    if (bKnown) return true;
-  }
-  return false;
+constexpr std::array Kinds = {BlockKind::SetupList, BlockKind::Application, BlockKind::Dependency};
+
+bool IsKeyOfAnyBlock(std::string_view sWord) {
+  return std::any_of(Kinds.begin(), Kinds.end(),
+                     [sWord](BlockKind kind) { return IsKeyOf(kind, sWord); });
+}
+
+// The word BLOCK in front of the type is missing.
+bool MeansBlockType(std::string_view sWord) {
+  return std::any_of(Kinds.begin(), Kinds.end(),
+                     [sWord](BlockKind kind) { return EditDistance(sWord, NameOf(kind)) <= 2; });
 }
 
 bool MeansBlock(std::string_view sWord, std::string_view sRest) {
@@ -51,6 +54,8 @@ Statement MeantStatement(std::string_view sLine) {
   const std::string_view sRest = Behind(sContent, sWord, " :");
   const std::string sUpper = UpperCase(sWord);
   if (IsKeyOfAnyBlock(sUpper)) return {Statement::Kind::KeyValue, sWord, sRest, sContent};
+  if (MeansBlockType(sUpper))
+    return {Statement::Kind::StartBlock, sWord, FirstWord(sRest, " "), sContent};
   if (MeansBlock(sUpper, sRest)) {
     const std::string_view sType = FirstWord(sRest, " ");
     const std::string_view sName = Behind(sRest, sType, " ");

@@ -11,6 +11,7 @@ namespace trelin {
 // None when nothing comes near:
 //
 //   BLCOK APPLICATION A      BLOCK APPLICATION A
+//   APPLICATION A            BLOCK APPLICATION A
 //   ENDE                     END
 //   PRODUCT Inspection       PRODUCT = Inspection
 //   Revision: 2.1            Revision = 2.1

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <map>
 
+#include "check/checks.h"
+
 namespace trelin {
 
 namespace {
@@ -20,6 +22,14 @@ ReportFormat FormatOf(const std::string& sName) {
   if (format == formats.end())
     throw UsageError("The format \"" + sName + "\" is none of text, json and sarif.");
   return format->second;
+}
+
+const std::string& RuleNamed(const std::string& sName) {
+  const auto rules = AllRules();
+  if (std::none_of(rules.begin(), rules.end(),
+                   [&sName](const Rule* pRule) { return pRule->pName == sName; }))
+    throw UsageError("There is no rule \"" + sName + "\".");
+  return sName;
 }
 
 class OptionReader {
@@ -59,6 +69,8 @@ class OptionReader {
       options_.bStrict = true;
     else if (sName_ == "--format")
       options_.format = FormatOf(TakeValue());
+    else if (sName_ == "--allow")
+      options_.allowed.push_back(RuleNamed(TakeValue()));
     else if (sName_ == "--source")
       options_.sSourceFolder = ProgramPathOf(TakeValue());
     else if (sName_ == "--library")
@@ -98,15 +110,17 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
 std::string HelpText() {
   return R"(Checks the setup list of a suite before it ships.
 
-  trelin-check [--source FOLDER] [--format FORMAT] [--strict] [FOLDER|FILE]
+  trelin-check [--source FOLDER] [--format FORMAT] [--strict] [FOLDER|FILE|-]
   trelin-check --library FILE [--format FORMAT] [--strict]
 
 FOLDER is the suite's folder, which holds TRELIN.CFG and what it names; without
-it, the current folder. FILE is a setup list of any name.
+it, the current folder. FILE is a setup list of any name, - the standard input,
+for a suite in the current folder.
 
   --source FOLDER   the folder that installers are started from, if it is another
                     one than that of the list
   --format FORMAT   text (the usual one), json or sarif
+  --allow RULE      leaves out what this rule finds; may be given several times
   --strict          warnings count as errors
   --library FILE    compares a translated string library with the program's own
   --help            shows this

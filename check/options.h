@@ -14,9 +14,10 @@ struct Options {
   bool bVersion = false;
   bool bStrict = false;  // warnings count as errors
   ReportFormat format = ReportFormat::Text;
-  std::string sPath = ".";    // a folder with a TRELIN.CFG, or a setup list
-  std::string sSourceFolder;  // empty: the folder of the list
-  std::string sLibrary;       // not empty: the string library to check instead
+  std::vector<std::string> allowed;  // names of rules that are not reported
+  std::string sPath = ".";           // a folder with a TRELIN.CFG, or a setup list
+  std::string sSourceFolder;         // empty: the folder of the list
+  std::string sLibrary;              // not empty: the string library to check instead
 };
 
 // A command line that does not say what to do; what() tells the user.

@@ -6,6 +6,7 @@
 
 #include "check/finding.h"
 #include "check/source_lines.h"
+#include "seam/console.h"
 
 namespace trelin {
 
@@ -22,9 +23,13 @@ std::size_t CountOf(const Results& results, Severity severity);
 
 const char* NameOf(Severity severity);  // "error", "warning"
 
-// The results in one of the formats, in UTF-8.
-std::string TextReport(const Results& results);
+// The results in one of the formats, in UTF-8; as a text for a terminal or, as it is
+// without, for anything else.
+std::string TextReport(const Results& results, const Terminal& terminal = {});
 std::string JsonReport(const Results& results);
 std::string SarifReport(const Results& results);
+
+// A SARIF report that says why nothing could be checked.
+std::string SarifFailure(const std::string& sReason);
 
 }  // namespace trelin

@@ -57,6 +57,8 @@ void WriteRules(JsonWriter& json) {
     json.Begin('{');
     json.Member("id", pRule->pName);
     WriteText("shortDescription", pRule->pSummary, json);
+    WriteText("fullDescription", std::string(pRule->pSummary) + " " + pRule->pReason, json);
+    WriteText("help", pRule->pReason, json);
     json.End('}');
   }
   json.End(']');
@@ -74,12 +76,14 @@ void WriteTool(JsonWriter& json) {
   json.End('}');
 }
 
+// The file as a whole is its first line: code hosts show nothing without one.
 void WriteRegion(const Place& place, JsonWriter& json) {
-  if (place.lLine == 0) return;
+  const std::int32_t lLine = std::max(place.lLine, 1);
   json.Key("region");
   json.Begin('{');
-  json.NumberMember("startLine", place.lLine);
+  json.NumberMember("startLine", lLine);
   json.NumberMember("startColumn", place.lColumn);
+  json.NumberMember("endLine", lLine);
   json.NumberMember("endColumn", place.lColumn + std::max(place.lLength, 1));
   json.End('}');
 }
@@ -111,9 +115,9 @@ void WriteResult(const CheckedFile& file, const Finding& finding, JsonWriter& js
   json.End('}');
 }
 
-}  // namespace
-
-std::string SarifReport(const Results& results) {
+// A log of one run of the tool, whose outcome writeOutcome writes.
+template <class WriteOutcome>
+std::string LogOf(WriteOutcome writeOutcome) {
   JsonWriter json;
   json.Begin('{');
   json.Member("$schema", "https://json.schemastore.org/sarif-2.1.0.json");
@@ -123,15 +127,45 @@ std::string SarifReport(const Results& results) {
   json.Begin('{');
   WriteTool(json);
   json.Member("columnKind", "unicodeCodePoints");
-  json.Key("results");
-  json.Begin('[');
-  for (const CheckedFile& file : results)
-    for (const Finding& finding : file.findings) WriteResult(file, finding, json);
-  json.End(']');
+  writeOutcome(json);
   json.End('}');
   json.End(']');
   json.End('}');
   return json.Text();
+}
+
+}  // namespace
+
+std::string SarifReport(const Results& results) {
+  return LogOf([&results](JsonWriter& json) {
+    json.Key("results");
+    json.Begin('[');
+    for (const CheckedFile& file : results)
+      for (const Finding& finding : file.findings) WriteResult(file, finding, json);
+    json.End(']');
+  });
+}
+
+std::string SarifFailure(const std::string& sReason) {
+  return LogOf([&sReason](JsonWriter& json) {
+    json.Key("invocations");
+    json.Begin('[');
+    json.Begin('{');
+    json.Key("executionSuccessful");
+    json.Boolean(false);
+    json.Key("toolExecutionNotifications");
+    json.Begin('[');
+    json.Begin('{');
+    json.Member("level", "error");
+    WriteText("message", Utf8Of(sReason), json);
+    json.End('}');
+    json.End(']');
+    json.End('}');
+    json.End(']');
+    json.Key("results");
+    json.Begin('[');
+    json.End(']');
+  });
 }
 
 }  // namespace trelin

@@ -48,7 +48,8 @@ class StatementReader {
   }
 
   void AddFault(const Rule* pRule, const std::string& sMessage, const std::string& sHint = "") {
-    list_.faults.push_back({pRule, Severity::Error, list_.PlaceInLine(lLine_), sMessage, sHint});
+    list_.faults.push_back(
+        {pRule, Severity::Error, list_.PlaceInLine(lLine_), list_.LaunchersWords(sMessage), sHint});
   }
 
   // Where a part of sText stands in the line at hand, which has the same columns.
@@ -81,7 +82,7 @@ class StatementReader {
     list_.faults.push_back({&rule::ByteOrderMark,
                             Severity::Error,
                             {1, 1, static_cast<std::int32_t>(Utf8Mark.size())},
-                            FormatResourceString(number, 1),
+                            list_.LaunchersWords(FormatResourceString(number, 1)),
                             "The file begins with a UTF-8 byte order mark, which the launcher "
                             "takes for text. Save it in the ANSI code page (Windows-1252)."});
     const std::string_view sBehind = sText.substr(Utf8Mark.size());

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
+
+#include "seam/system.h"
 
 // What a command-line program and the platform under it ask of each other, in the
 // place of entry.h. The platform's main puts a platform in use whose registry is an
@@ -19,6 +23,16 @@ constexpr int FailureCode = 2;
 // A path of the program as the user would write it on this system, in the ANSI code
 // page.
 std::string WrittenByUser(const std::string& sPath);
+
+// The standard input, to be read once. Throws PlatformError, as reading it does.
+std::unique_ptr<InputFile> OpenStandardInput();
+
+// What a terminal shows that the standard output goes to.
+struct Terminal {
+  std::int32_t lColumns = 0;  // 0: the output goes somewhere else, or nobody knows
+  bool bColors = false;       // it takes the escape sequences of ECMA-48
+};
+Terminal OutputTerminal();
 
 // A text of the ANSI code page in UTF-8.
 std::string Utf8Of(const std::string& sText);

@@ -23,6 +23,11 @@ void LineReader::Open(const std::string& sFile) {
   file_ = TheSystem().OpenInput(sFile);
 }
 
+void LineReader::Open(std::unique_ptr<InputFile> file) {
+  Close();
+  file_ = std::move(file);
+}
+
 void LineReader::Close() {
   file_.reset();
   sBuffer_.clear();

@@ -15,6 +15,7 @@ class LineReader {
  public:
   // Throws PlatformError when the file does not open; then none is open.
   void Open(const std::string& sFile);
+  void Open(std::unique_ptr<InputFile> file);
   void Close();
 
   // False at the end of the file. The line stays where it lies until the next call.

@@ -179,6 +179,12 @@ std::unique_ptr<InputFile> OpenHostFile(const std::string& sPath) {
   return std::make_unique<HostFile>(std::move(file), sHostPath);
 }
 
+std::unique_ptr<InputFile> OpenHostStandardInput() {
+  FileDescriptor file(fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0));
+  if (file.Get() < 0) throw HostError("open", "the standard input", errno);
+  return std::make_unique<HostFile>(std::move(file), "the standard input");
+}
+
 std::unique_ptr<FileSearch> SearchHostFiles(const std::string& sGiven) {
   RefuseNul("search for the file", sGiven);
   const std::string sPath = SearchedPath(sGiven);

@@ -29,6 +29,9 @@ class FileDescriptor {
 // System::OpenInput. A folder does not open.
 std::unique_ptr<InputFile> OpenHostFile(const std::string& sPath);
 
+// The standard input, as a file of its own.
+std::unique_ptr<InputFile> OpenHostStandardInput();
+
 // System::Search. Of this system's files, the hidden ones are those whose
 // name begins with a dot; a symbolic link counts as what it points to, and
 // devices, pipes and sockets are no normal files. A folder that may not be

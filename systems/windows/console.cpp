@@ -5,6 +5,7 @@
 #include <string>
 
 #include "systems/windows/windows_error.h"
+#include "systems/windows/windows_files.h"
 #include "systems/windows/windows_text.h"
 
 namespace trelin {
@@ -38,6 +39,17 @@ void Write(const std::string& sUtf8, DWORD lOutput) {
 }  // namespace
 
 std::string WrittenByUser(const std::string& sPath) { return sPath; }
+
+std::unique_ptr<InputFile> OpenStandardInput() { return OpenWindowsStandardInput(); }
+
+Terminal OutputTerminal() {
+  HANDLE hOutput = GetStdHandle(STD_OUTPUT_HANDLE);
+  DWORD lMode = 0;
+  CONSOLE_SCREEN_BUFFER_INFO info{};
+  if (!GetConsoleMode(hOutput, &lMode) || !GetConsoleScreenBufferInfo(hOutput, &info)) return {};
+  const bool bColors = SetConsoleMode(hOutput, lMode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+  return {info.srWindow.Right - info.srWindow.Left + 1, bColors};
+}
 
 std::string Utf8Of(const std::string& sText) { return FromWide(ToWide(sText), CP_UTF8); }
 

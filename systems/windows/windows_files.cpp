@@ -20,7 +20,8 @@ class WindowsFile : public InputFile {
   std::size_t Read(char* pBuffer, std::size_t nSize) override {
     const auto lSize = static_cast<DWORD>(std::min<std::size_t>(nSize, MAXDWORD));
     DWORD lRead = 0;
-    if (!ReadFile(file_.get(), pBuffer, lSize, &lRead, nullptr))
+    const bool bRead = ReadFile(file_.get(), pBuffer, lSize, &lRead, nullptr) != 0;
+    if (!bRead && GetLastError() != ERROR_BROKEN_PIPE)  // which is the end of a pipe
       throw WindowsError("read the file", sPath_);
     return lRead;
   }
@@ -81,6 +82,14 @@ std::unique_ptr<InputFile> OpenWindowsFile(const std::string& sPath) {
   if (file) return std::make_unique<WindowsFile>(std::move(file), sPath);
   if (IsFolder(sPath)) throw PlatformError(pOperation, sPath, "it is a folder, not a file");
   throw WindowsError(pOperation, sPath, lReason);
+}
+
+std::unique_ptr<InputFile> OpenWindowsStandardInput() {
+  HANDLE hInput = nullptr;
+  if (!DuplicateHandle(GetCurrentProcess(), GetStdHandle(STD_INPUT_HANDLE), GetCurrentProcess(),
+                       &hInput, 0, FALSE, DUPLICATE_SAME_ACCESS))
+    throw WindowsError("open", "the standard input");
+  return std::make_unique<WindowsFile>(HandleOwner(hInput), "the standard input");
 }
 
 std::unique_ptr<FileSearch> SearchWindowsFiles(const std::string& sPath) {

@@ -11,6 +11,9 @@ namespace trelin {
 // open.
 std::unique_ptr<InputFile> OpenWindowsFile(const std::string& sPath);
 
+// The standard input, as a file of its own.
+std::unique_ptr<InputFile> OpenWindowsStandardInput();
+
 // System::Search, by the system's own rules for wildcards and short names.
 std::unique_ptr<FileSearch> SearchWindowsFiles(const std::string& sPath);
 

@@ -14,7 +14,7 @@ std::string Product(const std::string& sCode, const std::string& sRevision,
 
 // A prerequisite, of five lines.
 std::string Needs(const std::string& sCode, const std::string& sRevision) {
-  return "BLOCK DEPENDENCY\nTITLE = " + sCode + "\nPRODUCTCODE = " + sCode +
+  return "BLOCK DEPENDENCY\nTITLE = Product " + sCode + "\nPRODUCTCODE = " + sCode +
          "\nREVISION = " + sRevision + "\nEND\n";
 }
 
@@ -44,7 +44,8 @@ TEST_F(ListChecks, OfProductsAndTheirPrerequisites) {
                              "READMEFILE=readme.exe\n"),
        ""},  // every known key
       {"NAME=x\n" + Product("B", "1") +
-           Product("A", "1", "Titel = x\nBLOCK DEPENDENCY\nTITLE=B\nPRODUCTCODE=B\n =x\nEND\n"),
+           Product("A", "1",
+                   "Titel = x\nBLOCK DEPENDENCY\nTITLE=Product B\nPRODUCTCODE=B\n =x\nEND\n"),
        "2:1 error unknown-key\n14:1 error unknown-key\n18:2 error unknown-key\n"},
       {Product("A", "1", "product=x\nBLOCK DEPENDENCY\nTITLE=x\nPRODUCTCODE=A\nTitle=x\nEND\n"),
        "7:1 warning repeated-key\n10:13 error circle\n11:1 warning repeated-key\n",
@@ -70,12 +71,13 @@ TEST_F(ListChecks, OfProductsAndTheirPrerequisites) {
       {Product("A", "1", Needs("B", "1")), "9:15 warning not-offered\n"},
       {Product("RUNTIME", "1", Needs("RUNTIEM", "1")), "9:15 warning not-offered\n",
        "The code that is nearest to it is \"RUNTIME\"."},
-      {Product("Ab", "1") + Product("C", "1", Needs("aB", "1")), ""},
+      {Product("Ab", "1") + Product("C", "1", Needs("aB", "1")), "14:9 warning other-title\n"},
       {Product("A", "1.0") + Product("B", "1", Needs("A", "1.1")),
        "16:12 error revision-not-offered\n",
        "\"1.1\" is required, but \"Product A\" (line 2) offers \"1.0\""},
       {Product("A", "1.1") + Product("B", "1", Needs("A", "1.0")), ""},
-      {Product("A", "1") + Product("B", "1", "BLOCK DEPENDENCY\nTITLE=A\nPRODUCTCODE=A\nEND\n"),
+      {Product("A", "1") +
+           Product("B", "1", "BLOCK DEPENDENCY\nTITLE=Product A\nPRODUCTCODE=A\nEND\n"),
        ""},  // any revision
       {Product("A", "2.10") + Product("B", "1", Needs("A", "2.9")), "16:12 error revision-order\n",
        "\"2.10\" (line 5) and \"2.9\" (line 16)"},
@@ -86,7 +88,24 @@ TEST_F(ListChecks, OfProductsAndTheirPrerequisites) {
       {Product("A", "2.10") + Product("B", "1", Needs("A", "2.09")), ""},
       {Product("A", "2.10") + Product("B", "2.9"), ""},  // of different products
       {Product("A", "1", Needs("X", "9") + Needs("X", "10")),
-       "9:15 warning not-offered\n14:15 warning not-offered\n15:12 error revision-order\n"},
+       "9:15 warning not-offered\n14:15 warning repeated-prerequisite\n14:15 warning "
+       "not-offered\n15:12 error revision-order\n"},
+      {Product("A", "1") + Product("B", "1", "BLOCK DEPENDENCY\nTITLE=x\nPRODUCTCODE=A\nEND\n"),
+       "14:7 warning other-title\n", "\"x\", but the product that offers it is \"Product A\""},
+      {Product("A", "1") + Product("acheckfile", "1"), "10:15 error code-of-check-file\n",
+       "is \"A\" (line 4) followed by CheckFile"},
+      {Product("A", std::string(255, '1')), ""},
+      {Product("A", std::string(256, '1')), "5:12 error record-too-long\n"},
+      {Product("A", "1") + Product("B", "1", "PRODUCT=Product A\n"),
+       "13:1 warning repeated-key\n13:9 warning repeated-title\n", "in line 3, too"},
+
+      {"; trelin-check: allow no-installer,no-code\nBLOCK APPLICATION\nPRODUCT=A\nEND\n"
+       "BLOCK APPLICATION\nPRODUCT=B\nPRODUCTCODE=B\nREVISION=1\nEND\n",
+       "3:1 warning no-revision\n6:1 warning no-installer\n"},
+      {Product("A", "1", " ;trelin-check:\tallow unknown-key\n\n; x\nX=1\nY=1\n"),
+       "11:1 error unknown-key\n"},
+      {"; trelin-check: allow circle, no-such\n" + Product("A", "1"),
+       "2:23 warning idle-allowance\n2:31 warning idle-allowance\n"},
 
       {Product("A", "1", Needs("A", "1")), "9:15 error circle\n", "A product needs itself: "},
       {Product("A", "1", Needs("B", "1")) + Product("B", "1", Needs("C", "1")) +
@@ -127,22 +146,25 @@ TEST_F(ListChecks, OfOneEntry) {
       {"INSTALLFILE = missing.exe", "3:15 error installer-missing\n"},
       {"INSTALLFILE = My Docs", "3:15 error installer-missing\n"},
       {"INSTALLFILE = setup.exe /q", "3:15 error installer-missing\n", "no arguments"},
-      {"INSTALLFILE = setup.msi", "3:15 warning not-a-program\n", "msiexec"},
+      {"INSTALLFILE = setup.msi", "3:15 error not-a-program\n", "msiexec"},
       {"READMEFILE = readme.exe", ""},
-      {"READMEFILE = readme.exe some text.txt", ""},
-      {"READMEFILE = My Docs\\readme.exe text.txt", ""},
+      {"READMEFILE = readme.exe some readme.txt /x.y", ""},
+      {"READMEFILE = readme.exe gone.txt", "3:14 warning argument-missing\n", "\"gone.txt\""},
+      {"READMEFILE = My Docs\\readme.exe readme.txt", ""},
       {"READMEFILE = missing.exe", "3:14 error read-me-missing\n"},
       {"READMEFILE = C:\\readme.exe", "3:14 error read-me-missing\n", "full path"},
       {"READMEFILE = My Docs\\missing.exe", "3:14 error read-me-missing\n"},
       {"READMEFILE = \"readme.exe\" x", "3:14 error read-me-missing\n"},
-      {"READMEFILE = help it.exe text.txt", "3:14 warning read-me-ambiguous\n"},
+      {"READMEFILE = help it.exe readme.txt", "3:14 warning read-me-ambiguous\n"},
       {"READMEFILE = read me.exe", "3:14 warning read-me-ambiguous\n"},
-      {"READMEFILE = readme.TXT", "3:14 warning not-a-program\n", "opens it"},
+      {"READMEFILE = readme.TXT", "3:14 error not-a-program\n", "opens it"},
 
       {"DESCRIPTION = Pr\xFC\x66stand f\xFCr Z\xE4hne", ""},
       {"DESCRIPTION = \xC0\xC1\xC2 \x80 \x93x\x94 \xB5m \xB0", ""},
       {"DESCRIPTION = Pr\xC3\xBC\x66stand", "3:17 error not-ansi\n", "is UTF-8"},
       {"; Pr\xC3\xBC\x66stand", ""},
+      {"DESCRIPTION = QUALIT\xC9\x99\r\nUNINSTALLNAME = \xFC", ""},
+      {"DESCRIPTION = Pr\xC3\xBC\x66stand\r\nUNINSTALLNAME = \xFC", "3:17 error not-ansi\n"},
       {"DESCRIPTION = a\x81", "3:16 error not-ansi\n", "the code 81"},
       {"DESCRIPTION = a\x01", "3:16 error not-ansi\n", "the control character 01"},
       {"DESCRIPTION = a\tb", ""},

@@ -50,9 +50,11 @@ TEST_F(ListReader, AFaultIsReportedOnce) {
       {"a prerequisite of the list", S + N + E + B + EE, "2:7 error wrong-block\n"},
       {"a product without END", S + A + B + EE, "7:7 error wrong-block\n"},
       {"two products without END", S + A + B + A + EE,
-       "7:7 error wrong-block\n12:7 error wrong-block\n14:13 error repeated-code\n"},
+       "7:7 error wrong-block\n12:7 error wrong-block\n13:9 warning repeated-title\n"
+       "14:13 error repeated-code\n"},
       {"a product in a product", S + A + B + EE + E, "7:7 error wrong-block\n"},
-      {"a prerequisite without END", S + A + N + N + EE + B + EE, "11:7 error wrong-block\n"},
+      {"a prerequisite without END", S + A + N + N + EE + B + EE,
+       "11:7 error wrong-block\n13:13 warning repeated-prerequisite\n"},
       {"a prerequisite in one", S + A + N + N + EE + E + B + EE, "11:7 error wrong-block\n"},
       {"prerequisite and product without END", S + A + N + B + EE, "11:7 error wrong-block\n"},
       {"no END of the list", S + A + E, "1:1 warning missing-end\n"},
@@ -61,6 +63,17 @@ TEST_F(ListReader, AFaultIsReportedOnce) {
       {"a second list", S + E + "BLOCK SETUPLIST\nTITEL = x\n", "3:1 error after-end\n"},
       {"entries behind the end", S + E + "\nTITLE = x\nTITLE = y\n", "4:1 error after-end\n"},
       {"text behind the end", S + E + "the end\n", "3:1 error not-understood\n"},
+      {"a strange block", S + "BLOCK OPTIONS\nLANG=x\nBLOCK X\nEND\nEND\n" + A + EE,
+       "2:7 error wrong-block\n"},
+      {"a list in the list", S + S + "TITLE=x\n" + A + EE + B + EE, "2:7 error wrong-block\n"},
+      {"no word BLOCK", S + "APPLICATION\n" + ARest + "Dependency X\n" + NRest + EE + B + EE,
+       "2:1 error not-understood\n7:1 error not-understood\n"},
+      {"an END too many behind a prerequisite",
+       S + "BLOCK APPLICATION\n" + N + EE + ARest + E + B + EE, "9:1 error after-end\n"},
+      {"the same in the last product", S + B + E + "BLOCK APPLICATION\n" + N + EE + ARest + EE,
+       "15:1 error after-end\n"},
+      {"entries of a product in the list", S + A + E + "IMAGE=\n" + B + EE,
+       "8:1 error unknown-key\n"},
       {"a byte order mark", "\xEF\xBB\xBF" + S + A + EE, "1:1 error byte-order-mark\n"},
       {"a mark before a comment", "\xEF\xBB\xBF; a = b\n" + S + E, "1:1 error byte-order-mark\n"},
       {"UTF-16", {"\xFF\xFE\x42\0L\0O\0C\0K\0", 12}, "1:1 error not-ansi\n"},
@@ -94,8 +107,13 @@ TEST_F(ListReader, TheWordsAreTheLaunchersOwn) {
        FormatResourceString(TextNumber::BlockInDependency, 4, "")},
       {S + "END\nBLOCK x\n", FormatResourceString(TextNumber::AfterTheEnd, 3)},
   };
-  for (const auto& [sText, sMessage] : cases)
-    EXPECT_EQ(Read(sText).list.faults.at(0).sMessage, sMessage);
+  for (const auto& [sText, sMessage] : cases) {
+    const CheckedList list = Read(sText).list;
+    EXPECT_EQ(list.faults.at(0).sMessage + "\n\n", sMessage.substr(0, sMessage.find("\n\n") + 2));
+  }
+  EXPECT_EQ(
+      ReadCheckedList("a.cfg", TheSystem().OpenInput(ProgramPath(folder / "TRELIN.CFG"))).sName,
+      "a.cfg");
 }
 
 TEST_F(ListReader, PlacesAndValues) {

@@ -8,8 +8,8 @@
 namespace trelin {
 namespace {
 
-constexpr Rule UnknownKey = {"unknown-key", ""};
-constexpr Rule MissingText = {"missing-text", ""};
+constexpr Rule UnknownKey = {"unknown-key", "", ""};
+constexpr Rule MissingText = {"missing-text", "", ""};
 
 // One finding in a line with a tab, an umlaut and a quote, and one of a library.
 Results TwoFiles() {
@@ -34,6 +34,12 @@ C:\ENU35000.DLL: warning: Text 35010 is missing. [missing-text]
 1 error, 1 warning
 )");
   EXPECT_EQ(TextReport({}), "0 errors, 0 warnings\n");
+  EXPECT_EQ(TextReport(TwoFiles(), {40, true}),
+            "my suite/TRELIN.CFG:2:2: \x1B[1;31merror\x1B[0m: Unknown\n    \"Pr\u00FC"
+            "f\". Go on. [unknown-key]\n     2 |  \"Pr\u00FC"
+            "f\" = \\x\n       |  ^~~~~~\n       = Try TITLE.\n"
+            "C:\\ENU35000.DLL: \x1B[1;35mwarning\x1B[0m: Text 35010 is\n"
+            "    missing. [missing-text]\n1 error, 1 warning\n");
 }
 
 // Of a long line the part around the place is shown, with the mark under it.
@@ -86,8 +92,8 @@ TEST(Results, SarifNamesFilesByUris) {
   for (const char* pPart :
        {"\"version\": \"2.1.0\"", "\"uri\": \"my%20suite/TRELIN.CFG\"",
         "\"uri\": \"file:///C:/ENU35000.DLL\"", "\"startLine\": 2,", "\"startColumn\": 2,",
-        "\"endColumn\": 8", "\"ruleId\": \"unknown-key\"", "\"level\": \"warning\"",
-        "f\\\".\\u000a\\u000aGo on.\\u000a\\u000aTry TITLE."})
+        "\"endLine\": 2,", "\"endColumn\": 8", "\"ruleId\": \"unknown-key\"",
+        "\"level\": \"warning\"", "f\\\".\\u000a\\u000aGo on.\\u000a\\u000aTry TITLE."})
     EXPECT_NE(sReport.find(pPart), std::string::npos) << pPart;
 }
 
@@ -106,6 +112,7 @@ TEST(Options, AreReadInAnyOrderAndAWrongUseIsNamed) {
       {{"--verbose"}, "The option \"--verbose\" is unknown."},
       {{"--format"}, "The option \"--format\" needs a value."},
       {{"--format", "xml"}, "The format \"xml\" is none of text, json and sarif."},
+      {{"--allow", "x"}, "There is no rule \"x\"."},
       {{"--source="}, "The value of the option \"--source\" is empty."},
       {{"--library", "x", "y"},
        "Either a setup list or a string library can be checked at a time."},

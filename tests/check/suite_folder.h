@@ -40,8 +40,8 @@ class CheckTest : public ::testing::Test {
 
   Suite Read(const std::string& sText) {
     folder.Write("TRELIN.CFG", sText);
-    return {ReadCheckedList(ProgramPath(folder / "TRELIN.CFG")), ProgramPath(folder / ""),
-            ProgramPath(folder / "")};
+    return {ReadCheckedList("TRELIN.CFG", system.OpenInput(ProgramPath(folder / "TRELIN.CFG"))),
+            ProgramPath(folder / ""), ProgramPath(folder / "")};
   }
 
   std::string Check(const std::string& sText) { return Summary(CheckSuite(Read(sText))); }
