@@ -106,6 +106,11 @@ std::int32_t FakeRegistry::SetValue(RegistryKey hKey, const std::string& sName, 
   return MemoryRegistry::SetValue(hKey, sName, lType, pData, lSize);
 }
 
+std::int32_t FakeRegistry::DeleteValue(RegistryKey hKey, const std::string& sName) {
+  if (const auto lFault = Fault("DeleteValue", sName, RegistryAccessDenied)) return *lFault;
+  return MemoryRegistry::DeleteValue(hKey, sName);
+}
+
 LibraryHandle FakeLibraries::Load(const std::string& sPath) {
   loads.push_back(sPath);
   const bool bFails = faults_.Fails("Load", sPath, "RM");

@@ -26,6 +26,7 @@ class FakeRegistry : public MemoryRegistry {
                           std::uint32_t& lSize) override;
   std::int32_t SetValue(RegistryKey hKey, const std::string& sName, std::uint32_t lType,
                         const char* pData, std::uint32_t lSize) override;
+  std::int32_t DeleteValue(RegistryKey hKey, const std::string& sName) override;
   std::string Trouble() const override { return sTrouble_; }
 
  private:
