@@ -13,7 +13,7 @@ namespace trelin {
 namespace {
 
 // What is longer was not typed wrong.
-constexpr std::size_t LongestLine = 1000;
+constexpr std::size_t LongestTyped = 1000;
 
 constexpr std::array Kinds = {BlockKind::SetupList, BlockKind::Application, BlockKind::Dependency};
 
@@ -49,7 +49,7 @@ std::string_view Behind(std::string_view sText, std::string_view sWord, const ch
 
 Statement MeantStatement(std::string_view sLine) {
   const std::string_view sContent = TrimSpaces(sLine);
-  if (sContent.size() > LongestLine) return {};
+  if (sContent.size() > LongestTyped) return {};
   const std::string_view sWord = FirstWord(sContent, " :");
   const std::string_view sRest = Behind(sContent, sWord, " :");
   const std::string sUpper = UpperCase(sWord);

@@ -37,8 +37,6 @@ namespace trelin {
 
 namespace {
 
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
-
 int HexDigit(char c) {
   if (c >= '0' && c <= '9') return c - '0';
   if (c >= 'a' && c <= 'f') return c - 'a' + 10;
@@ -72,14 +70,14 @@ class Reader {
     sLine_ = sText_.substr(0, nEnd);
     sText_.remove_prefix(std::min(nEnd + 1, sText_.size()));
     if (sLine_.ends_with('\r')) sLine_.remove_suffix(1);
-    while (!sLine_.empty() && IsBlank(sLine_.back())) sLine_.remove_suffix(1);
+    sLine_ = sLine_.substr(0, sLine_.find_last_not_of(" \t") + 1);
     SkipBlanks();
     if (sLine_.find('\0') != std::string_view::npos) Fail("there is a NUL character in the line");
     return true;
   }
 
   void SkipBlanks() {
-    while (!sLine_.empty() && IsBlank(sLine_.front())) sLine_.remove_prefix(1);
+    sLine_.remove_prefix(std::min(sLine_.find_first_not_of(" \t"), sLine_.size()));
   }
 
   bool Skip(std::string_view sStart) {

@@ -22,7 +22,7 @@ namespace {
 
 constexpr const char* ReadOperation = "read the registry file";
 
-constexpr std::chrono::milliseconds PauseBetweenTries{1};
+constexpr std::chrono::milliseconds PauseBetweenLockTries{1};
 
 std::int32_t WriteResult(int nReason) {
   switch (nReason) {
@@ -83,7 +83,7 @@ int TakeLock(int hFile, std::chrono::milliseconds longestWait) {
   while (flock(hFile, LOCK_EX | LOCK_NB) != 0) {
     if (errno != EWOULDBLOCK && errno != EINTR) return errno;
     if (std::chrono::steady_clock::now() >= end) return EWOULDBLOCK;
-    std::this_thread::sleep_for(PauseBetweenTries);
+    std::this_thread::sleep_for(PauseBetweenLockTries);
   }
   return 0;
 }
