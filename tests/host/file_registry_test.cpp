@@ -210,7 +210,7 @@ TEST_F(FileRegistryTest, AKilledWriterLeavesAWholeFileToTheNextOne) {
   std::int64_t nLongest = 500'000;  // nanoseconds
   int nWhileWriting = 0;
   int nWritten = 0;
-  for (int i = 0; i < 100; ++i) {
+  for (int i = 0; i < 1000 && (i < 30 || nWhileWriting < 2 || nWritten < 2); ++i) {
     const pid_t nWriter = Start([&] { Set(registry_, hKey, "A", "killed"); });
     siginfo_t ended{};
     while (!isTemporaryThere() && ended.si_pid == 0)

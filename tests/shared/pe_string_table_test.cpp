@@ -44,6 +44,11 @@ TEST(PeStringTable, SurvivesTheShippedLibraryCutOrWithAnyByteOfItsDirectoriesCha
   for (std::size_t nSize = 0; nSize < ShippedLibrary.size(); ++nSize)
     EXPECT_FALSE(PeStringTable::Parse(ShippedLibrary.substr(0, nSize))) << nSize;
 
+  for (const std::size_t nOffset : {0x0, 0x1, 0x78, 0x79, 0x7A, 0x7B}) {  // "MZ" and "PE" 0 0
+    std::string sBad = ShippedLibrary;
+    sBad[nOffset] = 'x';
+    EXPECT_FALSE(PeStringTable::Parse(sBad)) << nOffset;
+  }
   for (std::size_t nOffset = 0; nOffset < 0x600; ++nOffset) {
     for (char c : {'\0', '\x7F', '\xFF'}) {
       std::string sBad = ShippedLibrary;
