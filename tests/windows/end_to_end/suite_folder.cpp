@@ -72,6 +72,7 @@ std::filesystem::path BuildFolder() {
 SuiteFolder::SuiteFolder()
     : folder_(std::filesystem::temp_directory_path() /
               ("Trelin suite " + std::to_string(GetCurrentProcessId()))) {
+  std::filesystem::remove_all(folder_);  // of a run that was killed
   std::filesystem::create_directory(folder_);
   for (const char* sName : {"trelin.exe", "ENU35000.DLL", "readme.exe"})
     std::filesystem::copy(BuildFolder() / sName, folder_ / sName);
