@@ -129,7 +129,7 @@ TEST_P(RegistryTrees, RemovesTheRegistrationOfAComponent) {
             "[" + sNames + "P v=1 " + leads("Clsid", c.sClass) + "] [CLSID [" + sNames + "C v=1 " +
                 leads("TypeLib", c.sLibrary) + "]] [TypeLib [" + sNames + "L v=1]]");
     for (const auto& [cKey, sKey] : keys)
-      if (cKey == c.cStuck) registry_.CloseKey(Create(Classes, sKey + "\\Stuck\\" + sUnseen));
+      if (cKey == c.cStuck) PutTree(registry_, Classes, "[" + sKey + " [Stuck [" + sUnseen + "]]]");
 
     RegEntry::RemoveProgID(sNames + "Nobody");
     RegEntry::RemoveProgID(sNames + "P");
