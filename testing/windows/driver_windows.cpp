@@ -19,7 +19,10 @@ namespace trelin {
 namespace {
 
 constexpr UINT PollMilliseconds = 10;
-constexpr int LongestTooltipDelay = 100;  // milliseconds, once it is told to come at once
+// Milliseconds, once it is told to come at once; and how often they are waited for on
+// a busy machine.
+constexpr int TooltipDelay = 100;
+constexpr int MostTooltipDelays = 10;
 
 // In the order of Key; the keypad's Enter is told by a flag.
 constexpr WORD VirtualKeys[] = {VK_RETURN, VK_RETURN, VK_ESCAPE, VK_TAB,  VK_TAB,  VK_SPACE,
@@ -306,9 +309,11 @@ std::string Driver::TooltipOver(const Control& control) {
   SetCursorPos(middle.x, middle.y);  // where a tooltip looks for it
   MovePointer({middle.x + 1, middle.y});
   MovePointer(middle);
-  PumpMessagesFor(LongestTooltipDelay);
   HWND hTooltip = nullptr;
-  EnumThreadWindows(GetCurrentThreadId(), FindTooltip, reinterpret_cast<LPARAM>(&hTooltip));
+  for (int n = 0; n < MostTooltipDelays && hTooltip == nullptr; ++n) {
+    PumpMessagesFor(TooltipDelay);
+    EnumThreadWindows(GetCurrentThreadId(), FindTooltip, reinterpret_cast<LPARAM>(&hTooltip));
+  }
   const std::string sText = hTooltip != nullptr ? WindowCaption(hTooltip) : "";
   RECT place{};
   GetWindowRect(hTooltip, &place);

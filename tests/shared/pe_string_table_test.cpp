@@ -44,7 +44,7 @@ TEST(PeStringTable, SurvivesTheShippedLibraryCutOrWithAnyByteOfItsDirectoriesCha
   for (std::size_t nSize = 0; nSize < ShippedLibrary.size(); ++nSize)
     EXPECT_FALSE(PeStringTable::Parse(ShippedLibrary.substr(0, nSize))) << nSize;
 
-  for (const std::size_t nOffset : {0x0, 0x1, 0x78, 0x79, 0x7A, 0x7B}) {  // "MZ" and "PE" 0 0
+  for (const std::size_t nOffset : {0x0U, 0x1U, 0x78U, 0x79U, 0x7AU, 0x7BU}) {  // "MZ" and "PE" 0 0
     std::string sBad = ShippedLibrary;
     sBad[nOffset] = 'x';
     EXPECT_FALSE(PeStringTable::Parse(sBad)) << nOffset;
