@@ -59,7 +59,7 @@ bool HasEndTooMany(const Findings& faults) {
 Findings RunChecks(const Suite& suite) {
   Findings findings;
   for (const auto& checks : {LineChecks(), KeyChecks(), CodeChecks()}) {
-    for (const Check& check : checks) {
+    for (const auto& check : checks) {
       Report report(check.pRule, findings);
       check.run(suite, report);
     }
