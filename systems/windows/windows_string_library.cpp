@@ -44,9 +44,9 @@ LibraryHandle WindowsStringLibraryLoader::Load(const std::string& sPath) {
 
 std::int32_t WindowsStringLibraryLoader::LoadText(LibraryHandle hLibrary, std::int32_t lId,
                                                   char* pBuffer, std::int32_t lSize) {
-  const ModuleOwner* const pModule = libraries_.Begin(hLibrary, pBuffer, lSize);
-  if (pModule == nullptr) return 0;
-  return LoadStringA(pModule->get(), static_cast<std::uint16_t>(lId), pBuffer, lSize);
+  if (const ModuleOwner* pModule = libraries_.Begin(hLibrary, pBuffer, lSize))
+    return LoadStringA(pModule->get(), static_cast<std::uint16_t>(lId), pBuffer, lSize);
+  return 0;
 }
 
 }  // namespace trelin
