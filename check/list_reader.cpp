@@ -1,6 +1,5 @@
 #include "check/list_reader.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <utility>
@@ -121,7 +120,7 @@ class StructureReader {
  private:
   struct OpenBlock {
     std::size_t nBlock = 0;
-    bool bStrange = false;                             // its type comes near to no other
+    bool bStrange = false;  // neither its type nor an entry tells what it is
     std::optional<std::size_t> nFault = std::nullopt;  // that reports its type
   };
 
@@ -177,7 +176,7 @@ class StructureReader {
   void Close() {
     ListBlock& block = Innermost();
     block.lLastLine = AtEnd() ? list_.lines.Count() : NextLine();
-    if (IsStrange()) block.kind = BlockKind::Unknown;
+    if (open_.back().bStrange) block.kind = BlockKind::Unknown;
     if (block.kind == BlockKind::Application) nLastProduct_ = open_.back().nBlock;
     if (const auto nFault = open_.back().nFault) {
       std::string& sHint = list_.faults[*nFault].sHint;
@@ -187,14 +186,6 @@ class StructureReader {
                     : std::string("It is read as a block ") + NameOf(block.kind) + ".";
     }
     open_.pop_back();
-  }
-
-  // Whether nothing tells what the innermost block is meant to be.
-  bool IsStrange() {
-    const ListBlock& block = Innermost();
-    return open_.back().bStrange &&
-           std::none_of(block.entries.begin(), block.entries.end(),
-                        [&](const ListStatement* p) { return IsKeyOf(block.kind, p->sKey); });
   }
 
   void ReadStatement() {
@@ -214,6 +205,7 @@ class StructureReader {
                             !IsKeyOf(BlockKind::SetupList, sKey) &&
                             IsKeyOf(BlockKind::Application, sKey);
     if (bOfProduct && depths_.HasEndTooMany(nNext_, open_.size())) ReopenProduct();
+    if (IsKeyOf(Innermost().kind, sKey)) open_.back().bStrange = false;
     Innermost().entries.push_back(&Next());
   }
 
@@ -248,7 +240,7 @@ class StructureReader {
       const bool bEndMissing =
           ClosesBlock(around.kind, sMeant) && !depths_.IsNested(nNext_, open_.size());
       opened.bStrange = sMeant.empty();
-      if (!IsStrange()) {
+      if (!open_.back().bStrange) {
         opened.nFault = list_.faults.size();
         ReportInner(around, bEndMissing);
       }
