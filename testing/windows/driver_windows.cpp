@@ -305,12 +305,14 @@ void Driver::Act(const Control& control) {
 
 std::string Driver::TooltipOver(const Control& control) {
   const POINT middle = MiddleOf(HandleOf(control));
-  EnumThreadWindows(GetCurrentThreadId(), HurryTooltip, 0);
-  SetCursorPos(middle.x, middle.y);  // where a tooltip looks for it
-  MovePointer({middle.x + 1, middle.y});
-  MovePointer(middle);
   HWND hTooltip = nullptr;
+  // On a busy machine news of an earlier move of the cursor may come only now:
+  // each turn moves it again.
   for (int n = 0; n < MostTooltipDelays && hTooltip == nullptr; ++n) {
+    EnumThreadWindows(GetCurrentThreadId(), HurryTooltip, 0);
+    SetCursorPos(middle.x, middle.y);  // where a tooltip looks for it
+    MovePointer({middle.x + 1, middle.y});
+    MovePointer(middle);
     PumpMessagesFor(TooltipDelay);
     EnumThreadWindows(GetCurrentThreadId(), FindTooltip, reinterpret_cast<LPARAM>(&hTooltip));
   }
