@@ -15,20 +15,16 @@
 
 namespace trelin {
 
-namespace {
-
-struct ImageListCloser {
-  void operator()(HIMAGELIST hList) const { ImageList_Destroy(hList); }
-};
-using ImageListOwner = std::unique_ptr<std::remove_pointer_t<HIMAGELIST>, ImageListCloser>;
-
-}  // namespace
-
 // The common controls' image list knows its images by number.
 struct ImageList::Native {
+  struct Closer {
+    void operator()(HIMAGELIST hList) const { ImageList_Destroy(hList); }
+  };
+  using Owner = std::unique_ptr<std::remove_pointer_t<HIMAGELIST>, Closer>;
+
   std::int16_t nWidth, nHeight;
   std::uint32_t mask;  // as an opaque pixel
-  ImageListOwner list;
+  Owner list;
   std::map<std::string, int> numbers;
 };
 
@@ -57,7 +53,7 @@ ImageList::ImageList(std::int16_t nWidthPixels, std::int16_t nHeightPixels, Colo
           Native{nWidthPixels,
                  nHeightPixels,
                  ToPixel(mask),
-                 ImageListOwner(
+                 ImageList::Native::Owner(
                      ImageList_Create(nWidthPixels, nHeightPixels, ILC_COLOR32 | ILC_MASK, 0, 8)),
                  {}})) {}
 

@@ -57,7 +57,7 @@ bool IsUp(QWidget* pWindow) {
 }
 
 // The window that is in use: the one opened last.
-QWidget* UsedWindow() {
+QWidget* UsedWidget() {
   if (QWidget* pWindow = QApplication::activeWindow())
     return IsExposed(pWindow) ? pWindow : nullptr;
   if (QWidget* pWindow = QApplication::activeModalWidget(); pWindow && IsUp(pWindow))
@@ -69,7 +69,7 @@ QWidget* UsedWindow() {
 }
 
 void SendKey(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-  QWidget* const pWindow = UsedWindow();
+  QWidget* const pWindow = UsedWidget();
   ASSERT_NE(pWindow, nullptr) << "no window takes a key";
   QTest::keyClick(pWindow->windowHandle(), key, modifiers);
 }
@@ -89,7 +89,7 @@ Rgb ToRgb(const QColor& color) { return {color.red(), color.green(), color.blue(
 
 DriverSystem::Window DriverSystem::WindowOf(const Form& form) { return &Area(form); }
 
-DriverSystem::Window DriverSystem::UsedWindow() { return trelin::UsedWindow(); }
+DriverSystem::Window DriverSystem::UsedWindow() { return UsedWidget(); }
 
 bool DriverSystem::IsOpen(Window window) {
   for (const QWidget* pWindow : QApplication::topLevelWidgets())
@@ -123,12 +123,12 @@ void DriverSystem::KeepTicking(void (*tick)()) {
 }
 
 std::string Driver::MessageText() {
-  const auto* pBox = qobject_cast<QMessageBox*>(UsedWindow());
+  const auto* pBox = qobject_cast<QMessageBox*>(UsedWidget());
   return pBox != nullptr ? FromQString(pBox->text()) : "";
 }
 
 void Driver::Answer(MessageAnswer button) {
-  const auto* pBox = qobject_cast<QMessageBox*>(UsedWindow());
+  const auto* pBox = qobject_cast<QMessageBox*>(UsedWidget());
   ASSERT_NE(pBox, nullptr) << "no message box is in use";
   const QAbstractButton* pButton = pBox->button(button == MessageAnswer::Yes  ? QMessageBox::Yes
                                                 : button == MessageAnswer::No ? QMessageBox::No
@@ -190,8 +190,8 @@ std::string Driver::FrameOf(const Form& form) {
 }
 
 void Driver::CloseWindow() {
-  ASSERT_NE(UsedWindow(), nullptr) << "no window is in use";
-  UsedWindow()->close();
+  ASSERT_NE(UsedWidget(), nullptr) << "no window is in use";
+  UsedWidget()->close();
 }
 
 std::string Driver::ReadText(const Control& control) {

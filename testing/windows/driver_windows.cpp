@@ -45,7 +45,7 @@ BOOL CALLBACK FindVisible(HWND hWindow, LPARAM pFound) {
 }
 
 // The window that is in use: the one opened last.
-HWND UsedWindow() {
+HWND UsedHandle() {
   HWND hWindow = GetActiveWindow();
   if (hWindow == nullptr || !IsWindowVisible(hWindow)) {
     hWindow = nullptr;
@@ -183,7 +183,7 @@ PixelRect PlaceIn(HWND hContainer, HWND hWindow, RECT rect) {
 
 DriverSystem::Window DriverSystem::WindowOf(const Form& form) { return HandleOf(form); }
 
-DriverSystem::Window DriverSystem::UsedWindow() { return trelin::UsedWindow(); }
+DriverSystem::Window DriverSystem::UsedWindow() { return UsedHandle(); }
 
 bool DriverSystem::IsOpen(Window window) { return IsWindowVisible(static_cast<HWND>(window)); }
 
@@ -214,13 +214,13 @@ void DriverSystem::KeepTicking(void (*tick)()) {
 
 std::string Driver::MessageText() {
   std::string sText;
-  if (IsMessageBox(UsedWindow()))
-    EnumChildWindows(UsedWindow(), FindText, reinterpret_cast<LPARAM>(&sText));
+  if (IsMessageBox(UsedHandle()))
+    EnumChildWindows(UsedHandle(), FindText, reinterpret_cast<LPARAM>(&sText));
   return sText;
 }
 
 void Driver::Answer(MessageAnswer button) {
-  const HWND hBox = UsedWindow();
+  const HWND hBox = UsedHandle();
   ASSERT_TRUE(IsMessageBox(hBox)) << "no message box is in use";
   const HWND hButton = GetDlgItem(hBox, static_cast<int>(button));
   ASSERT_NE(hButton, nullptr) << "the message box has no such button";
@@ -285,8 +285,8 @@ std::string Driver::FrameOf(const Form& form) {
 }
 
 void Driver::CloseWindow() {
-  ASSERT_NE(UsedWindow(), nullptr) << "no window is in use";
-  PostMessageA(UsedWindow(), WM_SYSCOMMAND, SC_CLOSE, 0);
+  ASSERT_NE(UsedHandle(), nullptr) << "no window is in use";
+  PostMessageA(UsedHandle(), WM_SYSCOMMAND, SC_CLOSE, 0);
   PumpMessages();
 }
 

@@ -10,7 +10,7 @@ namespace {
 
 using LibraryCheck = CheckTest;
 
-const std::string ShippedLibrary = FileBytes(TRELIN_BUILD_DIR "/ENU35000.DLL");
+const std::string CheckedLibrary = FileBytes(TRELIN_BUILD_DIR "/ENU35000.DLL");
 
 TEST(Libraries, AreComparedWithTheProgramsOwn) {
   // A small program's own texts, with each kind of them.
@@ -72,15 +72,15 @@ TEST(Libraries, TheShippedOneHasTheTextsThatTheProgramAsksFor) {
   LibraryTexts asked, shipped;
   for (const auto& [lId, sText] : platform.libraries.Own())
     asked[static_cast<std::uint16_t>(lId)] = {sText.begin(), sText.end()};
-  const auto table = PeStringTable::Parse(ShippedLibrary);
+  const auto table = PeStringTable::Parse(CheckedLibrary);
   for (std::uint16_t n = 35000; n < 36000; ++n)
     if (!table->Text(n).empty()) shipped[n] = table->Text(n);
   EXPECT_EQ(Summary(CompareLibraries(asked, shipped)), "");
 }
 
 TEST_F(LibraryCheck, TheProgramsOwnIsCleanAndADamagedOneIsNamed) {
-  folder.Write("own.dll", ShippedLibrary);
-  folder.Write("cut.dll", ShippedLibrary.substr(0, ShippedLibrary.size() / 2));
+  folder.Write("own.dll", CheckedLibrary);
+  folder.Write("cut.dll", CheckedLibrary.substr(0, CheckedLibrary.size() / 2));
   EXPECT_EQ(Summary(CheckLibrary(ProgramPath(folder / "own.dll"))), "");
   EXPECT_EQ(Summary(CheckLibrary(ProgramPath(folder / "cut.dll"))), "0:1 error library-damaged\n");
   EXPECT_THROW(CheckLibrary(ProgramPath(folder / "none.dll")), PlatformError);

@@ -9,8 +9,8 @@ namespace trelin {
 namespace {
 
 const std::string Header = "Windows Registry Editor Version 5.00\n";
-const std::string Key = Header + "[HKEY_LOCAL_MACHINE\\K]\n";
-const std::string Value = Key + "\"v\"=";
+const std::string WithKey = Header + "[HKEY_LOCAL_MACHINE\\K]\n";
+const std::string WithValue = WithKey + "\"v\"=";
 
 std::string Utf16(const std::string& sAscii, bool bHighByteFirst) {
   std::string sBytes = bHighByteFirst ? "\xFE\xFF" : "\xFF\xFE";
@@ -25,20 +25,20 @@ TEST(RegistryFile, ReadsEveryFormOfAValue) {
     std::uint32_t lType;
     std::string sData;
   } cases[] = {
-      {Key + "\"V\"=\"C:\\\\a \\\"b\\\"\"\r\n", 1, "C:\\a \"b\""},
-      {Key + "  \"v\" =\t\" x \" ; comment", 1, " x "},
-      {Value + "\"\xC3\xA4\xE2\x82\xAC\xC2\x81\"", 1, "\xE4\x80\x81"},
-      {Value + "dword:0000abCD", 4, std::string("\xCD\xAB\0\0", 4)},
-      {Value + "hex:", 3, ""},
-      {Value + "hex:01,fF,\\\r\n  00, \\\n\t7f", 3, std::string("\1\xFF\0\x7F", 4)},
-      {Value + "hex(b):01,00", 11, std::string("\1\0", 2)},
-      {Value + "hex(7):61,00,ac,20,00,00", 7, std::string("a\x80\0", 3)},
-      {Value + "\"first\"\n; [HKEY_USERS]\n\n\"v\"=\"last\"", 1, "last"},
-      {Value + "\"x\"\n[HKEY_USERS\\K]\n[HKEY_LOCAL_MACHINE\\k]\n@=\"y\"", 1, "x"},
+      {WithKey + "\"V\"=\"C:\\\\a \\\"b\\\"\"\r\n", 1, "C:\\a \"b\""},
+      {WithKey + "  \"v\" =\t\" x \" ; comment", 1, " x "},
+      {WithValue + "\"\xC3\xA4\xE2\x82\xAC\xC2\x81\"", 1, "\xE4\x80\x81"},
+      {WithValue + "dword:0000abCD", 4, std::string("\xCD\xAB\0\0", 4)},
+      {WithValue + "hex:", 3, ""},
+      {WithValue + "hex:01,fF,\\\r\n  00, \\\n\t7f", 3, std::string("\1\xFF\0\x7F", 4)},
+      {WithValue + "hex(b):01,00", 11, std::string("\1\0", 2)},
+      {WithValue + "hex(7):61,00,ac,20,00,00", 7, std::string("a\x80\0", 3)},
+      {WithValue + "\"first\"\n; [HKEY_USERS]\n\n\"v\"=\"last\"", 1, "last"},
+      {WithValue + "\"x\"\n[HKEY_USERS\\K]\n[HKEY_LOCAL_MACHINE\\k]\n@=\"y\"", 1, "x"},
       {Header + "[hkey_local_MACHINE\\k]\n\"v\"=\"\"", 1, ""},
-      {"\xEF\xBB\xBF" + Value + "\"\"", 1, ""},
-      {Utf16(Value + "\"x\"", true), 1, "x"},
-      {Utf16(Value + "\"", false) + "\xAC\x20\"" + '\0', 1, "\x80"},
+      {"\xEF\xBB\xBF" + WithValue + "\"\"", 1, ""},
+      {Utf16(WithValue + "\"x\"", true), 1, "x"},
+      {Utf16(WithValue + "\"", false) + "\xAC\x20\"" + '\0', 1, "\x80"},
   };
   for (const auto& c : cases) {
     const auto tree = ReadRegistryText(c.sFile, "test.reg");
@@ -69,7 +69,7 @@ TEST(RegistryFile, SaysWhatIsWrong) {
   const std::pair<std::string, std::string> cases[] = {
       {"", "1: " + sFirst},
       {Header + "\"v\"=\"x\"", "2: a value must stand below the line of its key"},
-      {Key + "v=\"x\"", "3: " + sLine},
+      {WithKey + "v=\"x\"", "3: " + sLine},
       {Header + "[HKEY_USERS\\K", "2: the key's closing bracket is missing"},
       {Header + "[HKEY_USERS] ;", "2: nothing may follow the key's closing bracket"},
       {Header + "[HKEY_USERS\\]", "2: " + sLevel},
@@ -81,31 +81,32 @@ TEST(RegistryFile, SaysWhatIsWrong) {
        "2: a key's name has more than 255 characters"},
       {sDeep + "]", "none"},
       {sDeep + "\\k]", "2: the key lies more than 512 levels deep"},
-      {Key + '"' + std::string(16383, 'v') + "\"=\"\"", "none"},
-      {Key + '"' + std::string(16384, 'v') + "\"=\"\"",
+      {WithKey + '"' + std::string(16383, 'v') + "\"=\"\"", "none"},
+      {WithKey + '"' + std::string(16384, 'v') + "\"=\"\"",
        "3: the value's name has more than 16383 characters"},
-      {Key + "\"v=\n\n", "3: the text's closing quotation mark is missing"},
-      {Key + "\"v\" \"x\"", "3: an equals sign must follow the value's name"},
-      {Value + "-", "3: a value cannot be deleted with =- here; remove its line from the file"},
-      {Value + "x", "3: " + sForm},
-      {Value + "\"C:\\dir\"",
+      {WithKey + "\"v=\n\n", "3: the text's closing quotation mark is missing"},
+      {WithKey + "\"v\" \"x\"", "3: an equals sign must follow the value's name"},
+      {WithValue + "-", "3: a value cannot be deleted with =- here; remove its line from the file"},
+      {WithValue + "x", "3: " + sForm},
+      {WithValue + "\"C:\\dir\"",
        "3: in a text, a backslash is written twice and a quotation mark as \\\""},
-      {Value + "dword:12 34", "3: only a comment may follow the value"},
-      {Value + "dword:123456789", "3: a dword has one to eight hexadecimal digits"},
-      {Value + "hex(x):01", "3: " + sDigits},
-      {Value + "hex(1:01", "3: " + sDigits},
-      {Value + "hex:01,\\\n", "4: the bytes go on after the backslash, but the file ends"},
-      {Value + "hex:01,\\\n\"w\"=\"\"", "4: " + sHex},
-      {Value + "hex:0", "3: " + sHex},
-      {Value + "hex:012", "3: " + sHex},
-      {Value + "hex(1):61", "3: " + sOdd},
-      {Value + '"' + '\0', "3: there is a NUL character in the line"},
-      {Value + "\"\xC3\xA4\xCE\xA9\"",
+      {WithValue + "dword:12 34", "3: only a comment may follow the value"},
+      {WithValue + "dword:123456789", "3: a dword has one to eight hexadecimal digits"},
+      {WithValue + "hex(x):01", "3: " + sDigits},
+      {WithValue + "hex(1:01", "3: " + sDigits},
+      {WithValue + "hex:01,\\\n", "4: the bytes go on after the backslash, but the file ends"},
+      {WithValue + "hex:01,\\\n\"w\"=\"\"", "4: " + sHex},
+      {WithValue + "hex:0", "3: " + sHex},
+      {WithValue + "hex:012", "3: " + sHex},
+      {WithValue + "hex(1):61", "3: " + sOdd},
+      {WithValue + '"' + '\0', "3: there is a NUL character in the line"},
+      {WithValue + "\"\xC3\xA4\xCE\xA9\"",
        "3: the character U+03A9 is not in the code page Windows-1252"},
-      {Key + "\n\"v\"=\"\xE4\"", "4: there are bytes that are no UTF-8; save the file as UTF-8"},
-      {Utf16(Key, true) + "\xD8\x3D\xDE" + '\0',
+      {WithKey + "\n\"v\"=\"\xE4\"",
+       "4: there are bytes that are no UTF-8; save the file as UTF-8"},
+      {Utf16(WithKey, true) + "\xD8\x3D\xDE" + '\0',
        "3: the character U+1F600 is not in the code page Windows-1252"},
-      {Utf16(Key, false) + "x", "3: the file is UTF-16 but ends in the middle of a character"},
+      {Utf16(WithKey, false) + "x", "3: the file is UTF-16 but ends in the middle of a character"},
   };
   const std::string sBegin = "Could not read the registry file \"test.reg\": line ";
   for (const auto& [sFile, sReason] : cases)

@@ -6,12 +6,12 @@
 namespace trelin {
 namespace {
 
-const std::string ShippedLibrary = ProgramPath(TRELIN_BUILD_DIR) + "\\Enu35000.dll";
+const std::string ShippedPath = ProgramPath(TRELIN_BUILD_DIR) + "\\Enu35000.dll";
 
 TEST(StringLibrary, CopiesACutTextAndForgetsAFreedLibrary) {
   RealLibraries loader;
-  const LibraryHandle hFreed = loader.Load(ShippedLibrary);
-  const LibraryHandle hLibrary = loader.Load(ShippedLibrary);
+  const LibraryHandle hFreed = loader.Load(ShippedPath);
+  const LibraryHandle hLibrary = loader.Load(ShippedPath);
   loader.Free(hFreed);
   const std::string sText = "Trelin Setup";
   for (const auto& [hAsked, lId, lSize, sExpected] : {std::tuple(hLibrary, 35014, 64, sText),

@@ -7,11 +7,11 @@
 namespace trelin {
 namespace {
 
-using Names = std::multiset<std::string>;
+using NameCounts = std::multiset<std::string>;
 
-Names Found(const std::string& sPath) {
+NameCounts Found(const std::string& sPath) {
   const auto search = RealSystem().Search(sPath);
-  Names names;
+  NameCounts names;
   while (const auto sName = search->Next()) names.insert(*sName);
   return names;
 }
@@ -20,7 +20,7 @@ TEST(SystemTest, FindsNormalFilesByPattern) {
   const TemporaryFolder folder;
   for (const char* sName : {"Setup.exe", "setup2.EXE", "Plain", "Disk1/\u00e9t\u00e9.txt"})
     folder.Write(sName, "");
-  const std::pair<const char*, Names> cases[] = {
+  const std::pair<const char*, NameCounts> cases[] = {
       {"*.*", {"Setup.exe", "setup2.EXE", "Plain"}},
       {"s*p*.e*e", {"Setup.exe", "setup2.EXE"}},
       {"setup?.exe", {"setup2.EXE"}},
@@ -33,7 +33,7 @@ TEST(SystemTest, FindsNormalFilesByPattern) {
   for (const auto& [sPattern, names] : cases)
     EXPECT_EQ(Found(ProgramPath(folder / "") + sPattern), names) << sPattern;
   for (const char* sName : {"", " ", "setup*x", "setup.exe/ ", "Disk1", "Gone/*"})
-    EXPECT_EQ(Found(ProgramPath(folder / sName)), Names{}) << sName;
+    EXPECT_EQ(Found(ProgramPath(folder / sName)), NameCounts{}) << sName;
   EXPECT_THROW(Found(std::string("Plain\0x", 7)), PlatformError);
 }
 

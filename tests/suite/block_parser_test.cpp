@@ -5,13 +5,13 @@
 namespace trelin {
 namespace {
 
-const std::string sFile = "C:\\list.cfg";
+const std::string sListFile = "C:\\list.cfg";
 
 class BlockParserTest : public ProgramTest {
  protected:
   void Open(const std::string& sText) {
-    system.files[sFile] = sText;
-    parser.OpenFile(sFile, false);
+    system.files[sListFile] = sText;
+    parser.OpenFile(sListFile, false);
   }
 
   // The next token in words: "block TYPE|name", "end", "KEY=value", "eof" or
