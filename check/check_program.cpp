@@ -1,20 +1,27 @@
 // trelin-check: everything that is wrong with a setup list, at once.
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdlib>
+#include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <utility>
 
 #include "check/checks.h"
+#include "check/encoding.h"
 #include "check/library_check.h"
 #include "check/list_reader.h"
+#include "check/mend.h"
+#include "check/new_suite.h"
 #include "check/options.h"
 #include "check/results.h"
 #include "check/version.h"
 #include "seam/console.h"
 #include "seam/platform.h"
 #include "seam/platform_error.h"
+#include "shared/read_file.h"
 #include "shared/start_paths.h"
 #include "texts/paths.h"
 #include "texts/string_resources.h"
@@ -45,19 +52,30 @@ void RequireFolder(const std::string& sFolder) {
 
 bool IsStandardInput(const std::string& sPath) { return sPath == "-"; }
 
-CheckedList ReadList(const std::string& sPath) {
-  if (IsStandardInput(sPath)) return ReadCheckedList(StandardInputName, OpenStandardInput());
-  return ReadCheckedList(sPath.substr(sPath.find_last_of("\\/") + 1), TheSystem().OpenInput(sPath));
+std::unique_ptr<InputFile> OpenList(const std::string& sPath) {
+  return IsStandardInput(sPath) ? OpenStandardInput() : TheSystem().OpenInput(sPath);
 }
 
-CheckedFile CheckList(const std::string& sPath, const std::string& sSourceFolder) {
+std::string NameOf(const std::string& sPath) {
+  return IsStandardInput(sPath) ? StandardInputName : sPath.substr(sPath.find_last_of("\\/") + 1);
+}
+
+std::string ShownName(const std::string& sPath) {
+  return IsStandardInput(sPath) ? StandardInputName : Shown(sPath);
+}
+
+Suite SuiteOf(const std::string& sPath, const std::string& sSourceFolder) {
   Suite suite;
   suite.sFolder = FolderOf(sPath);
   suite.sSourceFolder = sSourceFolder.empty() ? suite.sFolder : sSourceFolder;
-  suite.list = ReadList(sPath);
+  return suite;
+}
+
+CheckedFile CheckList(const std::string& sPath, const std::string& sSourceFolder) {
+  Suite suite = SuiteOf(sPath, sSourceFolder);
+  suite.list = ReadCheckedList(NameOf(sPath), OpenList(sPath));
   Findings findings = CheckSuite(suite);
-  return {IsStandardInput(sPath) ? StandardInputName : Shown(sPath), std::move(findings),
-          std::move(suite.list.lines)};
+  return {ShownName(sPath), std::move(findings), std::move(suite.list.lines)};
 }
 
 // A suite that has a string library of its own ships it.
@@ -133,6 +151,11 @@ std::string SuiteFolder(const Options& options) {
   return StartPathTests().isFolder(options.sPath) ? options.sPath : FolderOf(options.sPath);
 }
 
+std::string ListOf(const Options& options) {
+  return StartPathTests().isFolder(options.sPath) ? InFolder(options.sPath, ListName)
+                                                  : options.sPath;
+}
+
 // Tells that nothing could be checked; who uploads a SARIF file has one to upload.
 int Fail(const Options& options, const std::string& sReason) {
   if (options.format == ReportFormat::Sarif) WriteOutput(SarifFailure(sReason));
@@ -146,10 +169,44 @@ void RemoveAllowed(Findings& findings, const std::vector<std::string>& rules) {
   });
 }
 
+Manuscript MendedList(const std::string& sPath, const Options& options) {
+  const auto sFile = ReadWholeFile(*OpenList(sPath));
+  if (!sFile)
+    throw PlatformError("read the setup list", ShownName(sPath), "it has more than 64 MB");
+  Suite suite = SuiteOf(sPath, options.sSourceFolder);
+  suite.list.sName = NameOf(sPath);
+  return Mend(*sFile, suite);
+}
+
+void FixList(const std::string& sPath, const Options& options) {
+  const Manuscript mended = MendedList(sPath, options);
+  const std::size_t nChanged = mended.ChangedLines();
+  if (nChanged == 0) return;
+  ReplaceWholeFile(sPath, mended.Text());
+  if (options.format == ReportFormat::Text)
+    WriteOutput(Utf8Of(ShownName(sPath)) + ": " + std::to_string(nChanged) +
+                (nChanged == 1 ? " line has been mended.\n" : " lines have been mended.\n"));
+}
+
+// The bytes of both files, or letters where somebody reads them.
+int ShowDiff(const std::string& sPath, const Options& options) {
+  const std::string sDiff = MendedList(sPath, options).Diff(ShownName(sPath));
+  WriteOutput(OutputTerminal().lColumns > 0 && !IsUtf8(sDiff) ? Utf8Of(sDiff) : sDiff);
+  return sDiff.empty() ? 0 : 1;
+}
+
+int WriteRecords(const std::string& sPath, const Options& options) {
+  WriteOutput(RecordsOf(ReadCheckedList(NameOf(sPath), OpenList(sPath)), options.states));
+  return 0;
+}
+
 int RunChecks(const Options& options) {
   SuiteLibraries libraries(TheStringLibraries(), SuiteFolder(options));
   const PlatformScope scope({&TheRegistry(), &libraries, &TheSystem()});
   OpenStringResources();
+  if (!options.states.empty()) return WriteRecords(ListOf(options), options);
+  if (options.bDiff) return ShowDiff(ListOf(options), options);
+  if (options.bFix) FixList(ListOf(options), options);
   Results results = CheckWhatIsAsked(options);
   for (CheckedFile& file : results) RemoveAllowed(file.findings, options.allowed);
   FreeResourceLibraries();
@@ -167,10 +224,13 @@ int RunCommand(const std::vector<std::string>& arguments) {
     options = ParseOptions(arguments);
     if (options.bHelp) return WriteOutput(HelpText()), 0;
     if (options.bVersion) return WriteOutput(std::string("trelin-check ") + Version + "\n"), 0;
+    if (options.bNew) return WriteNewSuite(options.sPath), 0;
     return RunChecks(options);
   } catch (const UsageError& error) {
     WriteErrorOutput("trelin-check: " + Utf8Of(error.what()) + "\nTry trelin-check --help.\n");
     return FailureCode;
+  } catch (const std::invalid_argument& error) {
+    return Fail(options, error.what());
   } catch (const PlatformError& error) {
     return Fail(options, error.what());
   }

@@ -22,11 +22,14 @@ class Report {
  public:
   Report(const Rule* pRule, Findings& findings) : pRule_(pRule), findings_(findings) {}
 
-  void Error(const Place& place, std::string sMessage, std::string sHint = "") {
-    findings_.push_back({pRule_, Severity::Error, place, std::move(sMessage), std::move(sHint)});
+  // Give the finding, until the next one.
+  Finding& Error(const Place& place, std::string sMessage, std::string sHint = "") {
+    return findings_.emplace_back(
+        Finding{pRule_, Severity::Error, place, std::move(sMessage), std::move(sHint)});
   }
-  void Warn(const Place& place, std::string sMessage, std::string sHint = "") {
-    findings_.push_back({pRule_, Severity::Warning, place, std::move(sMessage), std::move(sHint)});
+  Finding& Warn(const Place& place, std::string sMessage, std::string sHint = "") {
+    return findings_.emplace_back(
+        Finding{pRule_, Severity::Warning, place, std::move(sMessage), std::move(sHint)});
   }
 
  private:
@@ -51,6 +54,10 @@ std::span<const Check> FitChecks();   // the room that texts have in the menu
 // The faults of the list's format and what all checks find, in the order of
 // their places.
 Findings CheckSuite(const Suite& suite);
+
+// The names of files that the list spells in another letter case than the disk. Both
+// systems find them; other tools for the suite may not.
+std::vector<Correction> FileNamesAsOnDisk(const Suite& suite);
 
 // Those of lists and string libraries.
 std::vector<const Rule*> AllRules();

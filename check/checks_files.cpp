@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -55,6 +56,17 @@ std::string PathHint(const std::string& sValue, const std::string& sFolder) {
   if (sValue.starts_with("\\") || sValue.starts_with("/") || sValue.substr(0, 2).ends_with(':'))
     return "The name is appended to " + sFolder + ": a full path does not work.";
   return "";
+}
+
+// A value in quotation marks, or with its beginning in them, without these, if that
+// works.
+template <class Works>
+std::optional<Correction> WithoutQuotes(const std::string& sValue, const Place& place,
+                                        Works works) {
+  const std::size_t nClosing = sValue.find('"', 1);
+  if (!sValue.starts_with('"') || nClosing == std::string::npos) return std::nullopt;
+  const std::string sMeant = sValue.substr(1, nClosing - 1) + sValue.substr(nClosing + 1);
+  return works(sMeant) ? std::optional(Correction{place, sMeant}) : std::nullopt;
 }
 
 // The sentence that the launcher would have for it.
@@ -149,10 +161,13 @@ void CheckPicturesThere(const Suite& suite, Report& report) {
   Remembered failure(OpenFailure);
   ForEachFile(suite, "IMAGE", [&](const std::string& sValue, const Place& place) {
     const std::string& sFailure = failure(PicturePath(suite, sValue));
-    if (!sFailure.empty())
-      report.Error(place,
-                   "The picture is missing: the product shows the launcher's own. " + sFailure,
-                   PathHint(sValue, "the folder of the list"));
+    if (sFailure.empty()) return;
+    report
+        .Error(place, "The picture is missing: the product shows the launcher's own. " + sFailure,
+               PathHint(sValue, "the folder of the list"))
+        .correction = WithoutQuotes(sValue, place, [&](const std::string& sMeant) {
+      return failure(PicturePath(suite, sMeant)).empty();
+    });
   });
 }
 
@@ -183,10 +198,13 @@ void CheckInstallersThere(const Suite& suite, Report& report) {
     if (sFailure.empty()) return;
     const std::string sFirstWord = sValue.substr(0, sValue.find(' '));
     const bool bArguments = sFirstWord != sValue && IsProgram(InstallerPath(suite, sFirstWord));
-    report.Error(place, "The installer is missing from the source folder. " + sFailure,
-                 bArguments
-                     ? "An installer gets no arguments: the whole text is taken for its name."
-                     : PathHint(sValue, "the source folder"));
+    report
+        .Error(place, "The installer is missing from the source folder. " + sFailure,
+               bArguments ? "An installer gets no arguments: the whole text is taken for its name."
+                          : PathHint(sValue, "the source folder"))
+        .correction = WithoutQuotes(sValue, place, [&](const std::string& sMeant) {
+      return IsProgram(InstallerPath(suite, sMeant));
+    });
   });
 }
 
@@ -197,10 +215,14 @@ constexpr Rule ReadMeMissing = {"read-me-missing",
 void CheckReadMesThere(const Suite& suite, Report& report) {
   ForEachFile(suite, "READMEFILE", [&](const std::string& sValue, const Place& place) {
     if (!ReadMeProgram(suite, sValue).empty()) return;
-    report.Error(place,
-                 "The read-me program is missing from the folder of the list. " +
-                     OpenFailure(ReadMeLine(suite, sValue)),
-                 PathHint(sValue, "the folder of the list"));
+    report
+        .Error(place,
+               "The read-me program is missing from the folder of the list. " +
+                   OpenFailure(ReadMeLine(suite, sValue)),
+               PathHint(sValue, "the folder of the list"))
+        .correction = WithoutQuotes(sValue, place, [&](const std::string& sMeant) {
+      return !ReadMeProgram(suite, sMeant).empty();
+    });
   });
 }
 
@@ -267,7 +289,43 @@ void CheckPrograms(const Suite& suite, Report& report) {
   });
 }
 
+// The name that the file has on the disk, if that differs in letter case alone.
+std::optional<std::string> NameOnDisk(const std::string& sPath) try {
+  const std::string sName = NameIn(sPath);
+  if (sName.find_first_of("*?") != std::string::npos) return std::nullopt;
+  auto sFound = TheSystem().Search(sPath)->Next();
+  const bool bOther = sFound && *sFound != sName && UpperCase(*sFound) == UpperCase(sName);
+  return bOther ? sFound : std::nullopt;
+} catch (const PlatformError&) {
+  return std::nullopt;
+}
+
+// place: where sValue stands, of which the file's name is the end.
+void AddSpelling(const std::string& sPath, const std::string& sValue, Place place,
+                 std::vector<Correction>& spellings) {
+  const auto sName = NameOnDisk(sPath);
+  if (!sName) return;
+  place.lColumn += static_cast<std::int32_t>(sValue.size() - sName->size());
+  place.lLength = static_cast<std::int32_t>(sName->size());
+  spellings.push_back({place, *sName});
+}
+
 }  // namespace
+
+std::vector<Correction> FileNamesAsOnDisk(const Suite& suite) {
+  std::vector<Correction> spellings;
+  ForEachFile(suite, "IMAGE", [&](const std::string& sValue, const Place& place) {
+    AddSpelling(PicturePath(suite, sValue), sValue, place, spellings);
+  });
+  ForEachFile(suite, "INSTALLFILE", [&](const std::string& sValue, const Place& place) {
+    AddSpelling(InstallerPath(suite, sValue), sValue, place, spellings);
+  });
+  ForEachFile(suite, "READMEFILE", [&](const std::string& sValue, const Place& place) {
+    const std::string sProgram = ReadMeProgram(suite, sValue);
+    AddSpelling(ReadMeLine(suite, sProgram), sProgram, place, spellings);
+  });
+  return spellings;
+}
 
 std::span<const Check> FileChecks() {
   static constexpr std::array Table = {

@@ -1,8 +1,10 @@
 // Checks of the entries of each block by itself.
 
+#include <algorithm>
 #include <array>
 #include <limits>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -63,6 +65,21 @@ void ForEachWithout(const Suite& suite, const char* pKey, Use use) {
   }
 }
 
+// The only key of the block that it is a slip of the hand away from, if the block
+// does without that one.
+std::optional<Correction> KeyMeant(const ListBlock& block, const ListStatement& entry) {
+  constexpr std::size_t FewLetters = 2;
+  const auto& keys = KeysOf(block.kind);
+  const auto isNear = [&entry](const char* pKey) {
+    return EditDistance(entry.sKey, pKey) <= FewLetters;
+  };
+  const auto key = std::find_if(keys.begin(), keys.end(), isNear);
+  const bool bOnlyOne = std::count_if(keys.begin(), keys.end(), isNear) == 1;
+  if (!bOnlyOne || block.Find(*key) != nullptr || !WhereKnown(std::string(entry.sKey)).empty())
+    return std::nullopt;
+  return Correction{entry.key, *key};
+}
+
 constexpr Rule UnknownKey = {
     "unknown-key", "The launcher does not know a key.",
     "The launcher beeps or shows a message for each, and leaves the entry out."};
@@ -72,8 +89,10 @@ void CheckUnknownKeys(const Suite& suite, Report& report) {
     for (const ListStatement* pEntry : block.entries) {
       if (block.kind == BlockKind::Unknown || IsKeyOf(block.kind, pEntry->sKey)) continue;
       const std::string sKey(pEntry->sKey);
-      report.Error(pEntry->key, UnknownKeyMessage(suite.list, block.kind, sKey),
-                   UnknownKeyHint(block.kind, sKey));
+      report
+          .Error(pEntry->key, UnknownKeyMessage(suite.list, block.kind, sKey),
+                 UnknownKeyHint(block.kind, sKey))
+          .correction = KeyMeant(block, *pEntry);
     }
   }
 }

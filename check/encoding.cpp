@@ -1,6 +1,7 @@
 #include "check/encoding.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "shared/code_page.h"
 
@@ -36,6 +37,28 @@ bool StandsForNothing(unsigned char c) {
   return c == 0x81 || c == 0x8D || c == 0x8F || c == 0x90 || c == 0x9D;
 }
 
+char16_t UnitAt(std::string_view sFile, std::size_t n, bool bLowByteFirst) {
+  const unsigned nFirst = Byte(sFile, n);
+  const unsigned nSecond = Byte(sFile, n + 1);
+  return static_cast<char16_t>(bLowByteFirst ? nFirst | (nSecond << 8U) : (nFirst << 8U) | nSecond);
+}
+
+std::u16string Utf16Of(std::string_view sFile) {
+  const bool bMarked = sFile.starts_with("\xFF\xFE") || sFile.starts_with("\xFE\xFF");
+  const bool bLowByteFirst = sFile.starts_with('\xFF') || (!bMarked && Byte(sFile, 0) != 0);
+  std::u16string sUnits;
+  for (std::size_t n = bMarked ? 2 : 0; n + 1 < sFile.size(); n += 2)
+    sUnits += UnitAt(sFile, n, bLowByteFirst);
+  return sUnits;
+}
+
+std::optional<std::string> FromLosslessUtf16(std::u16string_view sUnits) {
+  std::string sText = FromUtf16(sUnits);
+  const bool bSame = std::equal(sText.begin(), sText.end(), sUnits.begin(), sUnits.end(),
+                                [](char c, char16_t unit) { return CodePoint1252(c) == unit; });
+  return bSame ? std::optional(std::move(sText)) : std::nullopt;
+}
+
 bool IsControl(unsigned char c) { return (c < 0x20 && c != '\t') || c == 0x7F; }
 
 std::string InHex(unsigned char c) {
@@ -59,6 +82,13 @@ bool IsUtf8(std::string_view sText) {
     n += nLength;
   }
   return true;
+}
+
+std::optional<std::string> InCodePage(std::string_view sFile) {
+  if (IsUtf16(sFile)) return FromLosslessUtf16(Utf16Of(sFile));
+  if (sFile.starts_with(Utf8Mark)) sFile.remove_prefix(Utf8Mark.size());
+  std::string sText = FromUtf8(sFile);
+  return IsUtf8(sFile) && ToUtf8(sText) == sFile ? std::optional(std::move(sText)) : std::nullopt;
 }
 
 std::optional<ForeignText> FindForeignText(std::string_view sLine, bool bFileIsUtf8) {

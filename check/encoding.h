@@ -13,6 +13,10 @@ constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
 // other byte of its beginning is zero.
 bool IsUtf16(std::string_view sFile);
 
+// A file of UTF-8 or UTF-16 in the ANSI code page and without its mark; nothing when
+// it is in neither, or has characters that the code page lacks.
+std::optional<std::string> InCodePage(std::string_view sFile);
+
 // A stretch of a text that is not in the ANSI code page, and why.
 struct ForeignText {
   std::size_t nOffset;

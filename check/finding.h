@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,14 @@ struct Place {
   bool operator==(const Place&) const = default;
 };
 
+// What takes the place of a stretch of a line. Each line feed in it ends a line of
+// its own, which goes in front of the line place.lLine; behind the last line there
+// is one more place for these.
+struct Correction {
+  Place place;
+  std::string sText;
+};
+
 // An error is what the launcher's user would meet: a message, a beep, a
 // product that cannot be installed or a state that is wrong. A warning is what
 // works, but is hardly meant.
@@ -32,6 +41,7 @@ struct Finding {
   std::string sMessage;
   std::string sHint;         // what to do; may be empty
   std::int32_t lNumber = 0;  // of the text of a string library; 0 in a setup list
+  std::optional<Correction> correction = std::nullopt;  // where there is one safe answer
 };
 
 using Findings = std::vector<Finding>;

@@ -151,6 +151,7 @@ class StructureReader {
                FormatResourceString(TextNumber::WrongBlock, "BLOCK", NextLine(), Outer,
                                     std::string(Next().sKey)),
                "");
+      if (MeantType(Next().sKey, "") == Outer) list_.faults.back().correction = {Next().key, Outer};
     }
     list_.blocks.front().start = NextPlace();
     bOuterStarted_ = MeantType(Next().sKey, Outer) == Outer;
@@ -226,7 +227,16 @@ class StructureReader {
         {&rule::MissingEnd, Severity::Warning, block.start,
          std::string("The block ") + NameOf(block.kind) +
              " that begins here has no END. The launcher takes the end of the file for it.",
-         "Add a line \"END\" behind the block."});
+         "Add a line \"END\" behind the block.", 0, Correction{PlaceOfEnd(), EndOf(block)}});
+  }
+
+  // Behind the last statement that was read.
+  Place PlaceOfEnd() const { return {list_.statements[nNext_ - 1].key.lLine + 1, 1, 0}; }
+
+  // A line that ends the block, as far from the margin as its start.
+  std::string EndOf(const ListBlock& block) const {
+    const std::string_view sStart = list_.lines.Line(block.start.lLine);
+    return std::string(sStart.substr(0, sStart.find_first_not_of(" \t"))) + "END\n";
   }
 
   // A block within a block: the right one, or one that is reported and then
@@ -243,17 +253,23 @@ class StructureReader {
       if (!open_.back().bStrange) {
         opened.nFault = list_.faults.size();
         ReportInner(around, bEndMissing);
+        if (!bEndMissing && Accepts(around.kind, sMeant))
+          list_.faults.back().correction = {Next().key, sMeant};
       }
-      if (bEndMissing) CloseUpTo(sMeant);
+      if (bEndMissing) CloseUpTo(sMeant, opened.nFault);
     }
     StartBlock(opened);
   }
 
   // The END that is missing may be that of the innermost block alone; that of
   // the outer one is not.
-  void CloseUpTo(std::string_view sMeant) {
-    do Close();
-    while (Innermost().kind != BlockKind::SetupList && !Accepts(Innermost().kind, sMeant));
+  void CloseUpTo(std::string_view sMeant, std::optional<std::size_t> nFault) {
+    std::string sEnds;
+    do {
+      sEnds += EndOf(Innermost());
+      Close();
+    } while (Innermost().kind != BlockKind::SetupList && !Accepts(Innermost().kind, sMeant));
+    if (nFault) list_.faults[*nFault].correction = {PlaceOfEnd(), sEnds};
   }
 
   void StartBlock(OpenBlock opened) {

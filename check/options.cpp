@@ -32,6 +32,16 @@ const std::string& RuleNamed(const std::string& sName) {
   return sName;
 }
 
+WantedState StateOf(const std::string& sValue) {
+  const std::size_t nEquals = sValue.rfind('=');
+  const std::string sState = nEquals == std::string::npos ? "" : sValue.substr(nEquals + 1);
+  if (!IsWantedState(sState))
+    throw UsageError("\"" + sValue +
+                     "\" is no product code with =not-installed, =installed, =older, =newer or "
+                     "=damaged behind it.");
+  return {sValue.substr(0, nEquals), sState};
+}
+
 class OptionReader {
  public:
   explicit OptionReader(const std::vector<std::string>& arguments) : arguments_(arguments) {}
@@ -46,6 +56,10 @@ class OptionReader {
     }
     if (bPath_ && !options_.sLibrary.empty())
       throw UsageError("Either a setup list or a string library can be checked at a time.");
+    if ((options_.bFix || options_.bDiff) && !options_.sLibrary.empty())
+      throw UsageError("A string library cannot be mended.");
+    if (options_.bFix && options_.sPath == "-")
+      throw UsageError("The standard input cannot be mended; --diff shows what would be.");
     return options_;
   }
 
@@ -67,6 +81,14 @@ class OptionReader {
       options_.bVersion = true;
     else if (sArgument == "--strict")
       options_.bStrict = true;
+    else if (sName_ == "--new")
+      TakeNewFolder();
+    else if (sArgument == "--fix")
+      options_.bFix = true;
+    else if (sArgument == "--diff")
+      options_.bDiff = true;
+    else if (sName_ == "--state")
+      options_.states.push_back(StateOf(TakeValue()));
     else if (sName_ == "--format")
       options_.format = FormatOf(TakeValue());
     else if (sName_ == "--allow")
@@ -77,6 +99,11 @@ class OptionReader {
       options_.sLibrary = ProgramPathOf(TakeValue());
     else
       throw UsageError("The option \"" + sArgument + "\" is unknown.");
+  }
+
+  void TakeNewFolder() {
+    TakePath(TakeValue());
+    options_.bNew = true;
   }
 
   // Behind an equals sign, or the next argument.
@@ -111,6 +138,9 @@ std::string HelpText() {
   return R"(Checks the setup list of a suite before it ships.
 
   trelin-check [--source FOLDER] [--format FORMAT] [--strict] [FOLDER|FILE|-]
+  trelin-check --fix|--diff [--source FOLDER] [FOLDER|FILE]
+  trelin-check --new FOLDER
+  trelin-check --state CODE=STATE... [FOLDER|FILE|-]
   trelin-check --library FILE [--format FORMAT] [--strict]
 
 FOLDER is the suite's folder, which holds TRELIN.CFG and what it names; without
@@ -122,13 +152,20 @@ for a suite in the current folder.
   --format FORMAT   text (the usual one), json or sarif
   --allow RULE      leaves out what this rule finds; may be given several times
   --strict          warnings count as errors
+  --fix             mends what has one safe answer, then checks the list
+  --diff            shows what --fix would change, and changes nothing
+  --new FOLDER      writes a suite to start from, with installers that only record
+  --state CODE=STATE
+                    writes a registry file of a workstation on which the product is
+                    not-installed, installed, older, newer or damaged
   --library FILE    compares a translated string library with the program's own
   --help            shows this
   --version         shows the version
 
 An error is what the user of the launcher would meet; a warning is what works,
 but is hardly meant. The exit code is 0 without errors, 1 with errors (with
---strict also with warnings), 2 when something cannot be read.
+--strict also with warnings), 2 when something cannot be read or written. With
+--diff it is 1 when something would be changed.
 )";
 }
 

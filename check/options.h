@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "check/records.h"
+
 namespace trelin {
 
 enum class ReportFormat { Text, Json, Sarif };
@@ -12,7 +14,11 @@ enum class ReportFormat { Text, Json, Sarif };
 struct Options {
   bool bHelp = false;
   bool bVersion = false;
-  bool bStrict = false;  // warnings count as errors
+  bool bNew = false;                // a suite to start from is written into the folder sPath
+  bool bStrict = false;             // warnings count as errors
+  bool bFix = false;                // the list is mended before it is checked
+  bool bDiff = false;               // only what mending it would change is shown
+  std::vector<WantedState> states;  // not empty: of the records to write
   ReportFormat format = ReportFormat::Text;
   std::vector<std::string> allowed;  // names of rules that are not reported
   std::string sPath = ".";           // a folder with a TRELIN.CFG, or a setup list

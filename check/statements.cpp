@@ -99,6 +99,9 @@ class StatementReader {
     const bool bMeans = meant.kind != Statement::Kind::None;
     AddFault(&rule::NotUnderstood, FormatResourceString(TextNumber::LineNotUnderstood, lLine_),
              bMeans ? "Here it is read as \"" + Written(meant) + "\"." : "");
+    const bool bWithoutValue = meant.kind == Statement::Kind::KeyValue && meant.sRest.empty();
+    if (bMeans && !bWithoutValue)
+      list_.faults.back().correction = {list_.PlaceInLine(lLine_), Written(meant)};
     Take(sText, meant);
   }
 

@@ -27,6 +27,21 @@ std::string WrittenByUser(const std::string& sPath);
 // The standard input, to be read once. Throws PlatformError, as reading it does.
 std::unique_ptr<InputFile> OpenStandardInput();
 
+// Puts a file with these bytes in the place of sPath's: whoever reads it finds the whole
+// old one or the whole new one. Throws PlatformError; then the old one stands.
+void ReplaceWholeFile(const std::string& sPath, const std::string& sBytes);
+
+// Makes a folder; one that is there already is left as it is. Throws PlatformError.
+void MakeFolder(const std::string& sPath);
+
+// Writes a file that is not there yet, one that may be started if it is a program. Throws
+// PlatformError.
+void WriteNewFile(const std::string& sPath, const std::string& sBytes, bool bProgram);
+
+// How the names of files with commands end that this system starts as programs: ".cmd"
+// or ".sh".
+std::string CommandFileEnd();
+
 // What a terminal shows that the standard output goes to.
 struct Terminal {
   std::int32_t lColumns = 0;  // 0: the output goes somewhere else, or nobody knows
@@ -38,7 +53,8 @@ Terminal OutputTerminal();
 std::string Utf8Of(const std::string& sText);
 
 // Write a text in UTF-8 to the standard output, and to that for errors; a
-// console shows its letters. Throws PlatformError when it cannot be written.
+// console shows its letters, a file gets the bytes. Throws PlatformError when it cannot
+// be written.
 void WriteOutput(const std::string& sUtf8);
 void WriteErrorOutput(const std::string& sUtf8);
 

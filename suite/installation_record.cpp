@@ -8,8 +8,6 @@ namespace trelin {
 
 namespace {
 
-constexpr const char* InstallationLog = "InstallLog";
-
 InstalledRevision CompareRevision(const std::string& sInstalled, const std::string& sGiven) {
   if (sInstalled.empty()) return InstalledRevision::None;
   const int nOrder = sInstalled.compare(sGiven);  // by unsigned character codes
@@ -33,7 +31,7 @@ std::optional<InstallationRecord> ReadInstallationRecord(const std::string& sPro
   InstallationRecord record;
   record.sRevision = TrimSpaces(objReg.GetString(sProductCode));
   record.revision = CompareRevision(record.sRevision, sRevision);
-  record.checkFile = TestCheckFile(objReg.GetString(sProductCode + "CheckFile"));
+  record.checkFile = TestCheckFile(objReg.GetString(sProductCode + CheckFileSuffix));
   return record;
 }
 

@@ -10,6 +10,11 @@ namespace trelin {
 // than 2.9, 2.1 lower than 2.1a.
 enum class InstalledRevision { None, Equal, Lower, Higher };
 
+// The key of the log below that of the suite, and what follows a product code in the
+// name of the value for its check file.
+constexpr const char* InstallationLog = "InstallLog";
+constexpr const char* CheckFileSuffix = "CheckFile";
+
 enum class CheckFile { NotRecorded, Missing, Present };
 
 // What the installation log (HKEY_LOCAL_MACHINE\SOFTWARE\Korvanta\InstallLog)

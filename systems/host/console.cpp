@@ -1,6 +1,8 @@
 #include "seam/console.h"
 
+#include <fcntl.h>
 #include <sys/ioctl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -9,6 +11,7 @@
 #include <string_view>
 
 #include "shared/code_page.h"
+#include "systems/host/file_replacement.h"
 #include "systems/host/host_files.h"
 #include "systems/host/host_path.h"
 
@@ -28,6 +31,29 @@ void Write(const std::string& sText, std::FILE* pOutput) {
 std::string WrittenByUser(const std::string& sPath) { return ShownPath(HostPath(sPath)); }
 
 std::unique_ptr<InputFile> OpenStandardInput() { return OpenHostStandardInput(); }
+
+void ReplaceWholeFile(const std::string& sPath, const std::string& sBytes) {
+  const std::string sTarget = LinkTarget(HostPath(sPath));
+  int nReason = access(sTarget.c_str(), W_OK) == 0 ? 0 : errno;
+  if (nReason == 0) PutInPlace(sTarget, sBytes, nReason);
+  if (nReason != 0) throw HostError("write the file", sTarget, nReason);
+}
+
+void MakeFolder(const std::string& sPath) {
+  const std::string sFolder = HostPath(sPath);
+  if (mkdir(sFolder.c_str(), 0777) != 0 && errno != EEXIST)
+    throw HostError("make the folder", sFolder, errno);
+}
+
+void WriteNewFile(const std::string& sPath, const std::string& sBytes, bool bProgram) {
+  const std::string sFile = HostPath(sPath);
+  const FileDescriptor file(
+      open(sFile.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, bProgram ? 0777 : 0666));
+  if (file.Get() < 0 || !WriteAll(file.Get(), sBytes))
+    throw HostError("write the file", sFile, errno);
+}
+
+std::string CommandFileEnd() { return ".sh"; }
 
 Terminal OutputTerminal() {
   winsize size{};

@@ -161,6 +161,15 @@ void FileDescriptor::Close() {
   if (hFile_ >= 0) close(std::exchange(hFile_, -1));
 }
 
+bool WriteAll(int hFile, std::string_view sBytes) {
+  while (!sBytes.empty()) {
+    const ssize_t nWritten = write(hFile, sBytes.data(), sBytes.size());
+    if (nWritten < 0 && errno != EINTR) return false;
+    if (nWritten > 0) sBytes.remove_prefix(static_cast<std::size_t>(nWritten));
+  }
+  return true;
+}
+
 std::unique_ptr<InputFile> OpenHostFile(const std::string& sPath) {
   const char* const pOperation = "open the file";
   RefuseNul(pOperation, sPath);

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "seam/system.h"
@@ -25,6 +26,9 @@ class FileDescriptor {
  private:
   int hFile_;
 };
+
+// False, with the reason in errno, when not all was written.
+bool WriteAll(int hFile, std::string_view sBytes);
 
 // System::OpenInput. A folder does not open.
 std::unique_ptr<InputFile> OpenHostFile(const std::string& sPath);

@@ -7,13 +7,12 @@
 
 #include <cerrno>
 #include <chrono>
-#include <cstdio>
 #include <filesystem>
-#include <string_view>
 #include <system_error>
 #include <thread>
 
 #include "seam/registry.h"
+#include "systems/host/file_replacement.h"
 #include "systems/host/host_path.h"
 
 namespace trelin {
@@ -39,43 +38,6 @@ std::int32_t WriteResult(int nReason) {
   }
 }
 
-// A file under construction, removed again unless it has got its final name.
-class TemporaryFile {
- public:
-  // Removes what a killed writer left.
-  explicit TemporaryFile(std::string sPath) : sPath_(std::move(sPath)) {
-    unlink(sPath_.c_str());
-    file_ = FileDescriptor(open(sPath_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-  }
-  ~TemporaryFile() {
-    if (bTemporary_) unlink(sPath_.c_str());
-  }
-  TemporaryFile(const TemporaryFile&) = delete;
-  TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-  int Get() const { return file_.Get(); }
-
-  bool Write(std::string_view sBytes) {
-    while (!sBytes.empty()) {
-      const ssize_t nWritten = write(Get(), sBytes.data(), sBytes.size());
-      if (nWritten < 0 && errno != EINTR) return false;
-      if (nWritten > 0) sBytes.remove_prefix(static_cast<std::size_t>(nWritten));
-    }
-    return true;
-  }
-
-  bool Rename(const std::string& sPath) {
-    if (rename(sPath_.c_str(), sPath.c_str()) != 0) return false;
-    bTemporary_ = false;
-    return true;
-  }
-
- private:
-  std::string sPath_;
-  FileDescriptor file_;
-  bool bTemporary_ = true;
-};
-
 // 0, or the errno value of the failure: EWOULDBLOCK when another program holds
 // the lock all the time.
 int TakeLock(int hFile, std::chrono::milliseconds longestWait) {
@@ -89,21 +51,6 @@ int TakeLock(int hFile, std::chrono::milliseconds longestWait) {
 }
 
 std::string LockPath(const std::string& sTarget) { return sTarget + ".lock"; }
-
-// The file that a symbolic link finally names, whether it exists or not.
-std::string LinkTarget(const std::string& sPath) {
-  std::filesystem::path path = sPath;
-  std::error_code error;
-  for (int nLinks = 0; nLinks < 40 && std::filesystem::is_symlink(path, error); ++nLinks)
-    path = path.parent_path() / std::filesystem::read_symlink(path, error);
-  return path.string();
-}
-
-bool CopyMode(const std::string& sFrom, int hTo) {
-  struct stat status {};
-  if (stat(sFrom.c_str(), &status) != 0) return true;  // there is no old file
-  return fchmod(hTo, status.st_mode & 07777) == 0;
-}
 
 std::string ReadAll(int hFile, std::int64_t nSize, const std::string& sPath) {
   std::string sBytes(static_cast<std::size_t>(nSize) + 1, '\0');  // one more to see the end
@@ -169,11 +116,9 @@ std::string RegistryStore::LockTrouble() const {
 }
 
 std::int32_t RegistryStore::Replace(const std::string& sBytes, FileStamp& stamp) const {
-  const std::string sTarget = LinkTarget(sPath_);
-  TemporaryFile file(sTarget + ".tmp");
-  if (file.Get() < 0 || !CopyMode(sTarget, file.Get()) || !file.Write(sBytes) ||
-      fsync(file.Get()) != 0 || !file.Rename(sTarget))
-    return WriteResult(errno);
+  int nReason = 0;
+  const FileDescriptor file = PutInPlace(LinkTarget(sPath_), sBytes, nReason);
+  if (file.Get() < 0) return WriteResult(nReason);
   struct stat status {};  // only now: renaming a file changes its stamp
   if (fstat(file.Get(), &status) != 0) return RegistryWriteFault;
   stamp = FileStamp::Of(status);

@@ -42,6 +42,21 @@ std::string WrittenByUser(const std::string& sPath) { return sPath; }
 
 std::unique_ptr<InputFile> OpenStandardInput() { return OpenWindowsStandardInput(); }
 
+void ReplaceWholeFile(const std::string& sPath, const std::string& sBytes) {
+  ReplaceWindowsFile(sPath, sBytes);
+}
+
+void MakeFolder(const std::string& sPath) {
+  if (!CreateDirectoryA(sPath.c_str(), nullptr) && GetLastError() != ERROR_ALREADY_EXISTS)
+    throw WindowsError("make the folder", sPath);
+}
+
+void WriteNewFile(const std::string& sPath, const std::string& sBytes, bool /*bProgram*/) {
+  if (!WriteWindowsFile(sPath, sBytes, CREATE_NEW)) throw WindowsError("write the file", sPath);
+}
+
+std::string CommandFileEnd() { return ".cmd"; }
+
 Terminal OutputTerminal() {
   HANDLE hOutput = GetStdHandle(STD_OUTPUT_HANDLE);
   DWORD lMode = 0;

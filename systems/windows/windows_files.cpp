@@ -92,6 +92,27 @@ std::unique_ptr<InputFile> OpenWindowsStandardInput() {
   return std::make_unique<WindowsFile>(HandleOwner(hInput), "the standard input");
 }
 
+bool WriteWindowsFile(const std::string& sPath, const std::string& sBytes, DWORD lCreation) {
+  const HandleOwner file(NullIfInvalid(CreateFileA(sPath.c_str(), GENERIC_WRITE, 0, nullptr,
+                                                   lCreation, FILE_ATTRIBUTE_NORMAL, nullptr)));
+  DWORD lWritten = 0;
+  return file &&
+         WriteFile(file.get(), sBytes.data(), static_cast<DWORD>(sBytes.size()), &lWritten,
+                   nullptr) &&
+         lWritten == sBytes.size() && FlushFileBuffers(file.get());
+}
+
+void ReplaceWindowsFile(const std::string& sPath, const std::string& sBytes) {
+  const std::string sNew = sPath + ".tmp";
+  if (WriteWindowsFile(sNew, sBytes, CREATE_ALWAYS) &&
+      ReplaceFileA(sPath.c_str(), sNew.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
+                   nullptr))
+    return;
+  const DWORD lReason = GetLastError();
+  DeleteFileA(sNew.c_str());
+  throw WindowsError("write the file", sPath, lReason);
+}
+
 std::unique_ptr<FileSearch> SearchWindowsFiles(const std::string& sPath) {
   RefuseNul("search for the file", sPath);
   return std::make_unique<WindowsSearch>(sPath);

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "check/finding.h"
+
+namespace trelin {
+
+// A setup list while it is mended: its lines, each with its end, and what they were.
+class Manuscript {
+ public:
+  // The bytes of the file. In UTF-8 or UTF-16 it is put into the ANSI code page, if
+  // that has all its characters.
+  explicit Manuscript(std::string_view sFile);
+
+  // What the file is to be.
+  std::string Text() const;
+
+  // How many lines are others than in the file, or new.
+  std::size_t ChangedLines() const;
+
+  // Where lines end in several ways, all end as most of them do.
+  void UnifyLineEnds();
+
+  // Makes those corrections that do not meet others in the same line; places are those
+  // of the text as it is now, in their order. False when there was none to make.
+  bool Correct(const std::vector<Correction>& corrections);
+
+  // What is changed, as a unified diff of the bytes of the file of that name. Of one
+  // whose lines do not end as a diff has them it says only that it changes.
+  std::string Diff(const std::string& sName) const;
+
+ private:
+  struct Line {
+    std::string sText;
+    std::string sEnd;     // empty only of the last one
+    std::string sBefore;  // with its end
+    bool bNew = false;    // then there was none before
+
+    std::string Now() const { return sText + sEnd; }
+    bool Changed() const { return bNew || Now() != sBefore; }
+  };
+
+  static std::vector<Line> Split(std::string_view sText);
+  std::string UsualEnd() const;
+  void Insert(const Correction& correction);
+  void Replace(const Correction& correction);
+  std::string Hunk(std::size_t nFirst, std::size_t nEnd) const;
+
+  std::vector<Line> lines_;
+  bool bHasDiff_ = true;
+};
+
+}  // namespace trelin
