@@ -26,6 +26,7 @@ constexpr const char* Prerequisite = "DEPENDENCY";
 std::string MeantType(std::string_view sType, const char* pExpected) {
   constexpr std::size_t FewLetters = 3;
   constexpr std::size_t LongestType = 11;
+  if (sType == Product || sType == Prerequisite) return std::string(sType);  // as most are
   if (sType.size() > LongestType + FewLetters) return pExpected;
   const std::string sNearest = NearestWord(sType, {Outer, Product, Prerequisite});
   return EditDistance(sType, sNearest) <= FewLetters ? sNearest : pExpected;
