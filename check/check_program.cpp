@@ -12,6 +12,7 @@
 #include "check/checks.h"
 #include "check/encoding.h"
 #include "check/library_check.h"
+#include "check/library_source.h"
 #include "check/list_reader.h"
 #include "check/mend.h"
 #include "check/new_suite.h"
@@ -87,9 +88,18 @@ Results CheckFolder(const std::string& sFolder, const std::string& sSourceFolder
   return results;
 }
 
+// In the lines of the script that it is made of, if there is one.
+CheckedFile CheckLibraryAlone(const Options& options) {
+  Findings findings = CheckLibrary(options.sLibrary);
+  if (options.sScript.empty()) return {Shown(options.sLibrary), std::move(findings), {}};
+  SourceLines script =
+      ReadSourceLines(WrittenByUser(options.sScript), TheSystem().OpenInput(options.sScript));
+  PlaceInSource(findings, script);
+  return {Shown(options.sScript), std::move(findings), std::move(script)};
+}
+
 Results CheckWhatIsAsked(const Options& options) {
-  if (!options.sLibrary.empty())
-    return {{Shown(options.sLibrary), CheckLibrary(options.sLibrary), {}}};
+  if (!options.sLibrary.empty()) return {CheckLibraryAlone(options)};
   if (!options.sSourceFolder.empty()) RequireFolder(options.sSourceFolder);
   if (StartPathTests().isFolder(options.sPath))
     return CheckFolder(options.sPath, options.sSourceFolder);

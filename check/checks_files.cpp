@@ -187,6 +187,33 @@ void CheckPicturesLoad(const Suite& suite, Report& report) {
   });
 }
 
+constexpr Rule PictureSize = {"picture-size", "A picture is not 32 by 32 pixels.",
+                              "It is scaled, which hardly ever looks as it was drawn."};
+
+// How a picture looks that does not have the size of the menu's pictures; empty for one
+// that has, or that does not load.
+std::string LooksScaled(const std::string& sPath) try {
+  constexpr int Side = 32;  // pixels
+  const Picture picture = Picture::LoadFromFile(sPath);
+  const int nWidth = picture.WidthPixels(), nHeight = picture.HeightPixels();
+  if (nWidth == Side && nHeight == Side) return "";
+  return "The picture is " + std::to_string(nWidth) + " by " + std::to_string(nHeight) +
+         " pixels, and the menu scales it to 32 by 32: " +
+         (nWidth != nHeight ? "it looks squeezed."
+          : nWidth > Side   ? "its fine lines are lost."
+                            : "it looks coarse.");
+} catch (const PlatformError&) {
+  return "";
+}
+
+void CheckPictureSizes(const Suite& suite, Report& report) {
+  Remembered looks(LooksScaled);
+  ForEachFile(suite, "IMAGE", [&](const std::string& sValue, const Place& place) {
+    if (const std::string& sLooks = looks(PicturePath(suite, sValue)); !sLooks.empty())
+      report.Warn(place, sLooks, "Draw it in 32 by 32 pixels.");
+  });
+}
+
 constexpr Rule InstallerMissing = {"installer-missing", "An installer is not in the source folder.",
                                    "Setup of the product ends in an error."};
 
@@ -329,13 +356,10 @@ std::vector<Correction> FileNamesAsOnDisk(const Suite& suite) {
 
 std::span<const Check> FileChecks() {
   static constexpr std::array Table = {
-      Check{&PictureMissing, CheckPicturesThere},
-      Check{&PictureUnreadable, CheckPicturesLoad},
-      Check{&InstallerMissing, CheckInstallersThere},
-      Check{&ReadMeMissing, CheckReadMesThere},
-      Check{&ReadMeAmbiguous, CheckReadMesClear},
-      Check{&ArgumentMissing, CheckReadMeArguments},
-      Check{&NotAProgram, CheckPrograms},
+      Check{&PictureMissing, CheckPicturesThere},    Check{&PictureUnreadable, CheckPicturesLoad},
+      Check{&PictureSize, CheckPictureSizes},        Check{&InstallerMissing, CheckInstallersThere},
+      Check{&ReadMeMissing, CheckReadMesThere},      Check{&ReadMeAmbiguous, CheckReadMesClear},
+      Check{&ArgumentMissing, CheckReadMeArguments}, Check{&NotAProgram, CheckPrograms},
   };
   return Table;
 }

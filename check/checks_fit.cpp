@@ -4,7 +4,7 @@
 #include <string>
 
 #include "check/checks.h"
-#include "suite/row_layout.h"
+#include "check/text_fit.h"
 
 namespace trelin {
 
@@ -13,10 +13,10 @@ namespace {
 void ReportLong(const ListBlock& product, const char* pKey, const LabelPlace& place,
                 const char* pWhat, Report& report) {
   const std::string sText(product.Value(pKey));
-  if (LabelShowsWhole(sText, place.font, place.width, place.height)) return;
-  report.Warn(product.PlaceOf(pKey),
-              std::string(pWhat) + " does not fit into its place in the menu: its end is cut off.",
-              "Shorten it.");
+  if (const std::int32_t lLines = LinesCutOff(sText, place); lLines > 0)
+    report.Warn(product.PlaceOf(pKey),
+                std::string(pWhat) + " does not fit into its place in the menu" + CutOff(lLines),
+                "Shorten it.");
 }
 
 void CheckTextsFit(const Suite& suite, Report& report) {

@@ -11,6 +11,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "check/text_fit.h"
 #include "seam/platform.h"
 #include "shared/code_page.h"
 #include "shared/pe_string_table.h"
@@ -45,6 +46,9 @@ constexpr Rule AccessKey = {"access-key", "Buttons lack access keys or share one
 constexpr Rule AlikeTexts = {"alike-texts", "Two installation states read the same.",
                              "The menu tells by the text that a state has changed."};
 
+constexpr Rule Untranslated = {"untranslated",
+                               "A text of a translated string library is still the program's own.",
+                               "The user reads English in the middle of another language."};
 constexpr Rule NoticeNumber = {"notice-number", "The number of lines of the notice is none.",
                                "The launcher reads it first of all and ends with an error."};
 
@@ -109,6 +113,8 @@ class LibraryComparison {
     }
     CheckStates();
     CheckAccessKeys();
+    CheckTitle();
+    CheckTranslated();
     return std::move(findings_);
   }
 
@@ -220,6 +226,30 @@ class LibraryComparison {
     }
   }
 
+  // The system's own buttons and icon leave so much of the menu's width.
+  void CheckTitle() {
+    constexpr auto nNumber = static_cast<std::uint16_t>(TextNumber::MenuCaption);
+    constexpr LabelPlace TitleBar = {0, 0, 7200, 240, {.bBold = true}};
+    if (const auto text = texts_.find(nNumber); text != texts_.end())
+      CheckFits(nNumber, text->second, TitleBar);
+  }
+
+  bool IsOwn(std::uint16_t nNumber, const std::u16string& sText) const {
+    const auto own = own_.find(nNumber);
+    return own != own_.end() && own->second == sText;
+  }
+
+  // A library is a translation when most of its texts are others.
+  void CheckTranslated() {
+    const auto isOwn = [this](const auto& text) { return IsOwn(text.first, text.second); };
+    const auto nOwn = std::count_if(texts_.begin(), texts_.end(), isOwn);
+    if (2 * static_cast<std::size_t>(nOwn) >= texts_.size()) return;
+    for (const auto& [nNumber, sText] : texts_)
+      if (IsOwn(nNumber, sText) && nNumber != NoticeCount)
+        Add(Untranslated, Severity::Warning, nNumber, "is still the program's own.",
+            "It reads: " + FromUtf16(sText));
+  }
+
   // In upper case; empty without one. Two ampersands are one to be shown.
   static std::string AccessKeyOf(const std::u16string& sText) {
     for (std::size_t n = 0; n + 1 < sText.size(); ++n) {
@@ -233,9 +263,9 @@ class LibraryComparison {
   void CheckFits(std::uint16_t nNumber, const std::u16string& sText, const LabelPlace& place) {
     std::string sShown = FromUtf16(sText);
     std::erase(sShown, '&');
-    if (!LabelShowsWhole(sShown, place.font, place.width, place.height))
+    if (const std::int32_t lLines = LinesCutOff(sShown, place); lLines > 0)
       Add(rule::LongText, Severity::Warning, nNumber,
-          "does not fit into its place in the menu: its end is cut off.", "Shorten it.");
+          "does not fit into its place in the menu" + CutOff(lLines), "Shorten it.");
   }
 
   const LibraryTexts& own_;
@@ -257,9 +287,9 @@ std::optional<LibraryTexts> ReadTexts(const std::string& sPath) {
 }  // namespace
 
 std::span<const Rule* const> LibraryRules() {
-  static constexpr std::array Table = {&LibraryDamaged, &MissingText, &UnknownText,
-                                       &Placeholders,   &TextTooLong, &TextNotAnsi,
-                                       &AccessKey,      &AlikeTexts,  &NoticeNumber};
+  static constexpr std::array Table = {&LibraryDamaged, &MissingText, &UnknownText, &Placeholders,
+                                       &TextTooLong,    &TextNotAnsi, &AccessKey,   &AlikeTexts,
+                                       &NoticeNumber,   &Untranslated};
   return Table;
 }
 

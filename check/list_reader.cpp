@@ -7,9 +7,6 @@
 #include "check/encoding.h"
 #include "check/nearest.h"
 #include "check/statements.h"
-#include "seam/platform_error.h"
-#include "shared/read_file.h"
-#include "suite/line_reader.h"
 #include "texts/messages.h"
 #include "texts/string_resources.h"
 
@@ -346,25 +343,12 @@ class StructureReader {
   bool bAfterEndReported_ = false;
 };
 
-// Reads the file once, from start to end, with the lines of the launcher.
-SourceLines ReadLines(const std::string& sName, std::unique_ptr<InputFile> file) {
-  SourceLines lines;
-  LineReader reader;
-  reader.Open(std::move(file));
-  for (std::string_view sLine; reader.NextLine(sLine);) {
-    lines.Add(sLine);
-    if (lines.Text().size() > MaxFileBytes)
-      throw PlatformError("read the setup list", sName, "it has more than 64 MB");
-  }
-  return lines;
-}
-
 }  // namespace
 
 CheckedList ReadCheckedList(const std::string& sName, std::unique_ptr<InputFile> file) {
   CheckedList list;
   list.sName = sName;
-  list.lines = ReadLines(sName, std::move(file));
+  list.lines = ReadSourceLines(sName, std::move(file));
   if (IsUtf16(list.lines.Text())) {
     list.blocks.emplace_back();
     list.faults.push_back({&rule::NotAnsi,

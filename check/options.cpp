@@ -56,6 +56,8 @@ class OptionReader {
     }
     if (bPath_ && !options_.sLibrary.empty())
       throw UsageError("Either a setup list or a string library can be checked at a time.");
+    if (!options_.sScript.empty() && options_.sLibrary.empty())
+      throw UsageError("A resource script needs the string library that is made of it.");
     if ((options_.bFix || options_.bDiff) && !options_.sLibrary.empty())
       throw UsageError("A string library cannot be mended.");
     if (options_.bFix && options_.sPath == "-")
@@ -97,6 +99,8 @@ class OptionReader {
       options_.sSourceFolder = ProgramPathOf(TakeValue());
     else if (sName_ == "--library")
       options_.sLibrary = ProgramPathOf(TakeValue());
+    else if (sName_ == "--rc")
+      options_.sScript = ProgramPathOf(TakeValue());
     else
       throw UsageError("The option \"" + sArgument + "\" is unknown.");
   }
@@ -141,7 +145,7 @@ std::string HelpText() {
   trelin-check --fix|--diff [--source FOLDER] [FOLDER|FILE]
   trelin-check --new FOLDER
   trelin-check --state CODE=STATE... [FOLDER|FILE|-]
-  trelin-check --library FILE [--format FORMAT] [--strict]
+  trelin-check --library FILE [--rc FILE] [--format FORMAT] [--strict]
 
 FOLDER is the suite's folder, which holds TRELIN.CFG and what it names; without
 it, the current folder. FILE is a setup list of any name, - the standard input,
@@ -159,6 +163,7 @@ for a suite in the current folder.
                     writes a registry file of a workstation on which the product is
                     not-installed, installed, older, newer or damaged
   --library FILE    compares a translated string library with the program's own
+  --rc FILE         shows its faults in the lines of the resource script
   --help            shows this
   --version         shows the version
 

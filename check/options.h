@@ -24,6 +24,7 @@ struct Options {
   std::string sPath = ".";           // a folder with a TRELIN.CFG, or a setup list
   std::string sSourceFolder;         // empty: the folder of the list
   std::string sLibrary;              // not empty: the string library to check instead
+  std::string sScript;               // empty, or the resource script that it is made of
 };
 
 // A command line that does not say what to do; what() tells the user.

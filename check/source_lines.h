@@ -1,12 +1,16 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
+#include "seam/system.h"
+
 namespace trelin {
 
-// The lines of a setup list as they stand in the file.
+// The lines of a file as they stand there.
 class SourceLines {
  public:
   // Appends one, without its end.
@@ -25,5 +29,9 @@ class SourceLines {
   std::vector<char> text_;
   std::vector<std::uint32_t> ends_;  // of each line in the text
 };
+
+// Reads a file of that name with the lines of the launcher. Throws PlatformError when it
+// cannot be read or has more than MaxFileBytes.
+SourceLines ReadSourceLines(const std::string& sName, std::unique_ptr<InputFile> file);
 
 }  // namespace trelin

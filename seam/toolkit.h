@@ -56,6 +56,9 @@ class Picture {
  public:
   struct Native;
 
+  int WidthPixels() const;
+  int HeightPixels() const;
+
   // Reads the file through the System in use. Throws PlatformError when it
   // cannot be read or is no picture.
   static Picture LoadFromFile(const std::string& sPath);
@@ -210,9 +213,10 @@ struct LabelFont {
   bool bUnderline = false;
 };
 
-// Whether a label of that size on a screen of 96 dots per inch shows all of the
-// text, wrapped at its width. Needs no window.
-bool LabelShowsWhole(const std::string& sText, const LabelFont& font, Twips width, Twips height);
+// How many lines of the text, wrapped at its width, a label of that size on a screen of
+// 96 dots per inch cuts off; of a very long text at least so many. Needs no window.
+std::int32_t LabelLinesCutOff(const std::string& sText, const LabelFont& font, Twips width,
+                              Twips height);
 
 // A text that lets its container's background through, shows an ampersand as
 // one, and can be read by an accessibility client. It wraps at its width, at

@@ -70,4 +70,13 @@ LabelLines BreakIntoLines(std::u16string_view sText, int nMaxLines,
   return result;
 }
 
+std::int32_t LinesBeyond(std::u16string_view sText, int nMaxLines,
+                         const CountFitting& countFitting) {
+  constexpr int MostCounted = 100;
+  if (BreakIntoLines(sText, nMaxLines, countFitting).bWhole) return 0;
+  const int nShown = std::max(nMaxLines, 1);
+  const LabelLines more = BreakIntoLines(sText, nShown + MostCounted, countFitting);
+  return static_cast<std::int32_t>(more.lines.size()) - nShown;
+}
+
 }  // namespace trelin

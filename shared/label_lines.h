@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -23,5 +24,10 @@ using CountFitting = std::function<std::size_t(std::u16string_view sText)>;
 // line.
 LabelLines BreakIntoLines(std::u16string_view sText, int nMaxLines,
                           const CountFitting& countFitting);
+
+// How many lines of the text are more than nMaxLines, or than one; of a very long text at
+// least so many.
+std::int32_t LinesBeyond(std::u16string_view sText, int nMaxLines,
+                         const CountFitting& countFitting);
 
 }  // namespace trelin

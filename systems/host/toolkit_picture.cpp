@@ -58,6 +58,9 @@ QImage Decode(const std::string& sBytes) {
 
 }  // namespace
 
+int Picture::WidthPixels() const { return native_->image.width(); }
+int Picture::HeightPixels() const { return native_->image.height(); }
+
 Picture Picture::LoadFromFile(const std::string& sPath) {
   const std::unique_ptr<InputFile> file = TheSystem().OpenInput(sPath);
   try {

@@ -26,6 +26,13 @@ std::size_t CountFittingIn(const QFontMetrics& metrics, const QString& text, int
   return static_cast<std::size_t>(nFitting);
 }
 
+CountFitting FittingIn(const QFontMetrics& metrics, int nWidth) {
+  return [metrics, nWidth](std::u16string_view sText) {
+    const auto nLength = static_cast<qsizetype>(sText.size());
+    return CountFittingIn(metrics, QString::fromUtf16(sText.data(), nLength), nWidth);
+  };
+}
+
 int UsualPixels(float size, float sizesPerInch) {
   return static_cast<int>(std::lround(size * UsualDpi / sizesPerInch));
 }
@@ -34,18 +41,18 @@ int UsualPixels(float size, float sizesPerInch) {
 
 LabelLines LinesIn(const QString& text, const QFont& font, QSize size) {
   const QFontMetrics metrics(font);
-  return BreakIntoLines(
-      text.toStdU16String(), size.height() / metrics.height(), [&](std::u16string_view sText) {
-        const auto nLength = static_cast<qsizetype>(sText.size());
-        return CountFittingIn(metrics, QString::fromUtf16(sText.data(), nLength), size.width());
-      });
+  return BreakIntoLines(text.toStdU16String(), size.height() / metrics.height(),
+                        FittingIn(metrics, size.width()));
 }
 
-bool LabelShowsWhole(const std::string& sText, const LabelFont& font, Twips width, Twips height) {
+std::int32_t LabelLinesCutOff(const std::string& sText, const LabelFont& font, Twips width,
+                              Twips height) {
   QFont usual = FontOf(font);
   usual.setPixelSize(UsualPixels(font.points, PointsPerInch));
-  const QSize size(UsualPixels(width, TwipsPerInch), UsualPixels(height, TwipsPerInch));
-  return LinesIn(ToQString(sText), usual, size).bWhole;
+  const QFontMetrics metrics(usual);
+  return LinesBeyond(ToQString(sText).toStdU16String(),
+                     UsualPixels(height, TwipsPerInch) / metrics.height(),
+                     FittingIn(metrics, UsualPixels(width, TwipsPerInch)));
 }
 
 }  // namespace trelin

@@ -129,6 +129,9 @@ Picture::Native Decode(std::string sBytes) {
 
 }  // namespace
 
+int Picture::WidthPixels() const { return native_->image.nWidth; }
+int Picture::HeightPixels() const { return native_->image.nHeight; }
+
 Picture Picture::LoadFromFile(const std::string& sPath) {
   const std::unique_ptr<InputFile> file = TheSystem().OpenInput(sPath);
   try {

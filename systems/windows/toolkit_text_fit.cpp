@@ -12,6 +12,17 @@ namespace {
 
 constexpr UINT UsualDpi = 96;
 
+// In the font that is selected into the context.
+CountFitting FittingIn(HDC hContext, int nWidth) {
+  return [hContext, nWidth](std::u16string_view sPart) {
+    int nFitting = 0;
+    SIZE all{};
+    GetTextExtentExPointW(hContext, reinterpret_cast<const wchar_t*>(sPart.data()),
+                          static_cast<int>(sPart.size()), nWidth, &nFitting, nullptr, &all);
+    return static_cast<std::size_t>(nFitting);
+  };
+}
+
 }  // namespace
 
 int LineHeight(HDC hContext) {
@@ -21,20 +32,16 @@ int LineHeight(HDC hContext) {
 }
 
 LabelLines LinesIn(const std::string& sText, HDC hContext, SIZE size) {
-  return BreakIntoLines(
-      ToUtf16(sText), size.cy / LineHeight(hContext), [&](std::u16string_view sPart) {
-        int nFitting = 0;
-        SIZE all{};
-        GetTextExtentExPointW(hContext, reinterpret_cast<const wchar_t*>(sPart.data()),
-                              static_cast<int>(sPart.size()), size.cx, &nFitting, nullptr, &all);
-        return static_cast<std::size_t>(nFitting);
-      });
+  return BreakIntoLines(ToUtf16(sText), size.cy / LineHeight(hContext),
+                        FittingIn(hContext, size.cx));
 }
 
-bool LabelShowsWhole(const std::string& sText, const LabelFont& font, Twips width, Twips height) {
+std::int32_t LabelLinesCutOff(const std::string& sText, const LabelFont& font, Twips width,
+                              Twips height) {
   const MemoryContextOwner context(CreateCompatibleDC(nullptr));
   SelectObject(context.get(), FontOf(font, UsualDpi));
-  return LinesIn(sText, context.get(), {Pixels(width, UsualDpi), Pixels(height, UsualDpi)}).bWhole;
+  return LinesBeyond(ToUtf16(sText), Pixels(height, UsualDpi) / LineHeight(context.get()),
+                     FittingIn(context.get(), Pixels(width, UsualDpi)));
 }
 
 }  // namespace trelin

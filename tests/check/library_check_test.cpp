@@ -17,6 +17,7 @@ TEST(Libraries, AreComparedWithTheProgramsOwn) {
   const LibraryTexts own = {
       {35000, u"Text %0% is missing."},
       {35010, u"Line %1%: %0% %2%, not %3%."},
+      {35014, u"Setup"},
       {35015, u"Not installed"},
       {35016, u"Installed"},
       {35024, u"E&xit"},
@@ -54,6 +55,18 @@ TEST(Libraries, AreComparedWithTheProgramsOwn) {
       {"no access key", {{35027, u"Setup && more"}}, "35027 warning access-key\n"},
       {"none at the end", {{35027, u"Setup&"}}, "35027 warning access-key\n"},
       {"one for two buttons", {{35028, u"&setup"}}, "35028 warning access-key\n"},
+      {"a long title bar", {{35014, std::u16string(90, u'w')}}, "35014 warning long-text\n"},
+      {"a translation",
+       {{35000, u"%0%"},
+        {35010, u"%1%%0%%2%%3%"},
+        {35014, u"x"},
+        {35015, u"a"},
+        {35016, u"b"},
+        {35027, u"&c"},
+        {35041, u""},
+        {35040, u"0"},
+        {35042, u""}},
+       "35024 warning untranslated\n35028 warning untranslated\n"},
       {"a long button", {{35027, u"&Installationsprogramm starten"}}, "35027 warning long-text\n"},
   };
   for (const auto& c : cases) {

@@ -302,19 +302,19 @@ TEST_F(ToolkitWindow, ALabelThatIsTooSmallShowsNotAllOfItsText) {
     std::string sText;
     LabelFont font;
     int nLines;
-    bool bWhole;
+    int nCutOff;
   } cases[] = {
-      {"", {}, 1, true},
-      {sLine, {}, 1, true},
-      {sLine, {.points = 9.75F, .bBold = true}, 1, false},
-      {sLine + ' ' + sLine, {}, 1, false},
-      {sLine + ' ' + sLine, {}, 2, true},
-      {sLine + "\r\n" + sLine + "\r\n" + sLine, {}, 2, false},
-      {std::string(200, 'W'), {}, 1, false},
+      {"", {}, 1, 0},
+      {sLine, {}, 1, 0},
+      {sLine, {.points = 9.75F, .bBold = true}, 1, 1},
+      {sLine + ' ' + sLine, {}, 1, 1},
+      {sLine + ' ' + sLine, {}, 2, 0},
+      {sLine + "\r\n" + sLine + "\r\n" + sLine, {}, 2, 1},
+      {std::string(30000, 'W'), {}, 1, 100},  // at least
   };
   for (const auto& c : cases)  // as wide as one of the menu
-    EXPECT_EQ(LabelShowsWhole(c.sText, c.font, 4890, 240.0F * static_cast<Twips>(c.nLines)),
-              c.bWhole)
+    EXPECT_EQ(LabelLinesCutOff(c.sText, c.font, 4890, 240.0F * static_cast<Twips>(c.nLines)),
+              c.nCutOff)
         << c.sText << " in " << c.nLines;
 }
 
