@@ -39,7 +39,7 @@ void PlaceInSource(Findings& findings, const SourceLines& script) {
   const auto places = PlacesIn(script);
   for (Finding& finding : findings) {
     const auto place = places.find(finding.lNumber);
-    finding.place = place != places.end() ? place->second : Place{1, 1, 1};
+    finding.place = place != places.end() ? place->second : Place{};
   }
   std::stable_sort(findings.begin(), findings.end(), [](const Finding& one, const Finding& other) {
     return one.place.lLine < other.place.lLine;
