@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdlib>
-#include <memory>
-#include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -13,6 +11,7 @@
 #include "check/encoding.h"
 #include "check/library_check.h"
 #include "check/library_source.h"
+#include "check/list_file.h"
 #include "check/list_reader.h"
 #include "check/mend.h"
 #include "check/new_suite.h"
@@ -22,7 +21,6 @@
 #include "seam/console.h"
 #include "seam/platform.h"
 #include "seam/platform_error.h"
-#include "shared/read_file.h"
 #include "shared/start_paths.h"
 #include "texts/paths.h"
 #include "texts/string_resources.h"
@@ -32,78 +30,39 @@ namespace trelin {
 namespace {
 
 constexpr std::int32_t LocaleId = 1033;  // as the launcher
-constexpr const char* ListName = "TRELIN.CFG";
 constexpr const char* LibraryName = "ENU35000.DLL";
-constexpr const char* StandardInputName = "<stdin>";
-
-// A path as the user writes it, without a "./" that says nothing.
-std::string Shown(const std::string& sPath) {
-  return WrittenByUser(sPath.starts_with(".\\") ? sPath.substr(2) : sPath);
-}
-
-std::string FolderOf(const std::string& sPath) {
-  const std::size_t nName = sPath.rfind('\\');
-  return nName == std::string::npos ? "." : sPath.substr(0, nName + 1);
-}
 
 void RequireFolder(const std::string& sFolder) {
   if (!StartPathTests().isFolder(sFolder))
     throw PlatformError("find the folder", WrittenByUser(sFolder), "there is none of that name");
 }
 
-bool IsStandardInput(const std::string& sPath) { return sPath == "-"; }
-
-std::unique_ptr<InputFile> OpenList(const std::string& sPath) {
-  return IsStandardInput(sPath) ? OpenStandardInput() : TheSystem().OpenInput(sPath);
-}
-
-std::string NameOf(const std::string& sPath) {
-  return IsStandardInput(sPath) ? StandardInputName : sPath.substr(sPath.find_last_of("\\/") + 1);
-}
-
-std::string ShownName(const std::string& sPath) {
-  return IsStandardInput(sPath) ? StandardInputName : Shown(sPath);
-}
-
-Suite SuiteOf(const std::string& sPath, const std::string& sSourceFolder) {
-  Suite suite;
-  suite.sFolder = FolderOf(sPath);
-  suite.sSourceFolder = sSourceFolder.empty() ? suite.sFolder : sSourceFolder;
-  return suite;
-}
-
-CheckedFile CheckList(const std::string& sPath, const std::string& sSourceFolder) {
-  Suite suite = SuiteOf(sPath, sSourceFolder);
-  suite.list = ReadCheckedList(NameOf(sPath), OpenList(sPath));
+CheckedFile CheckList(const ListFile& file, const std::string& sSourceFolder) {
+  Suite suite = file.SuiteAround(sSourceFolder);
+  suite.list = ReadCheckedList(file.Name(), file.Open());
   Findings findings = CheckSuite(suite);
-  return {ShownName(sPath), std::move(findings), std::move(suite.list.lines)};
-}
-
-// A suite that has a string library of its own ships it.
-Results CheckFolder(const std::string& sFolder, const std::string& sSourceFolder) {
-  Results results = {CheckList(InFolder(sFolder, ListName), sSourceFolder)};
-  const std::string sLibrary = InFolder(sFolder, LibraryName);
-  if (StartPathTests().isFile(sLibrary))
-    results.push_back({Shown(sLibrary), CheckLibrary(sLibrary), {}});
-  return results;
+  return {file.Shown(), std::move(findings), std::move(suite.list.lines)};
 }
 
 // In the lines of the script that it is made of, if there is one.
 CheckedFile CheckLibraryAlone(const Options& options) {
   Findings findings = CheckLibrary(options.sLibrary);
-  if (options.sScript.empty()) return {Shown(options.sLibrary), std::move(findings), {}};
+  if (options.sScript.empty()) return {ShownToUser(options.sLibrary), std::move(findings), {}};
   SourceLines script =
       ReadSourceLines(WrittenByUser(options.sScript), TheSystem().OpenInput(options.sScript));
   PlaceInSource(findings, script);
-  return {Shown(options.sScript), std::move(findings), std::move(script)};
+  return {ShownToUser(options.sScript), std::move(findings), std::move(script)};
 }
 
+// A suite that has a string library of its own ships it.
 Results CheckWhatIsAsked(const Options& options) {
   if (!options.sLibrary.empty()) return {CheckLibraryAlone(options)};
   if (!options.sSourceFolder.empty()) RequireFolder(options.sSourceFolder);
-  if (StartPathTests().isFolder(options.sPath))
-    return CheckFolder(options.sPath, options.sSourceFolder);
-  return {CheckList(options.sPath, options.sSourceFolder)};
+  Results results = {CheckList(ListFile(options.sPath), options.sSourceFolder)};
+  const std::string sLibrary = InFolder(options.sPath, LibraryName);
+  if (StartPathTests().isFile(sLibrary))
+    results.push_back({ShownToUser(sLibrary), CheckLibrary(sLibrary), {}});
+  return results;
 }
 
 // Without colours where the user wants none (no-color.org).
@@ -148,23 +107,20 @@ class SuiteLibraries : public StringLibraryLoader {
   std::string sFolder_;
 };
 
-// The words of the launcher come from its string library.
-void OpenStringResources() {
-  ResetStringResources();
-  InitStringResources(LocaleId);
-  if (GetResourceLibrary(static_cast<std::int32_t>(TextNumber::Missing)) == 0)
-    throw PlatformError("open the string library", WrittenByUser(ProgramFile(LibraryName)),
-                        "it is missing or damaged; it belongs into the folder of trelin-check");
-}
-
-std::string SuiteFolder(const Options& options) {
-  return StartPathTests().isFolder(options.sPath) ? options.sPath : FolderOf(options.sPath);
-}
-
-std::string ListOf(const Options& options) {
-  return StartPathTests().isFolder(options.sPath) ? InFolder(options.sPath, ListName)
-                                                  : options.sPath;
-}
+// The words of the launcher, which come from its string library.
+class LaunchersTexts {
+ public:
+  LaunchersTexts() {
+    ResetStringResources();
+    InitStringResources(LocaleId);
+    if (GetResourceLibrary(static_cast<std::int32_t>(TextNumber::Missing)) == 0)
+      throw PlatformError("open the string library", WrittenByUser(ProgramFile(LibraryName)),
+                          "it is missing or damaged; it belongs into the folder of trelin-check");
+  }
+  ~LaunchersTexts() { FreeResourceLibraries(); }
+  LaunchersTexts(const LaunchersTexts&) = delete;
+  LaunchersTexts& operator=(const LaunchersTexts&) = delete;
+};
 
 // Tells that nothing could be checked; who uploads a SARIF file has one to upload.
 int Fail(const Options& options, const std::string& sReason) {
@@ -179,51 +135,43 @@ void RemoveAllowed(Findings& findings, const std::vector<std::string>& rules) {
   });
 }
 
-Manuscript MendedList(const std::string& sPath, const Options& options) {
-  const auto sFile = ReadWholeFile(*OpenList(sPath));
-  if (!sFile)
-    throw PlatformError("read the setup list", ShownName(sPath), "it has more than 64 MB");
-  Suite suite = SuiteOf(sPath, options.sSourceFolder);
-  suite.list.sName = NameOf(sPath);
-  return Mend(*sFile, suite);
-}
-
-void FixList(const std::string& sPath, const Options& options) {
-  const Manuscript mended = MendedList(sPath, options);
+void FixList(const ListFile& file, const Options& options) {
+  const Manuscript mended = Mend(file.Bytes(), file.SuiteAround(options.sSourceFolder));
   const std::size_t nChanged = mended.ChangedLines();
   if (nChanged == 0) return;
-  ReplaceWholeFile(sPath, mended.Text());
+  ReplaceWholeFile(file.Path(), mended.Text());
   if (options.format == ReportFormat::Text)
-    WriteOutput(Utf8Of(ShownName(sPath)) + ": " + std::to_string(nChanged) +
+    WriteOutput(Utf8Of(file.Shown()) + ": " + std::to_string(nChanged) +
                 (nChanged == 1 ? " line has been mended.\n" : " lines have been mended.\n"));
 }
 
 // The bytes of both files, or letters where somebody reads them.
-int ShowDiff(const std::string& sPath, const Options& options) {
-  const std::string sDiff = MendedList(sPath, options).Diff(ShownName(sPath));
+int ShowDiff(const ListFile& file, const Options& options) {
+  const std::string sDiff =
+      Mend(file.Bytes(), file.SuiteAround(options.sSourceFolder)).Diff(file.Shown());
   WriteOutput(OutputTerminal().lColumns > 0 && !IsUtf8(sDiff) ? Utf8Of(sDiff) : sDiff);
   return sDiff.empty() ? 0 : 1;
 }
 
-int WriteRecords(const std::string& sPath, const Options& options) {
-  WriteOutput(RecordsOf(ReadCheckedList(NameOf(sPath), OpenList(sPath)), options.states));
-  return 0;
-}
-
 int RunChecks(const Options& options) {
-  SuiteLibraries libraries(TheStringLibraries(), SuiteFolder(options));
-  const PlatformScope scope({&TheRegistry(), &libraries, &TheSystem()});
-  OpenStringResources();
-  if (!options.states.empty()) return WriteRecords(ListOf(options), options);
-  if (options.bDiff) return ShowDiff(ListOf(options), options);
-  if (options.bFix) FixList(ListOf(options), options);
   Results results = CheckWhatIsAsked(options);
   for (CheckedFile& file : results) RemoveAllowed(file.findings, options.allowed);
-  FreeResourceLibraries();
   WriteOutput(ReportOn(results, options.format));
   const bool bFailed = CountOf(results, Severity::Error) > 0 ||
                        (options.bStrict && CountOf(results, Severity::Warning) > 0);
   return bFailed ? 1 : 0;
+}
+
+int RunWithTexts(const Options& options) {
+  const ListFile file(options.sPath);
+  SuiteLibraries libraries(TheStringLibraries(), file.Folder());
+  const PlatformScope scope({&TheRegistry(), &libraries, &TheSystem()});
+  const LaunchersTexts texts;
+  if (!options.states.empty())
+    return WriteOutput(RecordsOf(ReadCheckedList(file.Name(), file.Open()), options.states)), 0;
+  if (options.bDiff) return ShowDiff(file, options);
+  if (options.bFix) FixList(file, options);
+  return RunChecks(options);
 }
 
 }  // namespace
@@ -235,7 +183,7 @@ int RunCommand(const std::vector<std::string>& arguments) {
     if (options.bHelp) return WriteOutput(HelpText()), 0;
     if (options.bVersion) return WriteOutput(std::string("trelin-check ") + Version + "\n"), 0;
     if (options.bNew) return WriteNewSuite(options.sPath), 0;
-    return RunChecks(options);
+    return RunWithTexts(options);
   } catch (const UsageError& error) {
     WriteErrorOutput("trelin-check: " + Utf8Of(error.what()) + "\nTry trelin-check --help.\n");
     return FailureCode;
