@@ -5,6 +5,7 @@
 #include <limits>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -67,16 +68,18 @@ void ForEachWithout(const Suite& suite, const char* pKey, Use use) {
 
 // The only key of the block that it is a slip of the hand away from, if the block
 // does without that one.
-std::optional<Correction> KeyMeant(const ListBlock& block, const ListStatement& entry) {
+std::optional<Correction> KeyMeant(BlockKind kind, const ListStatement& entry,
+                                   std::set<std::string_view>& known) {
   constexpr std::size_t FewLetters = 2;
-  const auto& keys = KeysOf(block.kind);
+  const auto& keys = KeysOf(kind);
   const auto isNear = [&entry](const char* pKey) {
     return EditDistance(entry.sKey, pKey) <= FewLetters;
   };
   const auto key = std::find_if(keys.begin(), keys.end(), isNear);
   const bool bOnlyOne = std::count_if(keys.begin(), keys.end(), isNear) == 1;
-  if (!bOnlyOne || block.Find(*key) != nullptr || !WhereKnown(std::string(entry.sKey)).empty())
+  if (!bOnlyOne || known.contains(*key) || !WhereKnown(std::string(entry.sKey)).empty())
     return std::nullopt;
+  known.insert(*key);  // for the next one
   return Correction{entry.key, *key};
 }
 
@@ -84,15 +87,24 @@ constexpr Rule UnknownKey = {
     "unknown-key", "The launcher does not know a key.",
     "The launcher beeps or shows a message for each, and leaves the entry out."};
 
+// Those keys of the block's entries that the launcher knows.
+std::set<std::string_view> KnownKeys(const ListBlock& block) {
+  std::set<std::string_view> known;
+  for (const ListStatement* pEntry : block.entries)
+    if (IsKeyOf(block.kind, pEntry->sKey)) known.insert(pEntry->sKey);
+  return known;
+}
+
 void CheckUnknownKeys(const Suite& suite, Report& report) {
   for (const ListBlock& block : suite.list.blocks) {
+    std::set<std::string_view> known = KnownKeys(block);
     for (const ListStatement* pEntry : block.entries) {
       if (block.kind == BlockKind::Unknown || IsKeyOf(block.kind, pEntry->sKey)) continue;
       const std::string sKey(pEntry->sKey);
       report
           .Error(pEntry->key, UnknownKeyMessage(suite.list, block.kind, sKey),
                  UnknownKeyHint(block.kind, sKey))
-          .correction = KeyMeant(block, *pEntry);
+          .correction = KeyMeant(block.kind, *pEntry, known);
     }
   }
 }

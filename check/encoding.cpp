@@ -56,7 +56,8 @@ std::optional<std::string> FromLosslessUtf16(std::u16string_view sUnits) {
   std::string sText = FromUtf16(sUnits);
   const bool bSame = std::equal(sText.begin(), sText.end(), sUnits.begin(), sUnits.end(),
                                 [](char c, char16_t unit) { return CodePoint1252(c) == unit; });
-  return bSame ? std::optional(std::move(sText)) : std::nullopt;
+  const bool bText = sText.find('\0') == std::string::npos;
+  return bSame && bText ? std::optional(std::move(sText)) : std::nullopt;
 }
 
 bool IsControl(unsigned char c) { return (c < 0x20 && c != '\t') || c == 0x7F; }

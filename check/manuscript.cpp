@@ -18,6 +18,8 @@ std::string DiffLine(char cSign, const std::string& sLine) {
   return cSign + sLine + (sLine.ends_with('\n') ? "" : "\n\\ No newline at end of file\n");
 }
 
+std::int32_t LineNumber(std::size_t nIndex) { return static_cast<std::int32_t>(nIndex) + 1; }
+
 }  // namespace
 
 Manuscript::Manuscript(std::string_view sFile) : lines_(Split(sFile)) {
@@ -75,40 +77,39 @@ void Manuscript::UnifyLineEnds() {
 }
 
 bool Manuscript::Correct(const std::vector<Correction>& corrections) {
-  std::int32_t lReplaced = 0;  // the line of the last replacement
-  bool bAny = false;
-  for (auto last = corrections.rbegin(); last != corrections.rend(); ++last) {
-    if (last->sText.ends_with('\n')) {
-      Insert(*last);
-    } else if (last->place.lLine != lReplaced) {
-      lReplaced = last->place.lLine;
-      Replace(*last);
-    }
-    bAny = true;
-  }
-  return bAny;
-}
-
-void Manuscript::Insert(const Correction& correction) {
   const std::string sEnd = UsualEnd();
-  const auto nAt = static_cast<std::ptrdiff_t>(correction.place.lLine) - 1;
-  if (nAt > 0) {  // the line above may be the last one
-    std::string& sAbove = lines_[static_cast<std::size_t>(nAt) - 1].sEnd;
-    if (sAbove.empty()) sAbove = sEnd;
+  std::vector<Line> mended;
+  mended.reserve(lines_.size() + corrections.size());
+  auto correction = corrections.begin();
+  for (std::size_t n = 0; n <= lines_.size(); ++n) {
+    bool bReplaced = false;
+    for (; correction != corrections.end() && correction->place.lLine <= LineNumber(n);
+         ++correction) {
+      if (correction->sText.ends_with('\n'))
+        AddLines(correction->sText, sEnd, mended);
+      else if (!std::exchange(bReplaced, true))
+        lines_[n].Replace(*correction);
+    }
+    if (n < lines_.size()) mended.push_back(std::move(lines_[n]));
   }
-  std::vector<Line> added;
-  for (std::size_t nBegin = 0; nBegin < correction.sText.size();) {
-    const std::size_t nEnd = correction.sText.find('\n', nBegin);
-    added.push_back({correction.sText.substr(nBegin, nEnd - nBegin), sEnd, "", true});
-    nBegin = nEnd + 1;
-  }
-  lines_.insert(lines_.begin() + nAt, added.begin(), added.end());
+  lines_ = std::move(mended);
+  return !corrections.empty();
 }
 
-void Manuscript::Replace(const Correction& correction) {
-  std::string& sLine = lines_[static_cast<std::size_t>(correction.place.lLine) - 1].sText;
-  sLine.replace(static_cast<std::size_t>(correction.place.lColumn) - 1,
+void Manuscript::Line::Replace(const Correction& correction) {
+  sText.replace(static_cast<std::size_t>(correction.place.lColumn) - 1,
                 static_cast<std::size_t>(correction.place.lLength), correction.sText);
+}
+
+// The line above may be the last one, without an end.
+void Manuscript::AddLines(std::string_view sText, const std::string& sEnd,
+                          std::vector<Line>& lines) {
+  if (!lines.empty() && lines.back().sEnd.empty()) lines.back().sEnd = sEnd;
+  while (!sText.empty()) {
+    const std::size_t nLine = sText.find('\n');
+    lines.push_back({std::string(sText.substr(0, nLine)), sEnd, "", true});
+    sText.remove_prefix(nLine + 1);
+  }
 }
 
 std::string Manuscript::Diff(const std::string& sName) const {

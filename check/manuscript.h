@@ -40,14 +40,14 @@ class Manuscript {
     std::string sBefore;  // with its end
     bool bNew = false;    // then there was none before
 
+    void Replace(const Correction& correction);
     std::string Now() const { return sText + sEnd; }
     bool Changed() const { return bNew || Now() != sBefore; }
   };
 
   static std::vector<Line> Split(std::string_view sText);
   std::string UsualEnd() const;
-  void Insert(const Correction& correction);
-  void Replace(const Correction& correction);
+  static void AddLines(std::string_view sText, const std::string& sEnd, std::vector<Line>& lines);
   std::string Hunk(std::size_t nFirst, std::size_t nEnd) const;
 
   std::vector<Line> lines_;

@@ -26,9 +26,10 @@ TEST_F(MendTest, MendsWhatHasOneSafeAnswer) {
       {"words", "BLCOK SETUPLIST X\r\n\tBLOCK APPLICATON\r\nREVISON = 2\r\nProduct: A \r\nENDE",
        "BLOCK SETUPLIST X\r\n\tBLOCK APPLICATION\r\nREVISION = 2\r\nProduct = A "
        "\r\nEND\r\nEND\r\n"},
-      {"a key that is there already",
-       "BLOCK SETUPLIST\nBLOCK APPLICATION\nREVISION=1\nREVISON=2\nEND\nEND\n",
-       "BLOCK SETUPLIST\nBLOCK APPLICATION\nREVISION=1\nREVISON=2\nEND\nEND\n"},
+      {"keys that are there already",
+       "BLOCK SETUPLIST\nBLOCK APPLICATION\nREVISON=1\nREVISON=2\nPRODUCT=1\nPRODUT=2\nEND\nEND\n",
+       "BLOCK SETUPLIST\nBLOCK "
+       "APPLICATION\nREVISION=1\nREVISON=2\nPRODUCT=1\nPRODUT=2\nEND\nEND\n"},
       {"ENDs",
        "BLOCK SETUPLIST\n  BLOCK APPLICATION A\n    BLOCK DEPENDENCY\n\n"
        "  ; B\n  BLOCK APPLICATION B\n\n",
