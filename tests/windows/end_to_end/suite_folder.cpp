@@ -4,61 +4,38 @@
 
 #include <array>
 #include <fstream>
-#include <regex>
-
-#include "tests/windows/end_to_end/reg_program.h"
 
 namespace end_to_end {
 
 namespace {
 
+constexpr const char* NoticeKey = "SOFTWARE\\Korvanta\\Copyright";
+constexpr const char* LogKey = "SOFTWARE\\Korvanta\\InstallLog";
+
+// One more product than the menu has rows.
 const char* const SetupList = R"(BLOCK SETUPLIST
 BLOCK APPLICATION
 PRODUCT = Base System
-PRODUCTCODE = BASE
+PRODUCTCODE = TESTBASE
 REVISION = 2.0
 READMEFILE = readme.exe base.txt
 END
 BLOCK APPLICATION
 PRODUCT = Probe Head
-PRODUCTCODE = PROBE
+PRODUCTCODE = TESTPROBE
 REVISION = 2.1
 INSTALLFILE = PROBE_setup.exe
 END
 BLOCK APPLICATION
 PRODUCT = Camera
-PRODUCTCODE = CAMERA
-REVISION = 1.0
-INSTALLFILE = CAMERA_setup.exe
 END
 BLOCK APPLICATION
 PRODUCT = Gears
-PRODUCTCODE = GEARS
-REVISION = 3.0
 END
 BLOCK APPLICATION
 PRODUCT = Reports & Labels
-INSTALLFILE = reports.exe
-BLOCK DEPENDENCY
-PRODUCTCODE = GEARS
-REVISION = 3.0
-TITLE = Gears
 END
 END
-END
-)";
-
-// The same revision, an older one, a newer one, a missing check file.
-const char* const Records = R"(REGEDIT4
-
-[HKEY_LOCAL_MACHINE\SOFTWARE\Korvanta\InstallLog]
-"BASE"="2.0"
-"BASECheckFile"="@SUITE@\\base.txt"
-"PROBE"="2.0"
-"PROBECheckFile"="@SUITE@\\base.txt"
-"CAMERA"="1.5"
-"GEARS"="3.0"
-"GEARSCheckFile"="@SUITE@\\gears.txt"
 )";
 
 std::filesystem::path BuildFolder() {
@@ -67,30 +44,48 @@ std::filesystem::path BuildFolder() {
   return std::filesystem::path(path.data()).parent_path();
 }
 
+std::string Text(const char* pKey, const std::string& sName) {
+  std::array<char, 1024> text{};
+  DWORD nSize = text.size();
+  RegGetValueA(HKEY_LOCAL_MACHINE, pKey, sName.c_str(), RRF_RT_REG_SZ, nullptr, text.data(),
+               &nSize);
+  return text.data();
+}
+
+void SetRecord(const char* pName, const std::string& sText) {
+  RegSetKeyValueA(HKEY_LOCAL_MACHINE, LogKey, pName, REG_SZ, sText.c_str(),
+                  static_cast<DWORD>(sText.size() + 1));
+}
+
 }  // namespace
 
+// The launcher writes the notice anew whenever it starts.
 SuiteFolder::SuiteFolder()
     : folder_(std::filesystem::temp_directory_path() /
               ("Trelin suite " + std::to_string(GetCurrentProcessId()))) {
   std::filesystem::remove_all(folder_);  // of a run that was killed
-  std::filesystem::create_directory(folder_);
+  std::filesystem::create_directories(folder_ / "Disc 1");
   for (const char* sName : {"trelin.exe", "ENU35000.DLL", "readme.exe"})
     std::filesystem::copy(BuildFolder() / sName, folder_ / sName);
-  std::filesystem::create_directory(folder_ / "Disc 1");
-  for (const char* sName : {"PROBE_setup.exe", "CAMERA_setup.exe"})
-    std::filesystem::copy(BuildFolder() / "demo_installer.exe", folder_ / "Disc 1" / sName);
-  Write("TRELIN.CFG", SetupList);
-  Write("Disc 1\\TRELIN.CFG", SetupList);
+  std::filesystem::copy(BuildFolder() / "demo_installer.exe", folder_ / "Disc 1\\PROBE_setup.exe");
+  for (const char* sName : {"TRELIN.CFG", "Disc 1\\TRELIN.CFG"}) Write(sName, SetupList);
   Write("base.txt", "About the base system.");
-  const std::string sFolder = std::regex_replace(folder_.string(), std::regex(R"(\\)"), R"(\\)");
-  Write("records.reg", std::regex_replace(Records, std::regex("@SUITE@"), sFolder));
-  RunReg("import \"" + (folder_ / "records.reg").string() + "\"");
+  RegDeleteTreeA(HKEY_LOCAL_MACHINE, NoticeKey);
+  SetRecord("TESTBASE", "2.0");
+  SetRecord("TESTBASECheckFile", (folder_ / "base.txt").string());
+  SetRecord("TESTPROBE", "2.0");
 }
 
 SuiteFolder::~SuiteFolder() {
   std::error_code ignored;  // a program that does not end keeps its file
   std::filesystem::remove_all(folder_, ignored);
+  for (const char* pName : {"TESTBASE", "TESTBASECheckFile", "TESTPROBE", "TESTPROBECheckFile"})
+    RegDeleteKeyValueA(HKEY_LOCAL_MACHINE, LogKey, pName);
 }
+
+std::string SuiteFolder::Notice(const std::string& sName) { return Text(NoticeKey, sName); }
+
+std::string SuiteFolder::Record(const std::string& sName) { return Text(LogKey, sName); }
 
 void SuiteFolder::Write(const std::string& sName, const std::string& sText) const {
   std::ofstream(folder_ / sName, std::ios::binary) << sText;

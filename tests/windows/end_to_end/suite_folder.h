@@ -5,9 +5,9 @@
 
 namespace end_to_end {
 
-// A suite laid out in a new folder, with its records in the registry; its installers
-// are in the folder "Disc 1" within. The programs are those beside this one. The
-// folder goes with the object.
+// A suite laid out in a new folder, with its records in the registry; its installer
+// is in the folder "Disc 1" within. The programs are those beside this one. Folder
+// and records go with the object.
 class SuiteFolder {
  public:
   SuiteFolder();
@@ -16,6 +16,10 @@ class SuiteFolder {
   SuiteFolder& operator=(const SuiteFolder&) = delete;
 
   std::filesystem::path operator/(const std::string& sName) const { return folder_ / sName; }
+
+  // What the launcher and its installers have written into the registry.
+  static std::string Notice(const std::string& sName);
+  static std::string Record(const std::string& sName);
 
  private:
   void Write(const std::string& sName, const std::string& sText) const;
