@@ -3,7 +3,7 @@
 #include <windows.h>
 
 #include "real_platform.h"
-#include "seam/platform_error.h"
+#include "testing/fake_platform.h"
 #include "testing/temporary_folder.h"
 
 namespace trelin {
@@ -27,13 +27,8 @@ TEST(WindowsFilesTest, HiddenAndSystemFilesDoNotMatch) {
 TEST(WindowsFilesTest, SaysWhyFileDoesNotOpen) {
   const TemporaryFolder folder;
   const std::string sFolder = ProgramPath(folder / "");
-  try {
-    OpenWindowsFile(sFolder);
-    ADD_FAILURE();
-  } catch (const PlatformError& error) {
-    EXPECT_EQ(error.what(),
-              "Could not open the file \"" + sFolder + "\": it is a folder, not a file.");
-  }
+  EXPECT_EQ(Failure([&] { OpenWindowsFile(sFolder); }),
+            "Could not open the file \"" + sFolder + "\": it is a folder, not a file.");
 }
 
 }  // namespace
