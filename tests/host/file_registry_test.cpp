@@ -7,7 +7,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <random>
 #include <set>
 #include <thread>
 
@@ -181,57 +180,21 @@ TEST_F(FileRegistryTest, WritersLoseNothingAndReadersSeeWholeFiles) {
   for (const std::string& sName : names) EXPECT_EQ(sName, Check(registry_, sName));
 }
 
-TEST_F(FileRegistryTest, ALockThatIsNotGivenBackIsNamed) {
+TEST_F(FileRegistryTest, ALockIsNamedUntilItsHolderIsKilled) {
   Write("");
   const RegistryKey hKey = Open(registry_);
-  {
-    std::int32_t lResult = RegistryWriteFault;
-    const FileDescriptor lock = RegistryStore(sPath_).Lock(lResult);
-    EXPECT_EQ(RegistrySuccess, lResult);
-    EXPECT_EQ(RegistryUnusable, Set(registry_, hKey, "A", "1"));
-    EXPECT_NE(registry_.Trouble().find('"' + sPath_ + ".lock\""), std::string::npos)
-        << registry_.Trouble();
-    ExpectValues("");
-  }
+  std::int32_t lResult = RegistryWriteFault;
+  FileDescriptor lock = RegistryStore(sPath_).Lock(lResult);
+  EXPECT_EQ(RegistrySuccess, lResult);
+  const pid_t nHolder = Start([] { pause(); });  // it has the lock, too
+  lock.Close();
+  EXPECT_EQ(RegistryUnusable, Set(registry_, hKey, "A", "1"));
+  EXPECT_NE(registry_.Trouble().find('"' + sPath_ + ".lock\""), std::string::npos)
+      << registry_.Trouble();
+  ExpectValues("");
+  kill(nHolder, SIGKILL);
+  waitpid(nHolder, nullptr, 0);
   EXPECT_EQ(RegistrySuccess, Set(registry_, hKey, "A", "1"));
-}
-
-// The moments of the kills are random, spread so that many come before the new
-// file has got its name and many after it, however fast the machine is.
-TEST_F(FileRegistryTest, AKilledWriterLeavesAWholeFileToTheNextOne) {
-  std::string sRest;  // makes the file long, so that writing it takes a while
-  for (int i = 0; i < 20; ++i)
-    sRest += "\"" + std::to_string(i) + "\"=\"" + std::string(4000, 'x') + "\"\n";
-  const auto file = [&](const std::string& s) { return LogFile("\"A\"=\"" + s + "\"\n" + sRest); };
-  const auto isTemporaryThere = [&] { return access((sPath_ + ".tmp").c_str(), F_OK) == 0; };
-  Write("\"A\"=\"0\"\n" + sRest);
-  const RegistryKey hKey = Open(registry_);
-  std::mt19937 random;
-  std::int64_t nLongest = 500'000;  // nanoseconds
-  int nWhileWriting = 0;
-  int nWritten = 0;
-  for (int i = 0; i < 1000 && (i < 30 || nWhileWriting < 2 || nWritten < 2); ++i) {
-    const pid_t nWriter = Start([&] { Set(registry_, hKey, "A", "killed"); });
-    siginfo_t ended{};
-    while (!isTemporaryThere() && ended.si_pid == 0)
-      waitid(P_PID, static_cast<id_t>(nWriter), &ended, WEXITED | WNOHANG | WNOWAIT);
-    const auto end = std::chrono::steady_clock::now() +
-                     std::chrono::nanoseconds(std::uniform_int_distribution(0L, nLongest)(random));
-    while (std::chrono::steady_clock::now() < end) {
-    }
-    kill(nWriter, SIGKILL);
-    waitpid(nWriter, nullptr, 0);
-    const std::string sFound = FileBytes(sPath_);
-    const bool bWritten = sFound == file("killed");
-    ASSERT_TRUE(bWritten || sFound == file(std::to_string(i))) << "after " << i << " kills";
-    nWhileWriting += isTemporaryThere() ? 1 : 0;
-    nWritten += bWritten ? 1 : 0;
-    nLongest = bWritten ? nLongest * 9 / 10 : nLongest * 11 / 10 + 1000;
-    ASSERT_EQ(RegistrySuccess, Set(registry_, hKey, "A", std::to_string(i + 1)));
-    ASSERT_FALSE(isTemporaryThere());
-  }
-  EXPECT_GE(nWhileWriting, 2);  // few on a busy machine
-  EXPECT_GE(nWritten, 2);
 }
 
 TEST_F(FileRegistryTest, AFileThatMayNotBeWrittenRefusesWriters) {
