@@ -58,7 +58,8 @@ TEST_F(LauncherWindows, ASuiteIsInstalled) {
   ExpectMenu("Base System\n");
 
   Click(labels.at(4));  // a description
-  Click(ControlsIn(Window(MenuTitle), "Button").at(0));
+  const auto boxes = ControlsIn(Window(MenuTitle), "TrelinPictureBox");
+  Click(boxes.at(4));  // the icon of the second row: list, row, icon, row, icon
   Window("Demonstration Setup");
   const std::filesystem::path checkFile = suite / "Disc 1\\Installed\\TESTPROBE.txt";
   EXPECT_TRUE(Within(LongestWait, [&] { return std::filesystem::exists(checkFile); }));
