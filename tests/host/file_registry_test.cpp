@@ -78,6 +78,24 @@ std::string Check(FileRegistry& registry, const std::string& sName) {
   return sText;
 }
 
+TEST(FileRegistryPath, ComesFromTheEnvironment) {
+  const char* const cases[][4] = {
+      {"a.reg", "/data", "/home", "a.reg"},
+      {"", "/data", "/home", "/data/trelin/registry.reg"},
+      {"", "data", "/home", "/home/.local/share/trelin/registry.reg"},  // no full path
+      {"", "", "/home", "/home/.local/share/trelin/registry.reg"},
+  };
+  const auto look = [&cases] {
+    for (const auto& [sRegistry, sData, sHome, sPath] : cases) {
+      setenv("TRELIN_REGISTRY", sRegistry, 1);
+      setenv("XDG_DATA_HOME", sData, 1);
+      setenv("HOME", sHome, 1);
+      EXPECT_EQ(FileRegistry::DefaultPath(), sPath);
+    }
+  };
+  Runs(Start(look), 0);  // with an environment of its own
+}
+
 class FileRegistryTest : public testing::Test {
  protected:
   void Write(const std::string& sValues) const { folder_.Write("registry.reg", LogFile(sValues)); }
@@ -141,11 +159,12 @@ TEST_F(FileRegistryTest, IsReadAgainOnlyWhenChangedAndParsedOnce) {
   EXPECT_EQ("<1018>", Get(registry_, hKey, "A"));
 }
 
-TEST_F(FileRegistryTest, ReplacesTheFileBehindALink) {
+TEST_F(FileRegistryTest, ReplacesTheFileBehindLinks) {
   folder_.Write("data/real.reg", LogFile(""));
   folder_.Write("data/real.reg.tmp", "left by a killed writer");
   chmod((folder_ / "data/real.reg").c_str(), 0640);
-  std::filesystem::create_symlink("data/real.reg", sPath_);
+  std::filesystem::create_symlink("data/real.reg", folder_ / "link");
+  std::filesystem::create_symlink("link", sPath_);
   std::ifstream reader(sPath_);
   EXPECT_EQ(RegistrySuccess, Set(registry_, Open(registry_), "A", "1"));
   EXPECT_TRUE(std::filesystem::is_symlink(sPath_));

@@ -1,5 +1,6 @@
 #include "systems/host/host_process.h"
 
+#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -31,19 +32,25 @@ TEST_F(HostProcessTest, StartsProgramWithItsArgumentsAndNothingElse) {
   WriteProgram("My S\u00e9tup.sh",
                "#!/bin/sh\n"
                "{ printf '<%s>\\n' \"$@\"; [ -e /proc/$$/fd/57 ] && echo open\n"
-               "grep SigBlk /proc/self/status; } >\"$0.tmp\"; mv \"$0.tmp\" \"$0.out\"\n");
+               "[ $(cut -d' ' -f6 /proc/self/stat) = " +
+                   std::to_string(getsid(0)) +
+                   " ] && echo 'same session'\n"
+                   "grep Sig[BI] /proc/self/status; } >\"$0.tmp\"; mv \"$0.tmp\" \"$0.out\"\n");
   EXPECT_EQ(dup2(STDERR_FILENO, 57), 57);
+  signal(SIGUSR1, SIG_IGN);
   StartHostProgram(ProgramPath(folder / "MY S\u00c9TUP.sh") + " \"a b\" \xE9\\");
   EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a child is left";
+  signal(SIGUSR1, SIG_DFL);
   close(57);
   const std::string sOutput = folder / "My S\u00e9tup.sh.out";
   for (int i = 0; i < 1000 && !std::filesystem::exists(sOutput); ++i) usleep(10'000);
-  EXPECT_EQ(FileBytes(sOutput), "<a b>\n<\u00e9\\>\nSigBlk:\t0000000000000000\n");
+  EXPECT_EQ(FileBytes(sOutput),
+            "<a b>\n<\u00e9\\>\nSigBlk:\t0000000000000000\nSigIgn:\t0000000000000000\n");
 }
 
 TEST_F(HostProcessTest, SaysWhyProgramDoesNotStart) {
   folder.Write("Plain.sh", "#!/bin/sh\n");
-  WriteProgram("Text", "no program");
+  WriteProgram("Text", "Menus: no program");
   WriteProgram("Setup.exe", "MZ\x90");
   WriteProgram("Script", "#!/nowhere/sh\n");
   const std::string sFolder = ProgramPath(folder / "");
