@@ -107,6 +107,15 @@ std::string Driver::WindowTitle() {
   return used != nullptr ? TitleOf(used) : "";
 }
 
+Rgb Driver::PixelAt(const Control& control, int nX, int nY) {
+  return PixelsIn(control, {nX, nY, 1, 1})[0][0];
+}
+
+std::vector<std::vector<Rgb>> Driver::PixelsOf(const Control& control) {
+  const PixelRect inside = Inside(control);
+  return PixelsIn(control, {0, 0, inside.nWidth, inside.nHeight});
+}
+
 std::ostream& operator<<(std::ostream& out, const Rgb& rgb) {
   return out << "rgb " << rgb.nRed << ' ' << rgb.nGreen << ' ' << rgb.nBlue;
 }

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
-#include "seam/toolkit.h"
+#include "testing/driver.h"
 
-// What the scripts of driver.h need of a system, in which they run on ticks.
+// What the part of driver.h that is the same everywhere needs of a system: scripts,
+// which run on ticks, and pixels.
 namespace trelin::DriverSystem {
 
 using Window = void*;
@@ -19,5 +21,8 @@ void CloseAll();
 // Has the tick called again and again from now on, also within another one. Only
 // the first call counts.
 void KeepTicking(void (*tick)());
+
+// By row and column, of a place relative to the inside of a control.
+std::vector<std::vector<Rgb>> PixelsIn(const Control& control, PixelRect rect);
 
 }  // namespace trelin::DriverSystem

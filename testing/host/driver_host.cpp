@@ -118,8 +118,7 @@ static void TickAgain(void (*tick)()) {
 }
 
 void DriverSystem::KeepTicking(void (*tick)()) {
-  static const bool bStarted = (TickAgain(tick), true);
-  (void)bStarted;
+  [[maybe_unused]] static const bool bStarted = (TickAgain(tick), true);
 }
 
 std::string Driver::MessageText() {
@@ -266,12 +265,9 @@ std::string Driver::TooltipOver(const Control& control) {
   return FromQString(QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText());
 }
 
-Rgb Driver::PixelAt(const Control& control, int nX, int nY) {
-  return ToRgb(ScreenOf(control).pixelColor(InWindow(control, QPoint(nX, nY))));
-}
-
-std::vector<std::vector<Rgb>> Driver::PixelsOf(const Control& control) {
-  const QImage image = ScreenOf(control).copy(QRect(InWindow(control, {}), Area(control).size()));
+std::vector<std::vector<Rgb>> DriverSystem::PixelsIn(const Control& control, PixelRect rect) {
+  const QPoint corner = InWindow(control, QPoint(rect.nLeft, rect.nTop));
+  const QImage image = ScreenOf(control).copy(QRect(corner, QSize(rect.nWidth, rect.nHeight)));
   std::vector<std::vector<Rgb>> rows;
   for (int y = 0; y < image.height(); ++y) {
     auto& row = rows.emplace_back();

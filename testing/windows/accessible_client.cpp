@@ -1,20 +1,18 @@
 #include "testing/windows/accessible_client.h"
 
 #include <windows.h>
+#include <commctrl.h>
 #include <gtest/gtest.h>
 #include <oleacc.h>
 
-#include <array>
 #include <map>
-#include <string_view>
 
 #include "systems/windows/com_owner.h"
+#include "testing/windows/message_pump.h"
 
 namespace trelin {
 
 namespace {
-
-using namespace std::literals;
 
 VARIANT Self() {
   VARIANT self{};
@@ -33,11 +31,8 @@ std::string NameOfRole(LONG lRole, IAccessible& object) {
   if (lRole != ROLE_SYSTEM_CLIENT) return names.at(lRole);
   HWND hWindow = nullptr;
   WindowFromAccessibleObject(&object, &hWindow);
-  std::array<char, 16> name{};
-  GetClassNameA(hWindow, name.data(), name.size());
-  return name.data() == "Static"sv      ? "text"
-         : name.data() == "ScrollBar"sv ? "scroll bar"
-                                        : "client";
+  const std::string sClass = ClassOf(hWindow);
+  return sClass == WC_STATICA ? "text" : sClass == WC_SCROLLBARA ? "scroll bar" : "client";
 }
 
 ComOwner<IAccessible> AccessibleOf(HWND hWindow) {

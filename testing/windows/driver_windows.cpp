@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 
 #include "systems/windows/handle.h"
 #include "systems/windows/toolkit_measure.h"
@@ -32,31 +31,25 @@ HWND HandleOf(const Control& control) { return control.Get().Handle(); }
 
 UINT DpiOf(const Control& control) { return WindowDpi(HandleOf(control)); }
 
-std::string ClassOf(HWND hWindow) {
-  std::array<char, 64> name{};
-  GetClassNameA(hWindow, name.data(), name.size());
-  return name.data();
+BOOL CALLBACK Collect(HWND hWindow, LPARAM pWindows) {
+  reinterpret_cast<std::vector<HWND>*>(pWindows)->push_back(hWindow);
+  return TRUE;
 }
 
-BOOL CALLBACK FindVisible(HWND hWindow, LPARAM pFound) {
-  if (!IsWindowVisible(hWindow) || !IsWindowEnabled(hWindow)) return TRUE;
-  *reinterpret_cast<HWND*>(pFound) = hWindow;
-  return FALSE;
+// Of the program, from the top down.
+std::vector<HWND> AllWindows() {
+  std::vector<HWND> windows;
+  EnumThreadWindows(GetCurrentThreadId(), Collect, reinterpret_cast<LPARAM>(&windows));
+  return windows;
 }
 
 // The window that is in use: the one opened last.
 HWND UsedHandle() {
-  HWND hWindow = GetActiveWindow();
-  if (hWindow == nullptr || !IsWindowVisible(hWindow)) {
-    hWindow = nullptr;
-    EnumThreadWindows(GetCurrentThreadId(), FindVisible, reinterpret_cast<LPARAM>(&hWindow));
-  }
-  return hWindow;
-}
-
-BOOL CALLBACK CloseVisible(HWND hWindow, LPARAM /*lParam*/) {
-  if (IsWindowVisible(hWindow)) DriverSystem::Close(hWindow);
-  return TRUE;
+  const HWND hActive = GetActiveWindow();
+  if (hActive != nullptr && IsWindowVisible(hActive)) return hActive;
+  for (const HWND hWindow : AllWindows())
+    if (IsWindowVisible(hWindow) && IsWindowEnabled(hWindow)) return hWindow;
+  return nullptr;
 }
 
 POINT OnScreen(HWND hWindow, POINT point) {
@@ -83,9 +76,8 @@ LRESULT CALLBACK DropPointerInput(int nCode, WPARAM wParam, LPARAM lParam) {
 
 // What the system posts when the pointer is used at a point of the screen.
 void PostPointer(POINT point, UINT message, WPARAM wParam) {
-  static const HHOOK hook =
+  [[maybe_unused]] static const HHOOK hook =
       SetWindowsHookExA(WH_MOUSE, DropPointerInput, nullptr, GetCurrentThreadId());
-  (void)hook;
   const HWND hCaptor = GetCapture();
   const HWND hWindow = hCaptor != nullptr ? hCaptor : WindowFromPoint(point);
   POINT place = point;
@@ -126,53 +118,22 @@ void TypeKey(WORD key, DWORD flags, WORD modifier) {
   PumpMessages();
 }
 
-BOOL CALLBACK FindText(HWND hChild, LPARAM pText) {
-  std::string& sText = *reinterpret_cast<std::string*>(pText);
-  if (ClassOf(hChild) == "Static" && sText.empty()) sText = WindowCaption(hChild);
-  return TRUE;
-}
-
 Rgb ToRgb(COLORREF color) { return {GetRValue(color), GetGValue(color), GetBValue(color)}; }
 
-BOOL CALLBACK HurryTooltip(HWND hWindow, LPARAM /*lParam*/) {
-  if (ClassOf(hWindow) == TOOLTIPS_CLASSA) SendMessageA(hWindow, TTM_SETDELAYTIME, TTDT_INITIAL, 1);
-  return TRUE;
+std::vector<HWND> Tooltips() {
+  std::vector<HWND> windows = AllWindows();
+  std::erase_if(windows, [](HWND hWindow) { return ClassOf(hWindow) != TOOLTIPS_CLASSA; });
+  return windows;
 }
 
-BOOL CALLBACK FindTooltip(HWND hWindow, LPARAM pFound) {
-  if (!IsWindowVisible(hWindow) || ClassOf(hWindow) != TOOLTIPS_CLASSA) return TRUE;
-  *reinterpret_cast<HWND*>(pFound) = hWindow;
-  return FALSE;
+std::string TextWithinTheScreen(HWND hTooltip) {
+  RECT place{};
+  GetWindowRect(hTooltip, &place);
+  EXPECT_GE(std::min(place.left, place.top), 0);
+  EXPECT_LE(place.right, GetSystemMetrics(SM_CXSCREEN));
+  EXPECT_LE(place.bottom, GetSystemMetrics(SM_CYSCREEN));
+  return WindowCaption(hTooltip);
 }
-
-// All of the window as it is on the screen, its frame included.
-class WindowPicture {
- public:
-  explicit WindowPicture(HWND hWindow) {
-    PumpMessages();  // it paints what it was asked to
-    RECT window{};
-    GetWindowRect(hWindow, &window);
-    const POINT inside = OnScreen(hWindow, {0, 0});
-    nLeft_ = inside.x - window.left;
-    nTop_ = inside.y - window.top;
-    const HDC hScreen = GetDCEx(hWindow, nullptr, DCX_WINDOW | DCX_CACHE);
-    const int nWidth = window.right - window.left;
-    const int nHeight = window.bottom - window.top;
-    bitmap_.reset(CreateCompatibleBitmap(hScreen, nWidth, nHeight));
-    context_.reset(CreateCompatibleDC(hScreen));
-    SelectObject(context_.get(), bitmap_.get());
-    BitBlt(context_.get(), 0, 0, nWidth, nHeight, hScreen, 0, 0, SRCCOPY);
-    ReleaseDC(hWindow, hScreen);
-  }
-
-  // Relative to the inside.
-  Rgb At(int nX, int nY) const { return ToRgb(GetPixel(context_.get(), nX + nLeft_, nY + nTop_)); }
-
- private:
-  int nLeft_, nTop_;
-  ObjectOwner<HBITMAP> bitmap_;
-  MemoryContextOwner context_;
-};
 
 PixelRect PlaceIn(HWND hContainer, HWND hWindow, RECT rect) {
   MapWindowPoints(hWindow, hContainer, reinterpret_cast<POINT*>(&rect), 2);
@@ -199,7 +160,10 @@ void DriverSystem::Close(Window window) {
     SendMessageA(hWindow, WM_SYSCOMMAND, SC_CLOSE, 0);
 }
 
-void DriverSystem::CloseAll() { EnumThreadWindows(GetCurrentThreadId(), CloseVisible, 0); }
+void DriverSystem::CloseAll() {
+  for (const HWND hWindow : AllWindows())
+    if (IsOpen(hWindow)) Close(hWindow);
+}
 
 static void (*whenTicking)();
 
@@ -213,10 +177,12 @@ void DriverSystem::KeepTicking(void (*tick)()) {
 }
 
 std::string Driver::MessageText() {
-  std::string sText;
-  if (IsMessageBox(UsedHandle()))
-    EnumChildWindows(UsedHandle(), FindText, reinterpret_cast<LPARAM>(&sText));
-  return sText;
+  const HWND hBox = UsedHandle();
+  HWND hText = nullptr;  // behind the icon, which has none
+  while ((hText = FindWindowExA(hBox, hText, WC_STATICA, nullptr)) != nullptr) {
+    if (const std::string sText = WindowCaption(hText); !sText.empty()) return sText;
+  }
+  return "";
 }
 
 void Driver::Answer(MessageAnswer button) {
@@ -305,39 +271,41 @@ void Driver::Act(const Control& control) {
 
 std::string Driver::TooltipOver(const Control& control) {
   const POINT middle = MiddleOf(HandleOf(control));
-  HWND hTooltip = nullptr;
+  std::string sText;
   // On a busy machine news of an earlier move of the cursor may come only now:
   // each turn moves it again.
-  for (int n = 0; n < MostTooltipDelays && hTooltip == nullptr; ++n) {
-    EnumThreadWindows(GetCurrentThreadId(), HurryTooltip, 0);
+  for (int n = 0; n < MostTooltipDelays && sText.empty(); ++n) {
+    for (const HWND hTooltip : Tooltips())
+      SendMessageA(hTooltip, TTM_SETDELAYTIME, TTDT_INITIAL, 1);
     SetCursorPos(middle.x, middle.y);  // where a tooltip looks for it
     MovePointer({middle.x + 1, middle.y});
     MovePointer(middle);
     PumpMessagesFor(TooltipDelay);
-    EnumThreadWindows(GetCurrentThreadId(), FindTooltip, reinterpret_cast<LPARAM>(&hTooltip));
+    for (const HWND hTooltip : Tooltips())
+      if (IsWindowVisible(hTooltip)) sText = TextWithinTheScreen(hTooltip);
   }
-  const std::string sText = hTooltip != nullptr ? WindowCaption(hTooltip) : "";
-  RECT place{};
-  GetWindowRect(hTooltip, &place);
-  EXPECT_GE(std::min(place.left, place.top), 0);
-  EXPECT_LE(place.right, GetSystemMetrics(SM_CXSCREEN));
-  EXPECT_LE(place.bottom, GetSystemMetrics(SM_CYSCREEN));
   MovePointer({0, 0});
   return sText;
 }
 
-Rgb Driver::PixelAt(const Control& control, int nX, int nY) {
-  return WindowPicture(HandleOf(control)).At(nX, nY);
-}
-
-std::vector<std::vector<Rgb>> Driver::PixelsOf(const Control& control) {
-  const WindowPicture picture(HandleOf(control));
-  RECT inside{};
-  GetClientRect(HandleOf(control), &inside);
+// They lie in the window as it is on the screen, its frame included.
+std::vector<std::vector<Rgb>> DriverSystem::PixelsIn(const Control& control, PixelRect rect) {
+  PumpMessages();  // it paints what it was asked to
+  const HWND hWindow = HandleOf(control);
+  RECT window{};
+  GetWindowRect(hWindow, &window);
+  const POINT corner = OnScreen(hWindow, {rect.nLeft, rect.nTop});
+  const HDC hScreen = GetDCEx(hWindow, nullptr, DCX_WINDOW | DCX_CACHE);
+  const ObjectOwner<HBITMAP> bitmap(CreateCompatibleBitmap(hScreen, rect.nWidth, rect.nHeight));
+  const MemoryContextOwner context(CreateCompatibleDC(hScreen));
+  SelectObject(context.get(), bitmap.get());
+  BitBlt(context.get(), 0, 0, rect.nWidth, rect.nHeight, hScreen, corner.x - window.left,
+         corner.y - window.top, SRCCOPY);
+  ReleaseDC(hWindow, hScreen);
   std::vector<std::vector<Rgb>> rows;
-  for (int y = 0; y < inside.bottom; ++y) {
+  for (int y = 0; y < rect.nHeight; ++y) {
     auto& row = rows.emplace_back();
-    for (int x = 0; x < inside.right; ++x) row.push_back(picture.At(x, y));
+    for (int x = 0; x < rect.nWidth; ++x) row.push_back(ToRgb(GetPixel(context.get(), x, y)));
   }
   return rows;
 }

@@ -1,17 +1,15 @@
 #include "testing/windows/message_pump.h"
 
 #include <windows.h>
+#include <commctrl.h>
 
 #include <array>
 #include <chrono>
-#include <string_view>
 #include <utility>
 
 namespace trelin {
 
 namespace {
-
-using namespace std::literals;
 
 // Pumping goes on a fiber, a stack of its own, that can be left in the middle.
 struct Pump {
@@ -54,19 +52,15 @@ void CALLBACK RunPump(void* pPump) {
   SwitchTo(pump.pScript);
 }
 
-bool IsScrollBarTracking() {
-  std::array<char, 16> name{};
-  GetClassNameA(GetCapture(), name.data(), name.size());
-  return name.data() == "ScrollBar"sv;
-}
-
 }  // namespace
 
-bool IsMessageBox(HWND hWindow) {
-  std::array<char, 16> name{};
+std::string ClassOf(HWND hWindow) {
+  std::array<char, 64> name{};
   GetClassNameA(hWindow, name.data(), name.size());
-  return name.data() == "#32770"sv;
+  return name.data();
 }
+
+bool IsMessageBox(HWND hWindow) { return ClassOf(hWindow) == "#32770"; }
 
 void PumpMessages() {
   if (pCurrent == nullptr) pCurrent = ConvertThreadToFiber(nullptr);
@@ -100,7 +94,8 @@ void PumpMessagesFor(int nMilliseconds) {
 
 void ReturnFromTracking() {
   const bool bIdle = HIWORD(GetQueueStatus(QS_INPUT | QS_POSTMESSAGE | QS_PAINT)) == 0;
-  if (running != nullptr && bIdle && IsScrollBarTracking() && pCurrent == running->pFiber)
+  const bool bTracking = ClassOf(GetCapture()) == WC_SCROLLBARA;
+  if (running != nullptr && bIdle && bTracking && pCurrent == running->pFiber)
     SwitchTo(running->pScript);
 }
 

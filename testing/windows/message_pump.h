@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <string>
+
 namespace trelin {
 
 // Lets the program answer all input and paints that wait for it, as its own
@@ -10,6 +12,7 @@ namespace trelin {
 void PumpMessages();
 void PumpMessagesFor(int nMilliseconds);
 
+std::string ClassOf(HWND hWindow);
 bool IsMessageBox(HWND hWindow);
 
 // To be called from a timer: leaves the system's loop for the script that waits
