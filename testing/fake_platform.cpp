@@ -1,7 +1,8 @@
 #include "testing/fake_platform.h"
 
 #include <algorithm>
-#include <cstring>
+#include <new>
+#include <ostream>
 
 #include "seam/platform_error.h"
 #include "shared/code_page.h"
@@ -13,56 +14,65 @@ namespace trelin {
 
 namespace {
 
-// Counts what is open as long as it lives.
-std::shared_ptr<int> Opened(int& nOpen) {
-  ++nOpen;
-  return {&nOpen, [](int* pOpen) { --*pOpen; }};
-}
-
-class FakeInput : public InputFile {
+// A file or a search, which the system counts as long as it lives.
+class Opened {
  public:
-  FakeInput(std::string sPath, const std::string& sText, std::size_t nPiece, int& nOpen,
-            Faults& faults)
-      : sPath_(std::move(sPath)),
-        sText_(sText),
-        nPiece_(nPiece),
-        opened_(Opened(nOpen)),
-        faults_(faults) {}
+  Opened(FakeSystem& system, std::string sPath) : system_(system), sPath_(std::move(sPath)) {
+    ++system_.nOpenFiles;
+  }
+  ~Opened() { --system_.nOpenFiles; }
+  Opened(const Opened&) = delete;
+
+ protected:
+  FakeSystem& system_;
+  const std::string sPath_;
+};
+
+class FakeInput : public InputFile, Opened {
+ public:
+  using Opened::Opened;
 
   std::size_t Read(char* pBuffer, std::size_t nSize) override {
-    faults_.Fails("Read", sPath_, "BM");
-    const std::size_t nRead = sText_.copy(pBuffer, std::min(nSize, nPiece_), nPosition_);
+    system_.faults.Fails("Read", sPath_, "BM");
+    const std::size_t nRead = sText_.copy(pBuffer, std::min(nSize, system_.nPiece), nPosition_);
     nPosition_ += nRead;
     return nRead;
   }
 
  private:
-  std::string sPath_;
-  std::string sText_;  // as it was when it was opened
-  std::size_t nPiece_;
-  std::shared_ptr<int> opened_;
-  Faults& faults_;
+  const std::string sText_ = system_.files.at(sPath_);  // as it was when it was opened
   std::size_t nPosition_ = 0;
 };
 
-class FakeSearch : public FileSearch {
+class FakeSearch : public FileSearch, Opened {
  public:
-  FakeSearch(std::string sPath, bool bFound, int& nOpen, Faults& faults)
-      : sPath_(std::move(sPath)), bFound_(bFound), opened_(Opened(nOpen)), faults_(faults) {}
+  using Opened::Opened;
 
   std::optional<std::string> Next() override {
-    if (faults_.Fails("Next", sPath_, "RBM") || !std::exchange(bFound_, false)) return std::nullopt;
-    return "a file";
+    if (system_.faults.Fails("Next", sPath_, "RBM")) return std::nullopt;
+    return std::exchange(bFound_, false) ? std::optional("a file") : std::nullopt;
   }
 
  private:
-  std::string sPath_;
-  bool bFound_;
-  std::shared_ptr<int> opened_;
-  Faults& faults_;
+  bool bFound_ = system_.files.contains(sPath_);
 };
 
 }  // namespace
+
+bool Faults::Fails(const std::string& sOperation, const std::string& sArgument,
+                   const std::string& sKinds) {
+  if (!bCounts) return false;
+  calls.push_back({sOperation, sArgument, sKinds, log.size()});
+  if (nFailing == 0 || calls.size() < nFailing || sKinds.find(cKind) == std::string::npos)
+    return false;
+  if (calls.size() > nFailing) {
+    if (reach == Reach::Nothing) return false;
+    nSecondFault = std::min(nSecondFault, log.size());
+  }
+  if (cKind == NoMemory) throw std::bad_alloc();
+  if (cKind == Broken) throw PlatformError(sOperation, sArgument, "it is broken");
+  return true;
+}
 
 // The result of a call that fails; nothing when it goes on.
 std::optional<std::int32_t> FakeRegistry::Fault(const std::string& sOperation,
@@ -134,56 +144,56 @@ std::int32_t FakeLibraries::LoadText(LibraryHandle hLibrary, std::int32_t lId, c
   return static_cast<std::int32_t>(nCount);
 }
 
-void PrintTo(const ShownMessage& message, std::ostream* os) {
-  *os << "\"" << message.sText << "\", icon " << static_cast<int>(message.icon) << ", buttons "
-      << static_cast<int>(message.buttons) << ", title \"" << message.sTitle << "\"";
+std::string ShownMessage::Line() const {
+  const int nStyle = static_cast<int>(icon) + static_cast<int>(buttons);
+  return sTitle + " " + std::to_string(nStyle) + ": " + sText;
 }
 
+void PrintTo(const ShownMessage& message, std::ostream* os) { *os << message.Line(); }
+
 std::string FakeSystem::ProgramFolder() {
-  faults_.Fails("ProgramFolder", "", "BM");
+  faults.Fails("ProgramFolder", "", "BM");
   return sProgramFolder;
 }
 
 std::string FakeSystem::CommandLineText() {
-  faults_.Fails("CommandLineText", "", "BM");
+  faults.Fails("CommandLineText", "", "BM");
   return sCommandLine;
 }
 
 void FakeSystem::MakeUpperCase(std::span<char> text) {
-  faults_.Fails("MakeUpperCase", std::string(text.data(), text.size()), "M");
+  faults.Fails("MakeUpperCase", std::string(text.data(), text.size()), "M");
   MakeUpperCase1252(text);
 }
 
 std::unique_ptr<InputFile> FakeSystem::OpenInput(const std::string& sPath) {
-  faults_.Fails("OpenInput", sPath, "BM");
-  const auto file = files.find(sPath);
-  if (file == files.end()) throw PlatformError("open the file", sPath, "there is no such file");
-  return std::make_unique<FakeInput>(sPath, file->second, nPiece, nOpenFiles, faults_);
+  faults.Fails("OpenInput", sPath, "BM");
+  if (!files.contains(sPath)) throw PlatformError("open the file", sPath, "there is no such file");
+  return std::make_unique<FakeInput>(*this, sPath);
 }
 
 std::unique_ptr<FileSearch> FakeSystem::Search(const std::string& sPath) {
-  faults_.Fails("Search", sPath, "BM");
-  return std::make_unique<FakeSearch>(sPath, files.contains(sPath), nOpenFiles, faults_);
+  faults.Fails("Search", sPath, "BM");
+  return std::make_unique<FakeSearch>(*this, sPath);
 }
 
 void FakeSystem::Beep() {
   ++nBeeps;
-  faults_.log += "beep\n";
+  faults.log += "beep\n";
 }
 
 MessageAnswer FakeSystem::ShowMessage(const std::string& sText, MessageIcon icon,
                                       MessageButtons buttons, const std::string& sTitle) {
-  faults_.Fails("ShowMessage", sText, "M");
+  faults.Fails("ShowMessage", sText, "M");
   messages.push_back({sText, icon, buttons, sTitle});
-  const int nStyle = static_cast<int>(icon) + static_cast<int>(buttons);
-  faults_.log += sTitle + " " + std::to_string(nStyle) + ": " + sText + "\n";
+  faults.log += messages.back().Line() + "\n";
   return onMessage ? onMessage() : MessageAnswer::Ok;
 }
 
 void FakeSystem::StartProgram(const std::string& sLine) {
-  faults_.Fails("StartProgram", sLine, "BM");
+  faults.Fails("StartProgram", sLine, "BM");
   started.push_back(sLine);
-  faults_.log += "start " + sLine + "\n";
+  faults.log += "start " + sLine + "\n";
 }
 
 std::string Failure(const std::function<void()>& operation) {
@@ -198,21 +208,19 @@ std::string Failure(const std::function<void()>& operation) {
 }
 
 FakePlatform::FakePlatform() {
-  FakeLibraries::Texts texts;
-  for (const std::int32_t lId :
-       {35009, 35014, 35015, 35016, 35017, 35018, 35024, 35027, 35028, 35029, 35030, 35031, 35032})
-    texts[lId] = std::to_string(lId);
-  for (const std::int32_t lId :
-       {35000, 35001, 35002, 35003, 35008, 35011, 35012, 35035, 35036, 35038, 35039})
-    texts[lId] = std::to_string(lId) + "(%0%)";
-  for (const std::int32_t lId : {35005, 35013}) texts[lId] = std::to_string(lId) + "(%0%|%1%)";
-  texts[35010] = "35010(%0%|%1%|%2%|%3%)";
-  texts[35037] = "35037(%0%|%1%|%2%)";
+  auto& texts = libraries.Own();
+  const std::pair<const char*, std::vector<std::int32_t>> kinds[] = {
+      {"",
+       {35009, 35014, 35015, 35016, 35017, 35018, 35024, 35027, 35028, 35029, 35030, 35031, 35032}},
+      {"(%0%)", {35000, 35001, 35002, 35003, 35008, 35011, 35012, 35035, 35036, 35038, 35039}},
+      {"(%0%|%1%)", {35005, 35013}},
+      {"(%0%|%1%|%2%)", {35037}},
+      {"(%0%|%1%|%2%|%3%)", {35010}}};
+  for (const auto& [sArguments, ids] : kinds)
+    for (const std::int32_t lId : ids) texts[lId] = std::to_string(lId) + sArguments;
   texts[35040] = "2";
   texts[35041] = "First line";
   texts[35042] = "Second line";
-  libraries.Own() = texts;
-
   ResetStringResources();
   InitStringResources(1033);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <map>
 #include <optional>
@@ -8,9 +9,42 @@
 
 #include "seam/platform.h"
 #include "shared/memory_registry.h"
-#include "testing/faults.h"
 
 namespace trelin {
+
+// The calls that a platform of the tests is asked, which of them fails, and
+// how.
+class Faults {
+ public:
+  // The kinds of failure.
+  static constexpr char Result = 'R';    // the result that means failure
+  static constexpr char Broken = 'B';    // a PlatformError, or RegistryUnusable
+  static constexpr char NoMemory = 'M';  // std::bad_alloc
+
+  // What fails after the first call that does.
+  enum class Reach { Nothing, Everything };
+
+  struct Call {
+    std::string sOperation, sArgument;
+    std::string sKinds;   // of failure that its header allows
+    std::size_t nLogged;  // how much the log held by then
+    std::string Text() const { return sOperation + " " + sArgument; }
+  };
+
+  // Whether the call that is being made fails with its result. Throws when it
+  // fails in another way.
+  bool Fails(const std::string& sOperation, const std::string& sArgument,
+             const std::string& sKinds);
+
+  bool bCounts = true;       // else nothing fails, and no call is kept
+  std::size_t nFailing = 0;  // the first call to fail, from 1; 0: none
+  char cKind = Result;
+  Reach reach = Reach::Nothing;
+
+  std::vector<Call> calls;
+  std::string log;                               // what the user has seen and heard, in lines
+  std::size_t nSecondFault = std::string::npos;  // how much the log held by then
+};
 
 // Of its operations, those fail that the program calls.
 class FakeRegistry : public MemoryRegistry {
@@ -65,6 +99,7 @@ struct ShownMessage {
   MessageButtons buttons;
   std::string sTitle;
 
+  std::string Line() const;  // title, icon and buttons as one number, and text
   bool operator==(const ShownMessage&) const = default;
 };
 void PrintTo(const ShownMessage& message, std::ostream* os);
@@ -73,7 +108,7 @@ void PrintTo(const ShownMessage& message, std::ostream* os);
 // what it is asked to do.
 class FakeSystem : public System {
  public:
-  explicit FakeSystem(Faults& faults) : faults_(faults) {}
+  explicit FakeSystem(Faults& counted) : faults(counted) {}
 
   std::string ProgramFolder() override;
   std::string CommandLineText() override;
@@ -85,6 +120,7 @@ class FakeSystem : public System {
                             const std::string& sTitle) override;
   void StartProgram(const std::string& sLine) override;
 
+  Faults& faults;
   std::string sProgramFolder = "C:\\Suite";
   std::string sCommandLine;
   std::map<std::string, std::string> files;
@@ -94,9 +130,6 @@ class FakeSystem : public System {
   std::vector<ShownMessage> messages;
   std::function<MessageAnswer()> onMessage;  // empty: answers Ok
   std::vector<std::string> started;
-
- private:
-  Faults& faults_;
 };
 
 // What the operation throws: an error of the program's own as "5001 Source
