@@ -22,7 +22,7 @@ const std::string Questions = "35014 52: 35030\nNo\n35014 52: 35030\nYes\n";
 const std::string Setup = "start \"C:\\Suite\\p2.exe\"\ntimer\n2 35018\nno timer\n";
 const std::string ReadMe = "start C:\\Suite\\read me.exe\n";
 const std::string Story =
-    "2|First line|Second line\n35009 0: 35013(35014|EXTRA)\nbeep\n"
+    "2|First line|Second line|\n35009 0: 35013(35014|EXTRA)\nbeep\n"
     "menu 35014 35027 35028 35024 n1 n2\n1 35018\n2 35016\n3 35015\n4 35015\n" +
     Questions + "35031 64: 35038(S)\n" + Setup + ReadMe + "5 35015\n";
 
@@ -95,8 +95,7 @@ const Outcome outcomes[] = {
 
 // The story of a run in which a call fails, before which nIndex read the same.
 std::string Expected(const Faults::Call& call, int nIndex, char cKind) {
-  const std::string sCall =
-      call.sOperation + " " + call.sArgument + " #" + std::to_string(nIndex) + " " + cKind;
+  const std::string sCall = call.Text() + " #" + std::to_string(nIndex) + " " + cKind;
   std::smatch match;
   std::string sTold = Story;
   for (const Outcome& outcome : outcomes) {
@@ -158,8 +157,10 @@ class FaultWindow : public ProgramWindowTest {
     };
   }
 
-  std::string Written(const char* pName) {
-    return registry.Text(Root + "Copyright", pName).value_or("");
+  void LogNoticeLines() {
+    for (const char* pName : {"NumLines", "Line1", "Line2"})
+      faults.log += registry.Text(Root + "Copyright", pName).value_or("") + "|";
+    faults.log += "\n";
   }
 
   void LogIfOther(const std::string& sWhat, const std::string& sNow, const std::string& sLine) {
@@ -218,13 +219,7 @@ class FaultWindow : public ProgramWindowTest {
     faults.nFailing = nFailing;
     faults.cKind = cKind;
     faults.reach = reach;
-    Driver::WhenWindowOpens([this] {
-      faults.log += Written("NumLines") + "|" + Written("Line1") + "|" + Written("Line2") + "\n";
-      Driver::WhenWindowOpens([this] { UseTheMenu(); });
-      Driver::Type(Key::Enter);
-    });
-    EXPECT_NO_THROW(Main());
-    Driver::ForgetScripts();
+    EXPECT_NO_THROW(RunProgram([this] { LogNoticeLines(); }, [this] { UseTheMenu(); }));
     faults.nFailing = 0;
     EXPECT_EQ(registry.OpenHandles(), 0U);
     EXPECT_EQ(system.nOpenFiles, 0);
@@ -244,12 +239,11 @@ TEST_F(FaultWindow, EveryFaultHasItsOutcome) {
   std::map<std::pair<std::size_t, char>, std::string> alone;
   std::set<std::string> outlines;
   for (std::size_t i = 0; i < calls.size(); ++i) {
-    const std::string sCall = calls[i].sOperation + " " + calls[i].sArgument;
-    const int nIndex = counts[sCall]++;
+    const int nIndex = counts[calls[i].Text()]++;
     for (const char cKind : calls[i].sKinds) {
       const std::string sTold = Run(i + 1, cKind, Faults::Reach::Nothing);
       EXPECT_EQ(sTold, Expected(calls[i], nIndex, cKind))
-          << sCall << " #" << nIndex << " " << cKind;
+          << calls[i].Text() << " #" << nIndex << " " << cKind;
       outlines.merge(Outlines(sTold));
       alone[{i, cKind}] = sTold;
     }
@@ -257,8 +251,7 @@ TEST_F(FaultWindow, EveryFaultHasItsOutcome) {
   for (const auto& [fault, sAlone] : alone) {
     const auto& [i, cKind] = fault;
     const std::string sTold = Run(i + 1, cKind, Faults::Reach::Everything);
-    const std::string sWhere =
-        calls[i].sOperation + " " + calls[i].sArgument + " " + cKind + ", and all after it";
+    const std::string sWhere = calls[i].Text() + " " + cKind + ", and all after it";
     EXPECT_EQ(sTold.substr(0, faults.nSecondFault), sAlone.substr(0, faults.nSecondFault))
         << sWhere;
     for (const std::string& sOutline : Outlines(sTold))

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <vector>
 
 #include "app/main_menu.h"
@@ -17,8 +18,7 @@ TEST_F(MainMenuKeysWindow, TabGoesThroughTheWindowAndBack) {
       EXPECT_TRUE(Driver::HasFocus(*order[i])) << "place " << i;
     }
   };
-  UseMenu(5, [&] {
-    auto& menu = MainMenu();
+  UseMenu(5, [&](auto& menu) {
     expectOrder(Key::Tab, {&menu.VScroll, &menu.picListItem[0], &menu.picIcon[0], &menu.cmdSetup,
                            &menu.cmdExit});
     EXPECT_EQ(Rows(), "[1]234") << "the row that Tab has reached";
@@ -36,23 +36,24 @@ TEST_F(MainMenuKeysWindow, TabGoesThroughTheWindowAndBack) {
     for (int i = 0; i < 2; ++i) Driver::Type(Key::Tab);
     EXPECT_EQ(Rows(), "[2]345") << "it was scrolled away: Tab reaches the top row";
   });
-  UseMenu(1, [&] {  // past what is hidden or disabled
-    auto& menu = MainMenu();
+  UseMenu(4, [&](auto& menu) {  // past what is disabled
     expectOrder(Key::Tab, {&menu.picListItem[0], &menu.picIcon[0], &menu.cmdSetup, &menu.cmdExit,
                            &menu.picListItem[0]});
+    Driver::TurnWheel(menu.picList, -2);
+    EXPECT_EQ(Rows(), "[1]234");
   });
-  UseMenu(0, [&] {
+  UseMenu(0, [&](auto& menu) {
+    EXPECT_EQ(Rows(), "");
     for (const Key key : {Key::Down, Key::Home, Key::End, Key::Space, Key::Enter}) {
       Driver::Type(key);
-      EXPECT_TRUE(Driver::HasFocus(MainMenu().picList)) << "there is nothing to go to";
+      EXPECT_TRUE(Driver::HasFocus(menu.picList)) << "there is nothing to go to";
     }
-    expectOrder(Key::Tab, {&MainMenu().cmdExit});
+    expectOrder(Key::Tab, {&menu.cmdExit});
   });
 }
 
 TEST_F(MainMenuKeysWindow, IsUsedWithKeysAlone) {
-  UseMenu(7, [&] {
-    auto& menu = MainMenu();
+  UseMenu(7, [&](auto& menu) {
     // Each key on the rows, or on the icons, and the row that has the focus then.
     const struct {
       ControlArray<PictureBox>& boxes;
@@ -106,27 +107,24 @@ TEST_F(MainMenuKeysWindow, IsUsedWithKeysAlone) {
   });
 }
 
-// Whether the pixels of a row of them, from the left, are not all alike.
-bool IsDotted(const std::vector<Rgb>& pixels) {
-  return std::adjacent_find(pixels.begin(), pixels.end(), std::not_equal_to()) != pixels.end();
-}
-
 TEST_F(MainMenuKeysWindow, ShowsTheFocusWhileItIsUsedByKeys) {
-  UseMenu(4, [&] {
-    auto& menu = MainMenu();
-    // Its four sides, that many pixels away from the edges.
+  UseMenu(4, [&](auto& menu) {
+    // How many sides of a rectangle, that many pixels away from the edges, are dotted.
     const auto showsFocus = [](const PictureBox& box, std::size_t nAway) {
       const auto pixels = Driver::PixelsOf(box);
-      const auto from = static_cast<std::ptrdiff_t>(nAway);
-      int nSides = 0;
-      for (const std::size_t nY : {nAway, pixels.size() - 1 - nAway})
-        nSides += IsDotted({pixels[nY].begin() + from, pixels[nY].end() - from}) ? 1 : 0;
-      for (const std::size_t nX : {nAway, pixels[0].size() - 1 - nAway}) {
-        std::vector<Rgb> column;
-        for (std::size_t y = nAway; y < pixels.size() - nAway; ++y) column.push_back(pixels[y][nX]);
-        nSides += IsDotted(column) ? 1 : 0;
+      const std::size_t nRight = pixels[0].size() - 1 - nAway, nBottom = pixels.size() - 1 - nAway;
+      std::vector<Rgb> sides[4];
+      for (std::size_t x = nAway; x <= nRight; ++x) {
+        sides[0].push_back(pixels[nAway][x]);
+        sides[1].push_back(pixels[nBottom][x]);
       }
-      return nSides;
+      for (std::size_t y = nAway; y <= nBottom; ++y) {
+        sides[2].push_back(pixels[y][nAway]);
+        sides[3].push_back(pixels[y][nRight]);
+      }
+      return std::count_if(std::begin(sides), std::end(sides), [](const auto& side) {
+        return std::adjacent_find(side.begin(), side.end(), std::not_equal_to()) != side.end();
+      });
     };
     PressRow(1);
     EXPECT_EQ(showsFocus(menu.picListItem[1], 3), 0) << "as long as the pointer is used";
@@ -137,8 +135,13 @@ TEST_F(MainMenuKeysWindow, ShowsTheFocusWhileItIsUsedByKeys) {
     EXPECT_EQ(showsFocus(menu.picListItem[1], 3), 4) << "on a selected row";
     EXPECT_EQ(showsFocus(menu.picListItem[0], 3), 0);
     const auto pixels = Driver::PixelsOf(menu.picListItem[1]);
-    for (const std::size_t nY : {std::size_t{0}, pixels.size() - 1})
-      EXPECT_EQ(pixels[nY], std::vector(pixels[nY].size(), Rgb{0, 0, 0})) << "its frame is whole";
+    const Rgb black = {0, 0, 0}, cyan = {0, 255, 255};
+    for (const auto& row : {pixels.front(), pixels.back()})
+      EXPECT_EQ(row, std::vector(row.size(), black)) << "its frame is whole";
+    for (const auto& row : {pixels[1], pixels.end()[-2]})
+      EXPECT_TRUE(row.front() == cyan && row.back() == cyan) << "its frame is one pixel wide";
+    const auto other = Driver::PixelsOf(menu.picListItem[0]);
+    EXPECT_EQ(other[0][0], Driver::RgbOf(Color::ButtonFace)) << "without a frame";
     Driver::Type(Key::Tab);
     EXPECT_EQ(showsFocus(menu.picIcon[1], 4), 4);
     PressRow(1);
@@ -147,8 +150,7 @@ TEST_F(MainMenuKeysWindow, ShowsTheFocusWhileItIsUsedByKeys) {
 }
 
 TEST_F(MainMenuKeysWindow, IsUsedWithoutAPicture) {
-  UseMenu(5, [&] {
-    auto& menu = MainMenu();
+  UseMenu(5, [&](auto& menu) {
     using Texts = std::vector<std::string>;
     EXPECT_EQ(Driver::Describe(menu.picList), "list <35014> focused");
     EXPECT_EQ(
@@ -157,8 +159,8 @@ TEST_F(MainMenuKeysWindow, IsUsedWithoutAPicture) {
                "list item <Product 3, About 3, 35015>", "list item <Product 4, About 4, 35015>",
                "scroll bar <>"}));
     EXPECT_EQ(
-        Driver::DescribeChildren(menu.picListItem[1]),
-        Texts({"button <35027: Product 2>", "text <Product 2>", "text <About 2>", "text <35015>"}));
+        Driver::DescribeChildren(menu.picListItem[3]),
+        Texts({"button <35027: Product 4>", "text <Product 4>", "text <About 4>", "text <35015>"}));
     Driver::Type(Key::End);
     EXPECT_EQ(Driver::Describe(menu.picIcon[3]), "button <35027: Product 5>");
     EXPECT_EQ(Driver::Describe(menu.picListItem[3]),

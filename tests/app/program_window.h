@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -10,6 +12,20 @@
 #include "testing/program_test.h"
 
 namespace trelin {
+
+// Runs the program, does something at the agreement before it accepts it, and uses
+// the menu. The scripts that did not run are forgotten.
+inline void RunProgram(const Driver::Script& atAgreement, const Driver::Script& useMenu) {
+  Driver::WhenWindowOpens([&] {
+    atAgreement();
+    Driver::WhenWindowOpens(useMenu);
+    Driver::Type(Key::Enter);
+  });
+  Main();
+  Driver::ForgetScripts();
+}
+
+using MenuScript = std::function<void(frmMainMenu&)>;
 
 // The whole program from Main on, its windows used as a user meets them.
 class ProgramWindowTest : public ProgramTest {
@@ -33,26 +49,22 @@ class ProgramWindowTest : public ProgramTest {
 
   // Runs the program, accepts the agreement, and uses the menu. What the program
   // shows and starts is that of this run.
-  void UseMenu(const Driver::Script& script) {
+  void UseMenu(const MenuScript& script) {
     system.messages.clear();
     system.started.clear();
     bool bOpened = false;
-    Driver::WhenWindowOpens([&] {
-      Driver::WhenWindowOpens([&] {
-        bOpened = true;
-        script();
-        if (MainMenu().Loaded()) Driver::CloseWindow();
-      });
-      Driver::Type(Key::Enter);
-    });
-    Main();
+    RunProgram([] {},
+               [&] {
+                 bOpened = true;
+                 script(MainMenu());
+                 if (MainMenu().Loaded()) Driver::CloseWindow();
+               });
     EXPECT_TRUE(bOpened) << "the menu did not open";
-    Driver::ForgetScripts();
   }
 
   // Of such a list, or of blocks.
   template <class List>
-  void UseMenu(const List& list, const Driver::Script& script) {
+  void UseMenu(const List& list, const MenuScript& script) {
     WriteList(list);
     UseMenu(script);
   }
@@ -63,19 +75,16 @@ class ProgramWindowTest : public ProgramTest {
     Twips left, top, width, height;  // of a form: of its inside
   };
 
-  // To the pixel where its measures are whole ones.
   static void ExpectPlaces(const std::vector<Place>& places) {
-    const Twips pixel = Screen::TwipsPerPixelX();
-    const Twips least = pixel == 15 ? 0 : pixel;
+    const auto pixels = [](Twips twips) {
+      return static_cast<int>(std::lround(twips / Screen::TwipsPerPixelX()));
+    };
     for (const Place& place : places) {
       const bool bForm = dynamic_cast<const Form*>(&place.control) != nullptr;
-      const PixelRect is = bForm ? Driver::Inside(place.control) : Driver::Bounds(place.control);
-      const std::pair<int, Twips> measures[] = {{is.nLeft, place.left},
-                                                {is.nTop, place.top},
-                                                {is.nWidth, place.width},
-                                                {is.nHeight, place.height}};
-      for (const auto& [nPixels, twips] : measures)
-        EXPECT_NEAR(static_cast<Twips>(nPixels) * pixel, twips, least) << place.sName << ": " << is;
+      const PixelRect expected = {pixels(place.left), pixels(place.top), pixels(place.width),
+                                  pixels(place.height)};
+      EXPECT_EQ(bForm ? Driver::Inside(place.control) : Driver::Bounds(place.control), expected)
+          << place.sName;
     }
   }
 

@@ -1,15 +1,11 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <memory>
 #include <string>
 
 #include "real_platform.h"
-#include "seam/entry.h"
-#include "seam/platform.h"
-#include "testing/driver.h"
 #include "testing/temporary_folder.h"
+#include "tests/app/program_window.h"
 #include "texts/string_resources.h"
 
 namespace trelin {
@@ -40,21 +36,13 @@ class RealProgramWindow : public ::testing::Test {
     folder.Write("TRELIN.CFG", "BLOCK SETUPLIST\r\nBLOCK APPLICATION\r\nPRODUCT = A\r\nEND\r\nEND");
   }
 
-  // Runs the program, accepts the agreement if it comes, and uses the menu if
-  // it opens. Returns the titles of the windows and then the messages.
-  std::string Run(const Driver::Script& useMenu = [] { Driver::Type(Key::Escape); }) {
+  // Runs the program, accepts the agreement if it comes, and closes the menu if it
+  // opens. Returns the titles of the windows and then the messages.
+  std::string Run() {
     system.sMessages.clear();
     std::string sWindows;
-    Driver::WhenWindowOpens([&] {
-      sWindows += Driver::WindowTitle() + "\n";
-      Driver::WhenWindowOpens([&] {
-        sWindows += Driver::WindowTitle() + "\n";
-        useMenu();
-      });
-      Driver::Type(Key::Enter);
-    });
-    Main();
-    Driver::ForgetScripts();
+    const auto noteWindow = [&] { sWindows += Driver::WindowTitle() + "\n"; };
+    RunProgram(noteWindow, [&] { noteWindow(), Driver::Type(Key::Escape); });
     FreeResourceLibraries();  // as the end of the process does
     return sWindows + system.sMessages;
   }

@@ -3,7 +3,7 @@
 
 #include "tests/app/real_program.h"
 
-#include <functional>
+#include <optional>
 
 #include "suite/reg_entry.h"
 #include "suite/setup_list.h"
@@ -22,62 +22,57 @@ std::string ListOf(int nCount) {
 }
 
 TEST_F(RealProgramWindow, GivesAClearAnswerToBadInput) {
-  const std::string sMenu = "Trelin Setup\n", sTen(10'000'000, 'x');
+  const std::string sMenu = "Trelin Setup\n", sTen(10'000'000, 'x'), sZeros(5000, '\0');
   const std::string sLine = " of the setup list TRELIN.CFG ", sNot = sLine + "cannot be understood";
+  const std::string sAgreement = "Microsoft Product Integration Agreement\n";
   const std::string sLibrary = FileBytes(folder / "ENU35000.DLL");
-  const auto write = [&](const char* sName, const std::string& sText) {
-    return [this, sName, sText] { folder.Write(sName, sText); };
-  };
-  const auto remove = [&](const char* sName) {
-    return [this, sName] { std::filesystem::remove_all(Utf8Path(folder / sName)); };
-  };
-  RegEntry objSettings;
-  objSettings.CreateKey("Tessaron\\Settings");
-
+  const char *const sList = "TRELIN.CFG", *const sTexts = "ENU35000.DLL";
   const struct {
-    const char* sCase;
-    std::function<void()> breakIt;
-    std::string sBegin;  // behind the agreement; without: the library is missing
+    const char *sCase, *sFile;
+    std::optional<std::string> sBytes;  // nothing: the file is missing
+    std::string sBegin;                 // behind the agreement, unless the library is bad
   } cases[] = {
-      {"nothing is broken", [] {}, sMenu},
-      {"no list", remove("TRELIN.CFG"), "Trelin: Could not open the file \""},
-      {"zeros", write("TRELIN.CFG", std::string(5000, '\0')), "BlockParse.GetToken: Line 1" + sNot},
-      {"no sense", write("TRELIN.CFG", "BLOCK SETUPLIST\n\nSetup\nEND"),
-       "BlockParse.GetToken: Line 3" + sNot},
-      {"wrong block", write("TRELIN.CFG", "BLOCK SETUPLIST\nBLOCK X"),
+      {"no list", sList, {}, "Trelin: Could not open the file \""},
+      {"zeros", sList, sZeros, "BlockParse.GetToken: Line 1" + sNot},
+      {"no sense", sList, "BLOCK SETUPLIST\n\nSetup\nEND", "BlockParse.GetToken: Line 3" + sNot},
+      {"wrong block", sList, "BLOCK SETUPLIST\nBLOCK X",
        "Setup List: Line 2" + sLine +
            "should read \"BLOCK APPLICATION\", but it reads \"BLOCK X\"."},
-      {"unknown entry", write("TRELIN.CFG", "BLOCK SETUPLIST\nCOLOUR = 1\nEND"),
+      {"unknown entry", sList, "BLOCK SETUPLIST\nCOLOUR = 1\nEND",
        sMenu + "Setup List: Trelin Setup does not know the entry \"COLOUR\""},
-      {"32767 products", write("TRELIN.CFG", ListOf(32767)), sMenu},
-      {"32768 products", write("TRELIN.CFG", ListOf(32768)),
+      {"32767 products", sList, ListOf(32767), sMenu},
+      {"32768 products", sList, ListOf(32768),
        "Trelin: The setup list names 32768 products, but the menu can"},
-      {"a long title", write("TRELIN.CFG", List("PRODUCT = " + sTen + "\n")), sMenu},
-      {"a long line", write("TRELIN.CFG", List(sTen + "\n")),
+      {"a long title", sList, List("PRODUCT = " + sTen + "\n"), sMenu},
+      {"a long line", sList, List(sTen + "\n"),
        "BlockParse.GetToken: Line 3" + sLine.substr(0, 19)},
-      {"a late tab", write("TRELIN.CFG", List(sTen + "\t\n")),
-       "Trelin: Line 3 of the setup list is too long: a"},
-      {"no library", remove("ENU35000.DLL"), ""},
-      {"half a library", write("ENU35000.DLL", sLibrary.substr(0, sLibrary.size() / 2)), ""},
-      {"a library of zeros", write("ENU35000.DLL", std::string(5000, '\0')), ""},
-      {"a library in the installation",
-       [&] {
-         remove("ENU35000.DLL")();
-         objSettings.SetString("InstallDirectory", ProgramPath(folder / "App"));
-         folder.Write("App/Bin/ENU35000.DLL", sLibrary);
-       },
-       sMenu},
+      {"a late tab", sList, List(sTen + "\t\n"), "Trelin: Line 3 of the setup list is too long: a"},
+      {"no library", sTexts, {}, ""},
+      {"half a library", sTexts, sLibrary.substr(0, sLibrary.size() / 2), ""},
+      {"a library of zeros", sTexts, sZeros, ""},
   };
+  const auto write = [&](const char* sFile, const std::optional<std::string>& sBytes) {
+    if (sBytes) return folder.Write(sFile, *sBytes);
+    std::filesystem::remove(Utf8Path(folder / sFile));
+  };
+  EXPECT_EQ(Run(), sAgreement + sMenu) << "nothing is broken";
   for (const auto& c : cases) {
-    c.breakIt();
+    write(c.sFile, c.sBytes);
     const std::string sExpected =
-        c.sBegin.empty()
+        c.sFile == sTexts
             ? "Error at Trelin: The string library ENU35000.DLL is missing from the folder"
-            : "Microsoft Product Integration Agreement\n" + c.sBegin;
+            : sAgreement + c.sBegin;
     EXPECT_EQ(Run().substr(0, sExpected.size()), sExpected) << c.sCase;
-    folder.Write("TRELIN.CFG", List(""));
-    folder.Write("ENU35000.DLL", sLibrary);
+    folder.Write(sList, List(""));
+    folder.Write(sTexts, sLibrary);
   }
+
+  write(sTexts, {});
+  folder.Write("App/Bin/ENU35000.DLL", sLibrary);
+  RegEntry objSettings;
+  objSettings.CreateKey("Tessaron\\Settings");
+  objSettings.SetString("InstallDirectory", ProgramPath(folder / "App"));
+  EXPECT_EQ(Run(), sAgreement + sMenu) << "the library is where the suite is installed";
   objSettings.DeleteValue("InstallDirectory");
 }
 

@@ -1,6 +1,6 @@
 #include "app/start_up.h"
 
-#include "suite/reg_entry.h"
+#include "app/notice_lines.h"
 #include "tests/app/program_window.h"
 
 namespace trelin {
@@ -53,20 +53,29 @@ TEST_F(StartUpWindow, TheAgreementIsAcceptedByYesAlone) {
     EXPECT_TRUE(Driver::ForgetScripts());
     EXPECT_EQ(system.messages.size(), c.bAccepted ? 1U : 0U);
   }
-  RegEntry objReg;
-  objReg.OpenKey("Copyright");
-  EXPECT_EQ(objReg.GetString("Line2"), "Second line") << "written whatever the answer";
 }
 
-TEST_F(StartUpWindow, AnErrorOutOfAHandlerEndsTheProgramWithAMessage) {
-  UseMenu(4, [&] {
-    PressRow(0);
-    MainMenu().objSetupList->SetCurrentIndex(99);
-    Driver::Type(Key::Enter);
-  });
-  const ShownMessage expected{"There is no item 99 in a list of 4.", MessageIcon::Critical,
-                              MessageButtons::Ok, "Trelin"};
-  EXPECT_EQ(system.messages, std::vector{expected});
+TEST_F(StartUpWindow, NoticeLinesAreCopiedAndSurplusOnesStay) {
+  auto& texts = libraries.Own();
+  texts[35043] = " Third line ";
+  const std::pair<const char*, const char*> cases[] = {
+      {"32768", "-|-|-|-|"},
+      {"two", "-|-|-|-|"},
+      {"3", "3|First line|Second line| Third line |"},
+      {"1", "1|New line|Second line| Third line |"},
+      {"-1", "-1|New line|Second line| Third line |"},
+      {"0", "0|New line|Second line| Third line |"},
+  };
+  const std::string sKey = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvanta\\Copyright";
+  for (const auto& [sCount, sExpected] : cases) {
+    texts[35040] = sCount;
+    if (*sCount == '1') texts[35041] = "New line";
+    Failure(WriteNoticeLines);
+    std::string sWritten;
+    for (const char* sName : {"NumLines", "Line1", "Line2", "Line3"})
+      sWritten += registry.Text(sKey, sName).value_or("-") + "|";
+    EXPECT_EQ(sWritten, sExpected) << sCount;
+  }
 }
 
 }  // namespace

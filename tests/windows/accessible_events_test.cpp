@@ -14,8 +14,7 @@ bool Contains(const std::vector<std::string>& events, const std::string& sEvent)
 
 TEST_F(WindowsMenuWindow, TellsAScreenReaderOfChanges) {
   Record("other", "1");
-  UseMenu(5, [&] {
-    auto& menu = MainMenu();
+  UseMenu(5, [&](auto& menu) {
     menu.Timer1.SetInterval(10);
     auto events = EventsDuring([] { Driver::Type(Key::Down); });
     EXPECT_TRUE(Contains(events, "focus <Product 1, About 1, 35015>"));
