@@ -1,12 +1,8 @@
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-
 #include "real_platform.h"
 #include "seam/platform.h"
 #include "seam/platform_error.h"
 #include "testing/driver.h"
+#include "testing/temporary_folder.h"
 
 namespace trelin {
 
@@ -47,16 +43,14 @@ std::string Icon() {
 
 class ToolkitWindowPicture : public testing::Test {
  protected:
-  ~ToolkitWindowPicture() override { std::filesystem::remove(path); }
-
   Picture Load(const std::string& sBytes) const {
-    std::ofstream(path, std::ios::binary) << sBytes;
-    return Picture::LoadFromFile(path.string());
+    folder.Write("picture", sBytes);
+    return Picture::LoadFromFile(ProgramPath(folder / "picture"));
   }
 
   RealSystem system;
   const PlatformScope scope{{nullptr, nullptr, &system}};
-  const std::filesystem::path path = std::filesystem::temp_directory_path() / "trelin-picture";
+  const TemporaryFolder folder;
 };
 
 TEST_F(ToolkitWindowPicture, WhatIsNoPictureIsRefused) {
@@ -69,7 +63,7 @@ TEST_F(ToolkitWindowPicture, WhatIsNoPictureIsRefused) {
       {"cut icon", Icon().substr(0, 30)},
       {"icon with a cut image", Icon().substr(0, 1200)}};
   for (const auto& [sName, sBytes] : files) EXPECT_THROW(Load(sBytes), PlatformError) << sName;
-  for (const std::string& sPath : {"missing.bmp"s, ""s, testing::TempDir()})
+  for (const std::string& sPath : {"missing.bmp"s, ""s, ProgramPath(folder / "")})
     EXPECT_THROW(Picture::LoadFromFile(sPath), PlatformError) << sPath;
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <stdexcept>
+#include <tuple>
 #include <utility>
 
 #include "testing/driver.h"
@@ -145,28 +146,22 @@ TEST_F(ToolkitWindow, AnExceptionComesOutOfShowModal) {
 }
 
 TEST_F(ToolkitWindow, MessageBoxesAnswer) {
+  using enum MessageAnswer;
   const auto press = [](MessageAnswer button) { return [button] { Driver::Answer(button); }; };
-  const struct {
-    const char* sName;
-    MessageButtons buttons;
-    Driver::Script act;
-    MessageAnswer answer;
-  } cases[] = {
-      {"OK", MessageButtons::Ok, press(MessageAnswer::Ok), MessageAnswer::Ok},
-      {"Yes", MessageButtons::YesNo, press(MessageAnswer::Yes), MessageAnswer::Yes},
-      {"No", MessageButtons::YesNo, press(MessageAnswer::No), MessageAnswer::No},
-      {"Enter", MessageButtons::YesNo, Type(Key::Enter), MessageAnswer::Yes},
-      {"Esc", MessageButtons::YesNo, Type(Key::Escape), MessageAnswer::No},
-      {"close box", MessageButtons::YesNo, Driver::CloseWindow, MessageAnswer::No},
+  const std::tuple<const char*, Driver::Script, MessageAnswer> cases[] = {
+      {"OK", press(Ok), Ok},          {"Yes", press(Yes), Yes},
+      {"No", press(No), No},          {"Enter", Type(Key::Enter), Yes},
+      {"Esc", Type(Key::Escape), No}, {"close box", Driver::CloseWindow, No},
   };
-  const std::string sText = "<b>R&D</b> \x80 \xFC\r\nline";
-  for (const auto& c : cases) {
-    Driver::WhenWindowOpens([&] {
-      EXPECT_EQ(Driver::WindowTitle(), "Title & \xE9");
+  const std::string sText = "<b>R&D</b> \x80 \xFC\r\nline", sTitle = "Title & \xE9";
+  for (const auto& [sName, act, answer] : cases) {
+    Driver::WhenWindowOpens([&, &answerIt = act] {
+      EXPECT_EQ(Driver::WindowTitle(), sTitle);
       EXPECT_EQ(Driver::MessageText(), sText);
-      c.act();
+      answerIt();
     });
-    EXPECT_EQ(Driver::ShowMessage(sText, c.buttons, "Title & \xE9"), c.answer) << c.sName;
+    const auto buttons = answer == Ok ? MessageButtons::Ok : MessageButtons::YesNo;
+    EXPECT_EQ(Driver::ShowMessage(sText, buttons, sTitle), answer) << sName;
   }
 }
 
@@ -277,18 +272,22 @@ TEST_F(ToolkitWindow, TheScrollBarTellsDraggingFromOtherChanges) {
 
 TEST_F(ToolkitWindow, LabelsCanBeReadAndLetTheBackgroundThrough) {
   Label label(box);
-  label.SetBounds(150, 150, 1500, 600);
+  label.SetBounds(150, 150, 3000, 585);  // as a description
   box.SetBackColor(Color::Cyan);
   box.OnMouseDown = [this](Twips, Twips) { events.push_back("box"); };
-  for (const std::string sText : {"Bore & shaft", "<b>5</b>", "", "\xB5m \x80", "&"}) {
+  for (const std::string sText :
+       {"Bore & shaft", "<b>5</b>", "", "\xB5m \x80", "&", "W\r\nW\r\nW"}) {
     label.SetCaption(sText);
     EXPECT_EQ(Driver::ReadText(label), sText);
   }
   Driver::ShowModal(form, [&] {
-    const Rgb cyan = Driver::RgbOf(Color::Cyan);
     const auto pixels = Driver::PixelsOf(label);
-    EXPECT_EQ(pixels[0].back(), cyan);
-    EXPECT_NE(pixels, std::vector(pixels.size(), std::vector(pixels[0].size(), cyan))) << "no text";
+    const std::vector<Rgb> empty(pixels[0].size(), Driver::RgbOf(Color::Cyan));
+    EXPECT_EQ(pixels[0].back(), empty[0]);
+    const auto thirdLine = pixels.begin() + static_cast<std::ptrdiff_t>(pixels.size() * 3 / 4);
+    EXPECT_NE(std::find_if(thirdLine, pixels.end(), [&](const auto& row) { return row != empty; }),
+              pixels.end())
+        << "at each resolution there is room for three lines";
     Driver::Click(label);
     label.OnMouseDown = Note("label");
     Driver::Click(label);
@@ -298,62 +297,39 @@ TEST_F(ToolkitWindow, LabelsCanBeReadAndLetTheBackgroundThrough) {
 
 TEST_F(ToolkitWindow, ALabelThatIsTooSmallShowsNotAllOfItsText) {
   const std::string sLine = "The quick brown fox jumps over the lazy dog, and once again";
-  const struct {
-    std::string sText;
-    LabelFont font;
-    int nLines;
-    int nCutOff;
-  } cases[] = {
-      {"", {}, 1, 0},
-      {sLine, {}, 1, 0},
-      {sLine, {.points = 9.75F, .bBold = true}, 1, 1},
-      {sLine + ' ' + sLine, {}, 1, 1},
-      {sLine + ' ' + sLine, {}, 2, 0},
-      {sLine + "\r\n" + sLine + "\r\n" + sLine, {}, 2, 1},
-      {std::string(30000, 'W'), {}, 1, 100},  // at least
+  const LabelFont plain, title = {.points = 9.75F, .bBold = true};
+  const std::tuple<std::string, LabelFont, Twips, int> cases[] = {
+      {"", plain, 1, 0},
+      {sLine, plain, 1, 0},
+      {sLine, title, 1, 1},
+      {sLine + ' ' + sLine, plain, 1, 1},
+      {sLine + ' ' + sLine, plain, 2, 0},
+      {sLine + "\r\n" + sLine + "\r\n" + sLine, plain, 2, 1},
+      {std::string(30000, 'W'), plain, 1, 100},  // at least
   };
-  for (const auto& c : cases)  // as wide as one of the menu
-    EXPECT_EQ(LabelLinesCutOff(c.sText, c.font, 4890, 240.0F * static_cast<Twips>(c.nLines)),
-              c.nCutOff)
-        << c.sText << " in " << c.nLines;
+  for (const auto& [sText, font, lines, nCutOff] : cases)  // as wide as one of the menu
+    EXPECT_EQ(LabelLinesCutOff(sText, font, 4890, 240 * lines), nCutOff) << sText << " in " << lines;
 }
 
-TEST_F(ToolkitWindow, ALabelHasRoomForTheSameLinesAtEachResolution) {
-  Label label(box);
-  label.SetBounds(150, 150, 3000, 585);  // as a description
-  label.SetCaption("W\r\nW\r\nW");
-  Driver::ShowModal(form, [&] {
-    const auto pixels = Driver::PixelsOf(label);
-    const std::vector<Rgb> empty(pixels[0].size(), Driver::RgbOf(Color::ButtonFace));
-    const auto nThird = static_cast<std::ptrdiff_t>(pixels.size() * 3 / 4);
-    EXPECT_TRUE(std::any_of(pixels.begin() + nThird, pixels.end(),
-                            [&](const auto& row) { return row != empty; }));
-  });
-}
-
-TEST_F(ToolkitWindow, LinesLeaveOutTheirFinalPixel) {
+TEST_F(ToolkitWindow, IsLaidOutAndDrawnInPixelsOfTheScreen) {
+  const auto nInch = static_cast<int>(1440 / Screen::TwipsPerPixelX() + 0.5F);
+  yes.SetBounds(1440, 720, 2880, 360);
   box.OnPaint = [this] {
     for (const auto& [x1, y1, x2, y2] : std::vector<std::array<int, 4>>{
              {2, 0, 4, 0}, {4, 2, 2, 2}, {8, 0, 8, 2}, {10, 2, 10, 0}, {12, 0, 12, 0}})
       box.Line(px(x1), py(y1), px(x2), py(y2), Color::DarkShadow3D);
   };
   Driver::ShowModal(form, [&] {
+    EXPECT_EQ(Driver::Bounds(yes), (PixelRect{nInch, nInch / 2, 2 * nInch, nInch / 4}));
+    EXPECT_EQ(Driver::Inside(form), (PixelRect{0, 0, 6000 * nInch / 1440, 4500 * nInch / 1440}));
     const auto pixels = Driver::PixelsOf(box);
     Events rows(3);
     for (std::size_t i = 0; i < 3 * 13; ++i)
       rows[i / 13] += pixels[i / 13][i % 13] == Driver::RgbOf(Color::DarkShadow3D) ? '#' : '.';
     EXPECT_EQ(rows, Events({"..##....#....",  //
                             "........#.#..",  //
-                            "...##.....#.."}));
-  });
-}
-
-TEST_F(ToolkitWindow, IsLaidOutInPixelsOfTheScreen) {
-  const auto nInch = static_cast<int>(1440 / Screen::TwipsPerPixelX() + 0.5F);
-  yes.SetBounds(1440, 720, 2880, 360);
-  Driver::ShowModal(form, [&] {
-    EXPECT_EQ(Driver::Bounds(yes), (PixelRect{nInch, nInch / 2, 2 * nInch, nInch / 4}));
-    EXPECT_EQ(Driver::Inside(form), (PixelRect{0, 0, 6000 * nInch / 1440, 4500 * nInch / 1440}));
+                            "...##.....#.."}))
+        << "lines leave out their final pixel";
   });
 }
 
