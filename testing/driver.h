@@ -107,7 +107,7 @@ Rgb RgbOf(Color color);
 PixelRect Bounds(const Control& control);  // in its container, with a border
 PixelRect Inside(const Control& control);  // in its window, without a border
 bool IsShown(const Control& control);      // with all its containers
-bool TakesInput(const Control& control);   // enabled with all its containers
+bool TakesInput(const Control& control);   // enabled, and so is its window
 bool HasFocus(const Control& control);
 
 }  // namespace Driver

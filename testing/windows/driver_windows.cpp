@@ -29,8 +29,6 @@ constexpr WORD VirtualKeys[] = {VK_RETURN, VK_RETURN, VK_ESCAPE, VK_TAB,  VK_TAB
 
 HWND HandleOf(const Control& control) { return control.Get().Handle(); }
 
-UINT DpiOf(const Control& control) { return WindowDpi(HandleOf(control)); }
-
 BOOL CALLBACK Collect(HWND hWindow, LPARAM pWindows) {
   reinterpret_cast<std::vector<HWND>*>(pWindows)->push_back(hWindow);
   return TRUE;
@@ -58,7 +56,7 @@ POINT OnScreen(HWND hWindow, POINT point) {
 }
 
 POINT PointIn(const Control& control, Twips x, Twips y) {
-  const UINT dpi = DpiOf(control);
+  const UINT dpi = WindowDpi(HandleOf(control));
   return OnScreen(HandleOf(control), {Pixels(x, dpi), Pixels(y, dpi)});
 }
 
@@ -327,11 +325,8 @@ PixelRect Driver::Inside(const Control& control) {
 bool Driver::IsShown(const Control& control) { return IsWindowVisible(HandleOf(control)); }
 
 bool Driver::TakesInput(const Control& control) {
-  for (HWND h = HandleOf(control); h != nullptr && h != GetDesktopWindow();
-       h = GetAncestor(h, GA_PARENT)) {
-    if (!IsWindowEnabled(h)) return false;
-  }
-  return true;
+  const HWND hWindow = HandleOf(control);
+  return IsWindowEnabled(hWindow) && IsWindowEnabled(GetAncestor(hWindow, GA_ROOT));
 }
 
 bool Driver::HasFocus(const Control& control) { return GetFocus() == HandleOf(control); }

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <functional>
 #include <iterator>
+#include <tuple>
 #include <vector>
 
 #include "app/main_menu.h"
@@ -10,6 +11,7 @@ namespace trelin {
 namespace {
 
 using MainMenuKeysWindow = ProgramWindowTest;
+using Texts = std::vector<std::string>;
 
 TEST_F(MainMenuKeysWindow, TabGoesThroughTheWindowAndBack) {
   auto expectOrder = [](Key key, const std::vector<const Control*>& order) {
@@ -54,41 +56,35 @@ TEST_F(MainMenuKeysWindow, TabGoesThroughTheWindowAndBack) {
 
 TEST_F(MainMenuKeysWindow, IsUsedWithKeysAlone) {
   UseMenu(7, [&](auto& menu) {
-    // Each key on the rows, or on the icons, and the row that has the focus then.
-    const struct {
-      ControlArray<PictureBox>& boxes;
-      Key key;
-      std::int16_t nRow;
-      const char *sRows, *sStarted;
-    } cases[] = {
-        {menu.picListItem, Key::Down, 0, "[1]234", ""},
-        {menu.picListItem, Key::Down, 1, "1[2]34", ""},
-        {menu.picListItem, Key::Space, 1, "1[2]34", ""},
-        {menu.picListItem, Key::Enter, 1, "1[2]34", "2"},
-        {menu.picListItem, Key::PageDown, 3, "345[6]", ""},
-        {menu.picListItem, Key::Up, 2, "34[5]6", ""},
-        {menu.picListItem, Key::End, 3, "456[7]", ""},
-        {menu.picListItem, Key::Down, 3, "456[7]", ""},
-        {menu.picListItem, Key::Home, 0, "[1]234", ""},
-        {menu.picListItem, Key::PageUp, 0, "[1]234", ""},
-        {menu.picListItem, Key::Up, 0, "[1]234", ""},
-        {menu.picIcon, Key::Tab, 0, "[1]234", ""},
-        {menu.picIcon, Key::End, 3, "456[7]", ""},
-        {menu.picIcon, Key::Up, 2, "45[6]7", ""},
-        {menu.picIcon, Key::Space, 2, "45[6]7", "6"},
-        {menu.picIcon, Key::Enter, 2, "45[6]7", "6"},
-        {menu.picIcon, Key::PageUp, 0, "[2]345", ""},
-    };
-    for (const auto& c : cases) {
-      Driver::Type(c.key);
-      EXPECT_EQ(Rows(), c.sRows) << "step " << &c - cases;
-      EXPECT_TRUE(Driver::HasFocus(c.boxes[c.nRow])) << "step " << &c - cases;
-      EXPECT_EQ(menu.VScroll.Value(), menu.objSetupList->TopIndex()) << "step " << &c - cases;
+    // Each key on the rows, or on the icons, the row that has the focus then, all rows,
+    // and the product whose installer is started.
+    const std::tuple<ControlArray<PictureBox>&, Key, std::int16_t, const char*, std::string>
+        cases[] = {
+            {menu.picListItem, Key::Down, 0, "[1]234", ""},
+            {menu.picListItem, Key::Down, 1, "1[2]34", ""},
+            {menu.picListItem, Key::Space, 1, "1[2]34", ""},
+            {menu.picListItem, Key::Enter, 1, "1[2]34", "2"},
+            {menu.picListItem, Key::PageDown, 3, "345[6]", ""},
+            {menu.picListItem, Key::Up, 2, "34[5]6", ""},
+            {menu.picListItem, Key::End, 3, "456[7]", ""},
+            {menu.picListItem, Key::Home, 0, "[1]234", ""},
+            {menu.picIcon, Key::Tab, 0, "[1]234", ""},
+            {menu.picIcon, Key::End, 3, "456[7]", ""},
+            {menu.picIcon, Key::Up, 2, "45[6]7", ""},
+            {menu.picIcon, Key::Space, 2, "45[6]7", "6"},
+            {menu.picIcon, Key::Enter, 2, "45[6]7", "6"},
+            {menu.picIcon, Key::PageUp, 0, "[2]345", ""},
+        };
+    int nStep = 0;
+    for (const auto& [boxes, key, nRow, sRows, sStarted] : cases) {
+      SCOPED_TRACE("step " + std::to_string(++nStep));
+      Driver::Type(key);
+      EXPECT_EQ(Rows(), sRows);
+      EXPECT_TRUE(Driver::HasFocus(boxes[nRow]));
+      EXPECT_EQ(menu.VScroll.Value(), menu.objSetupList->TopIndex());
       EXPECT_EQ(Driver::TakesInput(menu.cmdReadMe), menu.objSetupList->CurrentIndex() % 2 == 0);
-      const std::string sProgram = std::string("\"C:\\Suite\\p") + c.sStarted + ".exe\"";
       EXPECT_EQ(std::exchange(system.started, {}),
-                std::vector<std::string>(*c.sStarted == '\0' ? 0 : 1, sProgram))
-          << "step " << &c - cases;
+                sStarted.empty() ? Texts{} : Texts{"\"C:\\Suite\\p" + sStarted + ".exe\""});
     }
     Driver::TurnWheel(menu.picList, -9);
     EXPECT_TRUE(Driver::HasFocus(menu.picList)) << "no icon, as the selected one is out of view";
@@ -151,7 +147,6 @@ TEST_F(MainMenuKeysWindow, ShowsTheFocusWhileItIsUsedByKeys) {
 
 TEST_F(MainMenuKeysWindow, IsUsedWithoutAPicture) {
   UseMenu(5, [&](auto& menu) {
-    using Texts = std::vector<std::string>;
     EXPECT_EQ(Driver::Describe(menu.picList), "list <35014> focused");
     EXPECT_EQ(
         Driver::DescribeChildren(menu.picList),

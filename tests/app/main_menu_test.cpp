@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <tuple>
 #include <vector>
 
 #include "tests/app/program_window.h"
@@ -42,25 +43,21 @@ TEST_F(MainMenuWindow, StandsAsDesigned) {
 
 TEST_F(MainMenuWindow, APressOnARowSelectsItsProduct) {
   UseMenu(7, [&](auto& menu) {
-    const struct {
-      const Control& control;
-      const char *sPressed, *sReleased;
-      bool bReadMe;
-    } cases[] = {
+    const std::tuple<const Control&, const char*, const char*, bool> cases[] = {
         {menu.lblTitle[1], "1[2]34", "1[2]34", true},
         {menu.lblDescription[0], "[1]234", "[1]234", false},
         {menu.lblStatus[3], "123[4]", "123[4]", true},
         {menu.picIcon[0], "[1]234", "[1]234", false},
         {menu.picListItem[2], "[1]234", "12[3]4", false},  // waits for the release
     };
-    for (const auto& c : cases) {
-      const Twips x = &c.control == &menu.picListItem[2] ? 6600 : 30;
-      Driver::Press(c.control, x, 30);
-      EXPECT_EQ(Rows(), c.sPressed);
-      Driver::Release(c.control, &c.control == &menu.picIcon[0] ? -30 : x, 30);
-      EXPECT_EQ(Rows(), c.sReleased);
+    for (const auto& [control, sPressed, sReleased, bReadMe] : cases) {
+      const Twips x = &control == &menu.picListItem[2] ? 6600 : 30;
+      Driver::Press(control, x, 30);
+      EXPECT_EQ(Rows(), sPressed);
+      Driver::Release(control, &control == &menu.picIcon[0] ? -30 : x, 30);
+      EXPECT_EQ(Rows(), sReleased);
       EXPECT_TRUE(Driver::TakesInput(menu.cmdSetup));
-      EXPECT_EQ(Driver::TakesInput(menu.cmdReadMe), c.bReadMe) << c.sReleased;
+      EXPECT_EQ(Driver::TakesInput(menu.cmdReadMe), bReadMe) << sReleased;
     }
   });
   EXPECT_EQ(system.started, Started());
@@ -158,11 +155,7 @@ TEST_F(MainMenuIconWindow, AnIconIsRaisedAndSunkenWhilePressed) {
     // The left and the top edge are outside, the last pixels are inside.
     const Twips right = box.Width() - Screen::TwipsPerPixelX();
     const Twips bottom = box.Height() - Screen::TwipsPerPixelY();
-    const struct {
-      const char* sPlace;
-      Twips x, y;
-      bool bInside;
-    } cases[] = {
+    const std::tuple<const char*, Twips, Twips, bool> cases[] = {
         {"left edge", 0, 600, false},
         {"left", 15, 600, true},
         {"top edge", 600, 0, false},
@@ -172,16 +165,16 @@ TEST_F(MainMenuIconWindow, AnIconIsRaisedAndSunkenWhilePressed) {
         {"below", 600, bottom + 20, false},
         {"bottom", 600, bottom, true},
     };
-    for (const auto& c : cases) {
-      Driver::MoveTo(box, c.x, c.y);
-      EXPECT_TRUE(Driver::PixelsOf(box) == (c.bInside ? sunken : raised)) << c.sPlace;
+    for (const auto& [sPlace, x, y, bInside] : cases) {
+      Driver::MoveTo(box, x, y);
+      EXPECT_TRUE(Driver::PixelsOf(box) == (bInside ? sunken : raised)) << sPlace;
       EXPECT_EQ(system.started, Started());
     }
-    for (const auto& c : cases) {
+    for (const auto& [sPlace, x, y, bInside] : cases) {
       Driver::Press(box, 600, 600);
-      Driver::Release(box, c.x, c.y);
-      EXPECT_TRUE(Driver::PixelsOf(box) == raised) << c.sPlace << ", released";
-      EXPECT_EQ(std::exchange(system.started, {}).size(), c.bInside ? 1U : 0U) << c.sPlace;
+      Driver::Release(box, x, y);
+      EXPECT_TRUE(Driver::PixelsOf(box) == raised) << sPlace << ", released";
+      EXPECT_EQ(std::exchange(system.started, {}).size(), bInside ? 1U : 0U) << sPlace;
     }
   });
 }

@@ -30,26 +30,14 @@ using MenuScript = std::function<void(frmMainMenu&)>;
 // The whole program from Main on, its windows used as a user meets them.
 class ProgramWindowTest : public ProgramTest {
  protected:
-  // A setup list of products named "Product 1", "Product 2", ... with the code
-  // "P1", revision 1 and installer "p1.exe"; every second has a read-me file.
-  void WriteList(int nProducts) {
-    std::string sBlocks;
-    for (int i = 1; i <= nProducts; ++i) {
-      const std::string s = std::to_string(i);
-      sBlocks += "BLOCK APPLICATION\nPRODUCT = Product " + s + "\nDESCRIPTION = About " + s +
-                 "\nPRODUCTCODE = P" + s + "\nREVISION = 1\nINSTALLFILE = p" + s + ".exe\n" +
-                 (i % 2 == 0 ? "READMEFILE = read me.exe " + s + ".txt\n" : "") + "END\n";
-    }
-    WriteList(sBlocks);
-  }
-
   void WriteList(const std::string& sBlocks) {
     system.files["C:\\Suite\\TRELIN.CFG"] = "BLOCK SETUPLIST\n" + sBlocks + "END\n";
   }
 
-  // Runs the program, accepts the agreement, and uses the menu. What the program
-  // shows and starts is that of this run.
-  void UseMenu(const MenuScript& script) {
+  // Runs the program on such a list, accepts the agreement, and uses the menu. What
+  // the program shows and starts is that of this run.
+  void UseMenu(const std::string& sBlocks, const MenuScript& script) {
+    WriteList(sBlocks);
     system.messages.clear();
     system.started.clear();
     bool bOpened = false;
@@ -62,11 +50,17 @@ class ProgramWindowTest : public ProgramTest {
     EXPECT_TRUE(bOpened) << "the menu did not open";
   }
 
-  // Of such a list, or of blocks.
-  template <class List>
-  void UseMenu(const List& list, const MenuScript& script) {
-    WriteList(list);
-    UseMenu(script);
+  // The same with products named "Product 1", "Product 2", ... with the code "P1",
+  // revision 1 and installer "p1.exe"; every second has a read-me file.
+  void UseMenu(int nProducts, const MenuScript& script) {
+    std::string sBlocks;
+    for (int i = 1; i <= nProducts; ++i) {
+      const std::string s = std::to_string(i);
+      sBlocks += "BLOCK APPLICATION\nPRODUCT = Product " + s + "\nDESCRIPTION = About " + s +
+                 "\nPRODUCTCODE = P" + s + "\nREVISION = 1\nINSTALLFILE = p" + s + ".exe\n" +
+                 (i % 2 == 0 ? "READMEFILE = read me.exe " + s + ".txt\n" : "") + "END\n";
+    }
+    UseMenu(sBlocks, script);
   }
 
   struct Place {

@@ -4,9 +4,9 @@
 #include "tests/app/real_program.h"
 
 #include <optional>
+#include <tuple>
 
 #include "suite/reg_entry.h"
-#include "suite/setup_list.h"
 
 namespace trelin {
 namespace {
@@ -27,11 +27,9 @@ TEST_F(RealProgramWindow, GivesAClearAnswerToBadInput) {
   const std::string sAgreement = "Microsoft Product Integration Agreement\n";
   const std::string sLibrary = FileBytes(folder / "ENU35000.DLL");
   const char *const sList = "TRELIN.CFG", *const sTexts = "ENU35000.DLL";
-  const struct {
-    const char *sCase, *sFile;
-    std::optional<std::string> sBytes;  // nothing: the file is missing
-    std::string sBegin;                 // behind the agreement, unless the library is bad
-  } cases[] = {
+  // What is in a file, if it is there, and what comes behind the agreement, to which
+  // the program does not come without a library.
+  const std::tuple<const char*, const char*, std::optional<std::string>, std::string> cases[] = {
       {"no list", sList, {}, "Trelin: Could not open the file \""},
       {"zeros", sList, sZeros, "BlockParse.GetToken: Line 1" + sNot},
       {"no sense", sList, "BLOCK SETUPLIST\n\nSetup\nEND", "BlockParse.GetToken: Line 3" + sNot},
@@ -56,13 +54,13 @@ TEST_F(RealProgramWindow, GivesAClearAnswerToBadInput) {
     std::filesystem::remove(Utf8Path(folder / sFile));
   };
   EXPECT_EQ(Run(), sAgreement + sMenu) << "nothing is broken";
-  for (const auto& c : cases) {
-    write(c.sFile, c.sBytes);
+  for (const auto& [sCase, sFile, sBytes, sBegin] : cases) {
+    write(sFile, sBytes);
     const std::string sExpected =
-        c.sFile == sTexts
+        sFile == sTexts
             ? "Error at Trelin: The string library ENU35000.DLL is missing from the folder"
-            : sAgreement + c.sBegin;
-    EXPECT_EQ(Run().substr(0, sExpected.size()), sExpected) << c.sCase;
+            : sAgreement + sBegin;
+    EXPECT_EQ(Run().substr(0, sExpected.size()), sExpected) << sCase;
     folder.Write(sList, List(""));
     folder.Write(sTexts, sLibrary);
   }
@@ -74,31 +72,6 @@ TEST_F(RealProgramWindow, GivesAClearAnswerToBadInput) {
   objSettings.SetString("InstallDirectory", ProgramPath(folder / "App"));
   EXPECT_EQ(Run(), sAgreement + sMenu) << "the library is where the suite is installed";
   objSettings.DeleteValue("InstallDirectory");
-}
-
-TEST_F(RealProgramWindow, EveryByteIsAByte) {
-  InitStringResources(1033);
-  RegEntry objLog;
-  objLog.CreateKey("InstallLog");
-  SetupList list;
-  for (int n = 1; n < 256; ++n) {
-    if (n == '\r' || n == '\n') continue;  // ends a line of the list
-    const std::string sText = std::string("a") + static_cast<char>(n) + "b";
-    folder.Write("TRELIN.CFG",
-                 List("PRODUCTCODE = Code\nREVISION = " + sText + "\nPRODUCT = " + sText + "\n"));
-    objLog.SetString("Code", sText);
-    const std::pair<std::string, std::string> cases[] = {
-        {"", n == '\t' ? "An older revision is installed" : "Installed"},
-        {ProgramPath(folder / "") + sText, "Installation incomplete: a file is missing"}};
-    for (const auto& [sCheckFile, sStatus] : cases) {
-      objLog.SetString("CodeCheckFile", sCheckFile);
-      list.Initialize();
-      list.LoadFromFile(ProgramPath(folder / "TRELIN.CFG"));
-      EXPECT_EQ(list.MenuItems().Item(1)->Title(), n == '\t' ? "a b" : sText);
-      EXPECT_EQ(list.MenuItems().Item(1)->Status(), sStatus) << n;
-    }
-  }
-  for (const char* sName : {"Code", "CodeCheckFile"}) objLog.DeleteValue(sName);
 }
 
 }  // namespace

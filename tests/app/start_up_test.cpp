@@ -1,5 +1,7 @@
 #include "app/start_up.h"
 
+#include <tuple>
+
 #include "app/notice_lines.h"
 #include "tests/app/program_window.h"
 
@@ -31,11 +33,7 @@ TEST_F(StartUpWindow, TheAgreementStandsAsDesigned) {
 }
 
 TEST_F(StartUpWindow, TheAgreementIsAcceptedByYesAlone) {
-  const struct {
-    const char* sCase;
-    Driver::Script answer;
-    bool bAccepted;
-  } cases[] = {
+  const std::tuple<const char*, Driver::Script, bool> cases[] = {
       {"Enter at once", [] { Driver::Type(Key::Enter); }, true},
       {"Yes", [] { Driver::Click(Agreement().cmdYes); }, true},
       {"Alt+Y", [] { Driver::TypeAccessKey('Y'); }, true},
@@ -45,13 +43,13 @@ TEST_F(StartUpWindow, TheAgreementIsAcceptedByYesAlone) {
       {"Enter on No", [] { Agreement().cmdNo.SetFocus(), Driver::Type(Key::Enter); }, false},
       {"close box", Driver::CloseWindow, false},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.sCase);
+  for (const auto& [sCase, answer, bAccepted] : cases) {
+    SCOPED_TRACE(sCase);
     system.messages.clear();  // without a setup list, going on shows a message
-    Driver::WhenWindowOpens(c.answer);
+    Driver::WhenWindowOpens(answer);
     Main();
     EXPECT_TRUE(Driver::ForgetScripts());
-    EXPECT_EQ(system.messages.size(), c.bAccepted ? 1U : 0U);
+    EXPECT_EQ(system.messages.size(), bAccepted ? 1U : 0U);
   }
 }
 

@@ -34,16 +34,18 @@ TEST(SystemTest, FindsNormalFilesByPattern) {
     EXPECT_EQ(Found(ProgramPath(folder / "") + sPattern), names) << sPattern;
   for (const char* sName : {"", " ", "setup*x", "setup.exe/ ", "Disk1", "Gone/*"})
     EXPECT_EQ(Found(ProgramPath(folder / sName)), NameCounts{}) << sName;
+  for (int n = 1; n < 256; ++n)
+    EXPECT_EQ(Found(ProgramPath(folder / "a") + static_cast<char>(n) + "b"), NameCounts{}) << n;
   EXPECT_THROW(Found(std::string("Plain\0x", 7)), PlatformError);
 }
 
 TEST(SystemTest, ReadsFileToItsEnd) {
   const TemporaryFolder folder;
-  folder.Write("Folder/file", std::string("a\0\r\n", 4));
+  folder.Write("Folder/file", std::string("\x1A\0\r\n", 4));
   const auto file = RealSystem().OpenInput(ProgramPath(folder / "FOLDER\\File"));
   std::string sBuffer(3, '#');
   EXPECT_EQ(file->Read(sBuffer.data(), 3), 3U);
-  EXPECT_EQ(sBuffer, std::string("a\0\r", 3));
+  EXPECT_EQ(sBuffer, std::string("\x1A\0\r", 3));
   EXPECT_EQ(file->Read(sBuffer.data(), 3), 1U);
   EXPECT_EQ(file->Read(sBuffer.data(), 3), 0U);
   for (const char* sName : {"Folder", "Gone", "Gone/file"})

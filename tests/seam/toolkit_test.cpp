@@ -166,12 +166,7 @@ TEST_F(ToolkitWindow, MessageBoxesAnswer) {
 }
 
 TEST_F(ToolkitWindow, KeysReachTheButtons) {
-  const struct {
-    const char* sName;
-    Control& focus;
-    Driver::Script act;
-    const char* sClicked;
-  } cases[] = {
+  const std::tuple<const char*, Control&, Driver::Script, const char*> cases[] = {
       {"Enter", box, Type(Key::Enter), "&Yes"},
       {"Enter of the keypad", box, Type(Key::KeypadEnter), "&Yes"},
       {"Enter on a button", no, Type(Key::Enter), "&No"},
@@ -184,10 +179,10 @@ TEST_F(ToolkitWindow, KeysReachTheButtons) {
     EXPECT_TRUE(Driver::HasFocus(no)) << "the first in the tab order";
     Driver::Type(Key::Tab);
     EXPECT_TRUE(Driver::HasFocus(yes)) << "the second";
-    for (const auto& c : cases) {
-      c.focus.SetFocus();
-      c.act();
-      EXPECT_EQ(Taken(), Events({c.sClicked})) << c.sName;
+    for (const auto& [sName, focus, act, sClicked] : cases) {
+      focus.SetFocus();
+      act();
+      EXPECT_EQ(Taken(), Events({sClicked})) << sName;
     }
     box.SetFocus();
     Driver::TypeAccessKey('N');
@@ -196,7 +191,7 @@ TEST_F(ToolkitWindow, KeysReachTheButtons) {
     box.SetFocus();
     yes.SetEnabled(false);
     no.SetEnabled(false);
-    for (const auto& c : cases) c.act();
+    for (const auto& [sName, focus, act, sClicked] : cases) act();
     EXPECT_EQ(Taken(), Events()) << "disabled buttons answer nothing";
     EXPECT_TRUE(Driver::IsShown(form)) << "Esc alone closes nothing";
   });
