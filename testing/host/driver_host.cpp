@@ -83,6 +83,11 @@ QImage ScreenOf(const Control& control) {
   return window.screen()->grabWindow(window.winId()).toImage();
 }
 
+// What is read of a text that may have marks in it.
+QString PlainText(const QString& text) {
+  return QTextDocumentFragment::fromHtml(text).toPlainText();
+}
+
 Rgb ToRgb(const QColor& color) { return {color.red(), color.green(), color.blue()}; }
 
 }  // namespace
@@ -123,7 +128,9 @@ void DriverSystem::KeepTicking(void (*tick)()) {
 
 std::string Driver::MessageText() {
   const auto* pBox = qobject_cast<QMessageBox*>(UsedWidget());
-  return pBox != nullptr ? FromQString(pBox->text()) : "";
+  if (pBox == nullptr) return "";
+  const bool bPlain = pBox->textFormat() == Qt::PlainText;
+  return FromQString(bPlain ? pBox->text() : PlainText(pBox->text()));
 }
 
 void Driver::Answer(MessageAnswer button) {
@@ -262,7 +269,7 @@ std::string Driver::TooltipOver(const Control& control) {
     EXPECT_TRUE(screen.contains(pWindow->geometry())) << "the tooltip leaves the screen";
     EXPECT_LT(pWindow->width(), window.width()) << "the tooltip does not wrap";
   }
-  return FromQString(QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText());
+  return FromQString(PlainText(QToolTip::text()));
 }
 
 std::vector<std::vector<Rgb>> DriverSystem::PixelsIn(const Control& control, PixelRect rect) {

@@ -155,10 +155,10 @@ TEST_F(ToolkitWindow, MessageBoxesAnswer) {
   };
   const std::string sText = "<b>R&D</b> \x80 \xFC\r\nline", sTitle = "Title & \xE9";
   for (const auto& [sName, act, answer] : cases) {
-    Driver::WhenWindowOpens([&, &answerIt = act] {
+    Driver::WhenWindowOpens([&, &answerBox = act] {
       EXPECT_EQ(Driver::WindowTitle(), sTitle);
       EXPECT_EQ(Driver::MessageText(), sText);
-      answerIt();
+      answerBox();
     });
     const auto buttons = answer == Ok ? MessageButtons::Ok : MessageButtons::YesNo;
     EXPECT_EQ(Driver::ShowMessage(sText, buttons, sTitle), answer) << sName;
