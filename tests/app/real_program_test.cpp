@@ -26,10 +26,10 @@ TEST_F(RealProgramWindow, GivesAClearAnswerToBadInput) {
   const std::string sLine = " of the setup list TRELIN.CFG ", sNot = sLine + "cannot be understood";
   const std::string sAgreement = "Microsoft Product Integration Agreement\n";
   const std::string sLibrary = FileBytes(folder / "ENU35000.DLL");
-  const char *const sList = "TRELIN.CFG", *const sTexts = "ENU35000.DLL";
+  const std::string sList = "TRELIN.CFG", sTexts = "ENU35000.DLL";
   // What is in a file, if it is there, and what comes behind the agreement, to which
   // the program does not come without a library.
-  const std::tuple<const char*, const char*, std::optional<std::string>, std::string> cases[] = {
+  const std::tuple<const char*, std::string, std::optional<std::string>, std::string> cases[] = {
       {"no list", sList, {}, "Trelin: Could not open the file \""},
       {"zeros", sList, sZeros, "BlockParse.GetToken: Line 1" + sNot},
       {"no sense", sList, "BLOCK SETUPLIST\n\nSetup\nEND", "BlockParse.GetToken: Line 3" + sNot},
@@ -49,7 +49,7 @@ TEST_F(RealProgramWindow, GivesAClearAnswerToBadInput) {
       {"half a library", sTexts, sLibrary.substr(0, sLibrary.size() / 2), ""},
       {"a library of zeros", sTexts, sZeros, ""},
   };
-  const auto write = [&](const char* sFile, const std::optional<std::string>& sBytes) {
+  const auto write = [&](const std::string& sFile, const std::optional<std::string>& sBytes) {
     if (sBytes) return folder.Write(sFile, *sBytes);
     std::filesystem::remove(Utf8Path(folder / sFile));
   };
