@@ -13,17 +13,16 @@
 
 namespace trelin {
 
-// The findings, one a line: "5:3 error unknown-key", of a library "35010 error
-// missing-text".
+// The findings in short: "5:3 unknown-key, 7:1 no-code?", of a library "35010
+// missing-text". A warning ends in a question mark.
 inline std::string Summary(const Findings& findings) {
-  std::string sLines;
-  for (const Finding& finding : findings)
-    sLines += (finding.lNumber > 0 ? std::to_string(finding.lNumber)
-                                   : std::to_string(finding.place.lLine) + ":" +
-                                         std::to_string(finding.place.lColumn)) +
-              (finding.severity == Severity::Error ? " error " : " warning ") +
-              finding.pRule->pName + "\n";
-  return sLines;
+  std::string sAll;
+  for (const auto& [pRule, severity, place, sMessage, sHint, lNumber] : findings)
+    sAll += (sAll.empty() ? "" : ", ") +
+            (lNumber > 0 ? std::to_string(lNumber)
+                         : std::to_string(place.lLine) + ":" + std::to_string(place.lColumn)) +
+            " " + pRule->pName + (severity == Severity::Warning ? "?" : "");
+  return sAll;
 }
 
 // A folder of a suite on the platform's own files, with the program's string
@@ -40,7 +39,7 @@ class CheckTest : public ::testing::Test {
 
   Suite Read(const std::string& sText) {
     folder.Write("TRELIN.CFG", sText);
-    return {ReadCheckedList("TRELIN.CFG", system.OpenInput(ProgramPath(folder / "TRELIN.CFG"))),
+    return {ReadCheckedList("A.CFG", system.OpenInput(ProgramPath(folder / "TRELIN.CFG"))),
             ProgramPath(folder / ""), ProgramPath(folder / "")};
   }
 
