@@ -1,9 +1,14 @@
 #include "suite/reg_entry.h"
 
 #include "testing/program_test.h"
+#include "tests/shared/registry_contract.h"
 
 namespace trelin {
 namespace {
+
+using Texts = std::vector<std::string>;
+
+const std::string sSuiteKey = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvanta\\";
 
 class RegEntryTest : public ProgramTest {
  protected:
@@ -26,10 +31,9 @@ TEST_F(RegEntryTest, CreatesEveryMissingLevelAndKeepsWhatIsThere) {
 }
 
 TEST_F(RegEntryTest, WhatDoesNotOpenIsNamedAndLeavesNoKeyOpen) {
-  const std::string sRoot = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvanta\\";
   objReg.CreateKey("ReadOnly");
-  registry.RefuseAccess(sRoot + "ReadOnly");
-  registry.RefuseCreation(sRoot + "Values");
+  registry.RefuseAccess(sSuiteKey + "ReadOnly");
+  registry.RefuseCreation(sSuiteKey + "Values");
   const struct {
     void (RegEntry::*call)(const std::string&);
     const char *sKey, *sFailure;
@@ -95,26 +99,100 @@ TEST_F(RegEntryTest, AnEmptyTextDeletesAndABooleanIsAWord) {
   EXPECT_EQ(objReg.GetString("b"), "false") << "the key stays open";
 }
 
+// The other operations are the launcher's, whose calls fail in fault_test.cpp.
 TEST_F(RegEntryTest, ARegistryThatCannotBeReadIsNotTakenForAnEmptyOne) {
   const std::pair<const char*, std::function<void()>> operations[] = {
-      {"test", [&] { objReg.TestKey("B"); }},
-      {"read", [&] { objReg.GetString("v"); }},
-      {"write", [&] { objReg.SetString("v", "x"); }},
       {"delete", [&] { objReg.DeleteValue("v"); }},
       {"copy", [&] { objReg.Copy("B"); }},
       {"delete a key", [&] { objReg.DeleteKey("B"); }},
-      {"create", [&] { objReg.CreateKey("B"); }},
-      {"open", [&] { objReg.OpenKey("B"); }},
   };
   faults.nFailing = faults.calls.size() + 1;
   faults.cKind = Faults::Broken;
   faults.reach = Faults::Reach::Everything;
-  for (const auto& [sCase, operation] : operations) {
-    const std::string sFailure = Failure(operation);
-    EXPECT_TRUE(sFailure.ends_with(": it is broken.")) << sCase << ": " << sFailure;
+  for (const auto& [sCase, operation] : operations)
+    EXPECT_TRUE(Failure(operation).ends_with(": it is broken.")) << sCase;
+}
+
+// What only a registry that tests control refuses.
+TEST_F(RegEntryTest, ErrorsOfTreesNameTheSubkey) {
+  using Refuse = void (MemoryRegistry::*)(const std::string&);
+  const Refuse access = &MemoryRegistry::RefuseAccess, creation = &MemoryRegistry::RefuseCreation;
+  const Refuse deletion = &MemoryRegistry::RefuseDeletion, value = &MemoryRegistry::RefuseValue;
+  const std::string sAll = "[S [A v=1 w=2] [B [C v=1]] [D v=1]]";
+  const struct {
+    Refuse refuse;
+    std::string sRefused, sDeleted, sFailure, sAfter;  // without a deleted key, S is copied to T
+  } cases[] = {
+      {access, sSuiteKey + "S\\B\\C", "", "5001 RegEntry.CopyInternal 35001(C)",
+       sAll + " [T [A v=1 w=2] [B ]]"},
+      {creation, sSuiteKey + "T\\B", "", "5000 RegEntry.CopyInternal 35002(C)",
+       sAll + " [T [A v=1 w=2] [B ]]"},
+      {value, "v", "", "none", sAll + " [T [A w=2] [B [C ]] [D ]]"},
+      {access, sSuiteKey + "S\\B\\C", "S", "5001 RegEntry.CopyInternal 35001(C)",
+       "[S [B [C v=1]] [D v=1]]"},
+      {deletion, sSuiteKey + "S\\D", "S\\D", "none", sAll},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.sRefused + " refused: " + c.sFailure);
+    RegEntry::DeleteInternal(RegistryKey::LocalMachine, "SOFTWARE");
+    PutTree(registry, RegistryKey::LocalMachine, "[SOFTWARE [Korvanta " + sAll + "]]");
+    (registry.*c.refuse)(c.sRefused);
+    objReg.OpenKey(c.sDeleted.empty() ? "S" : "");
+    EXPECT_EQ(
+        Failure([&] { c.sDeleted.empty() ? objReg.Copy("T") : objReg.DeleteKey(c.sDeleted); }),
+        c.sFailure);
+    EXPECT_EQ(registry.OpenHandles(), 1U);
+    registry.ClearFaults();
+    EXPECT_EQ(TreeOf(registry, RegistryKey::LocalMachine),
+              "[SOFTWARE [Korvanta " + c.sAfter + "]]");
   }
-  faults.bCounts = false;
-  objReg.OpenKey("Values");
+}
+
+TEST_F(RegEntryTest, ListsAndRemovalsLetNoFaultOut) {
+  for (std::size_t nCalls = 1, n = 1; n <= nCalls; ++n) {
+    faults = {};
+    PutTree(registry, RegistryKey::ClassesRoot,
+            "[P [Clsid =C]] [CLSID [C [TypeLib =L]]] [TypeLib [L [Sub v=1]]]");
+    Texts keys;
+    RegEntry::ValueArray values;
+    faults.calls.clear();
+    faults.nFailing = n;
+    faults.cKind = Faults::Broken;
+    EXPECT_NO_THROW(objReg.Query(keys));
+    EXPECT_NO_THROW(objReg.QueryValues(values));
+    EXPECT_NO_THROW(RegEntry::RemoveProgID("P"));
+    nCalls = faults.calls.size();
+    EXPECT_EQ(registry.OpenHandles(), 1U) << "call " << n;
+  }
+}
+
+// Names without a NUL, and lists without an end.
+class EndlessRegistry : public MemoryRegistry {
+  std::int32_t EnumKey(RegistryKey, std::uint32_t lIndex, char* pName, std::uint32_t) override {
+    const std::string sName = lIndex == 1 ? std::string(256, 'x') : "Key";
+    sName.copy(pName, sName.size());
+    return RegistrySuccess;
+  }
+  std::int32_t EnumValue(RegistryKey, std::uint32_t, char*, std::uint32_t& lNameSize, char*,
+                         std::uint32_t& lDataSize) override {
+    lNameSize = lDataSize = 0;
+    return RegistrySuccess;
+  }
+};
+
+TEST_F(ProgramTest, EndlessListsGiveZero) {
+  EndlessRegistry endless;
+  const PlatformScope ofEndless({&endless, &libraries, &system});
+  RegEntry objReg;
+  objReg.CreateKey("A");
+  Texts keys;
+  EXPECT_EQ(objReg.Query(keys), 0);
+  EXPECT_EQ(keys, Texts(32767, "Key")) << "as far as 16 bits count, without the one";
+  EXPECT_EQ(system.messages, (std::vector<ShownMessage>{{"No ending 0 found", MessageIcon::None,
+                                                         MessageButtons::Ok, ""}}));
+  RegEntry::ValueArray values;
+  EXPECT_EQ(objReg.QueryValues(values), 0);
+  EXPECT_EQ(values[2].size(), 32768U) << "filled as far as 16 bits count";
 }
 
 TEST_F(RegEntryTest, ALanguagesOwnValueComesFirst) {

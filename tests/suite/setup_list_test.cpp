@@ -21,6 +21,14 @@ class SetupListTest : public ProgramTest {
     list.LoadFromFile(sFile);
   }
 
+  std::shared_ptr<MenuItem> Item(std::int32_t lNumber) { return list.MenuItems().Item(lNumber); }
+
+  // A record of that revision whose check file is there; none for an empty one.
+  void Install(const std::string& sCode, const std::string& sRevision) {
+    Record(sCode, sRevision);
+    Record(sCode + "CheckFile", sRevision.empty() ? "" : sFile);
+  }
+
   SetupList list;
 };
 
@@ -38,14 +46,14 @@ TEST_F(SetupListTest, ReadsAWholeFile) {
       "END\r\n"
       "BLOCK APPLICATION\r\nPRODUCT = Report Designer\r\n");  // the ENDs may be missing
   const auto texts = [&](std::int32_t lNumber) {
-    const auto item = list.MenuItems().Item(lNumber);
+    const auto item = Item(lNumber);
     return item->Title() + "|" + item->Description() + "|" + item->ImageFile() + "|" +
            item->InstallFile() + "|" + item->ReadMeFile();
   };
   EXPECT_EQ(list.MenuItems().Count(), 2);
   EXPECT_EQ(texts(1),
             "Inspection Station|Measures parts|inspect.bmp|inspect.exe|readme.exe inspect.txt");
-  EXPECT_FALSE(list.MenuItems().Item(1)->CheckDependencies()) << "the prerequisite was read";
+  EXPECT_FALSE(Item(1)->CheckDependencies()) << "the prerequisite was read";
   EXPECT_EQ(texts(2), "Report Designer||||");
   EXPECT_EQ(system.nBeeps, 0);
   EXPECT_TRUE(system.messages.empty());
@@ -85,36 +93,112 @@ TEST_F(SetupListTest, AnUnknownKeyIsShownOutsideAndBeepsInside) {
   const ShownMessage expected{"35013(35014|NAME)", MessageIcon::None, MessageButtons::Ok, "35009"};
   EXPECT_EQ(system.messages, (std::vector{expected, expected}));
   EXPECT_EQ(system.nBeeps, 2);
-  EXPECT_EQ(list.MenuItems().Item(1)->Title(), "A");
+  EXPECT_EQ(Item(1)->Title(), "A");
 }
 
 TEST_F(SetupListTest, InstallationsAreCheckedOnlyAfterTheWholeFileWasRead) {
   Record("A", "1");
   const std::string sProduct = sApp + "PRODUCTCODE = A\nREVISION=1\nEND\n";
   EXPECT_NE(Failure([&] { Load(sList + sProduct + "x"); }), "none");
-  EXPECT_EQ(list.MenuItems().Item(1)->Status(), "35015");
+  EXPECT_EQ(Item(1)->Status(), "35015");
   Load(sList + sProduct + sProduct);
   EXPECT_EQ(list.MenuItems().Count(), 3) << "they are appended";
-  for (const std::int32_t l : {1, 2, 3}) EXPECT_EQ(list.MenuItems().Item(l)->Status(), "35016");
+  for (const std::int32_t l : {1, 2, 3}) EXPECT_EQ(Item(l)->Status(), "35016");
 }
 
-TEST_F(SetupListTest, ReadingTheLastErrorConsumesIt) {
-  Load(sList + sApp + sNeed + "TITLE=A\nEND\nEND\n" + sApp + "END\n" + sApp + sNeed + "TITLE=B\n");
-  list.MenuItems().Item(3)->CheckDependencies();
-  EXPECT_FALSE(list.CheckDependencies());
-  EXPECT_EQ(list.LastError(), "35035(B)") << "the last in their order, not in time";
-  EXPECT_EQ(list.LastError(), "");
-  EXPECT_FALSE(list.CheckDependencies());
-  EXPECT_EQ(list.LastError(), "35035(A)") << "the first that is not met ends the check";
+TEST_F(SetupListTest, TheRecordDecidesStatusAndPrerequisite) {
+  const struct {
+    const char *sInstalled, *sCheckFile;  // empty: not recorded
+    const char* sStatus;
+    const char* sReason;  // empty: the prerequisite is met
+  } cases[] = {
+      {"", "", "35015", "35039(Runtime)"},
+      {"", "present", "35015", "35036(Runtime)"},
+      {"", "C:\\missing", "35032", "35038(Runtime)"},
+      {" 2.9 ", "", "35016", "35039(Runtime)"},
+      {" 2.9 ", "present", "35016", ""},
+      {"2.9", "C:\\missing", "35032", "35038(Runtime)"},
+      {"2.8", "present", "35017", "35037(2.9|Runtime|2.8)"},
+      {" 2.8 ", "present", "35017", "35037(2.9|Runtime|2.8)"},
+      {"2.8", "", "35017", "35039(Runtime)"},
+      {"2.8", "C:\\missing", "35032", "35038(Runtime)"},
+      {"2.10", "present", "35017", "35037(2.9|Runtime|2.10)"},
+      {"2.9.1", "present", "35018 newer", ""},
+      {"2.9.1", "", "35018 newer", "35039(Runtime)"},
+      {"2.9a", "C:\\missing", "35032 newer", "35038(Runtime)"},
+      {"\xE9", "present", "35018 newer", ""},
+  };
+  const std::string sRuntime = "PRODUCTCODE = RUNTIME\nREVISION = 2.9\n";
+  system.files["present"] = "";
+  Record("other", "x");  // the log itself is there
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string("revision \"") + c.sInstalled + "\", check file " + c.sCheckFile);
+    Record("RUNTIME", c.sInstalled);
+    Record("RUNTIMECheckFile", c.sCheckFile);
+    list.Initialize();
+    Load(sList + sApp + sRuntime + sNeed + sRuntime + "TITLE = Runtime\n");
+    EXPECT_EQ(Item(1)->Status() + (Item(1)->NewerVersion() ? " newer" : ""), c.sStatus);
+    EXPECT_EQ(list.CheckDependencies(), *c.sReason == 0);
+    EXPECT_EQ(list.LastError(), c.sReason);
+  }
+  EXPECT_EQ(registry.OpenHandles(), 0U);
+}
+
+TEST_F(SetupListTest, WithoutACodeAProductIsNotLookedUpButAPrerequisiteIs) {
+  Install("", "1.0");
+  Load(sList + sApp + "REVISION = 1.0\n" + sNeed + "REVISION = 1.0\n");
+  EXPECT_EQ(Item(1)->Status(), "35015");
+  EXPECT_TRUE(list.CheckDependencies());
+}
+
+TEST_F(SetupListTest, AChangeIsSeenOnceAndANewerVersionIsNeverForgotten) {
+  Load(sList + sApp + "PRODUCTCODE = A\nREVISION = 1\n");
+  const auto item = Item(1);
+  const auto check = [&](const char* sInstalled) {
+    Record("A", sInstalled);
+    item->CheckInstallation();
+    return item->Status() + (item->Updated() ? " updated" : "") +
+           (item->NewerVersion() ? " newer" : "");
+  };
+  EXPECT_EQ(check(""), "35015");
+  EXPECT_EQ(check("1"), "35016 updated");
+  EXPECT_EQ(check("1"), "35016");
+  EXPECT_EQ(check("2"), "35018 updated newer");
+  EXPECT_EQ(check("1"), "35016 updated newer");
+  item->Initialize();
+  EXPECT_EQ(check("1"), "35015") << "begins anew, without its code";
+}
+
+TEST_F(SetupListTest, TheFirstUnmetPrerequisiteStopsTheCheckAndOldTextsStay) {
+  const auto needs = [](const std::string& sCode) {
+    return sNeed + "PRODUCTCODE = " + sCode + "\nTITLE = " + sCode + "\nEND\n";
+  };
+  Load(sList + sApp + needs("A") + needs("B") + needs("C") + "END\n" + sApp + "END\n" + sApp +
+       needs("D"));
+  const auto reason = [&](const char* sCode, const char* sRevision) {
+    Install(sCode, sRevision);
+    return list.CheckDependencies() ? "met" : list.LastError();
+  };
+  Install("B", "1");
+  Item(3)->CheckDependencies();
+  EXPECT_EQ(reason("B", "1"), "35039(D)") << "the last in their order, not in time";
+  EXPECT_EQ(list.LastError(), "") << "reading consumes it";
+  EXPECT_EQ(reason("B", "1"), "35039(A)");
+  Install("A", "1");
+  Item(1)->CheckDependencies();
+  EXPECT_EQ(reason("B", ""), "35039(C)") << "C was not checked again and keeps its text";
+  EXPECT_EQ(reason("B", ""), "35039(B)");
+  for (const char* sCode : {"B", "C"}) Install(sCode, "1");
+  EXPECT_EQ(reason("D", "1"), "met");
 }
 
 TEST_F(SetupListTest, AnItemOutsideTheNumbersIsNamed) {
   Load(sList + sApp + "END\n");
   for (const std::int32_t lNumber : {-1, 0, 2})
-    EXPECT_EQ(Failure([&] { list.MenuItems().Item(lNumber); }),
+    EXPECT_EQ(Failure([&] { Item(lNumber); }),
               "There is no item " + std::to_string(lNumber) + " in a list of 1.");
   EXPECT_THROW(list.ActiveItem(), std::out_of_range);
-  const auto item = list.MenuItems().Item(1);
+  const auto item = Item(1);
   list.Terminate();
   EXPECT_EQ(item->Status(), "35015") << "an item lives as long as somebody holds it";
 }
