@@ -14,7 +14,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -32,10 +31,8 @@ namespace {
 
 void Say(const std::vector<std::string>& parts) {
   std::string sLine;
-  for (std::string sPart : parts) {
-    std::replace(sPart.begin(), sPart.end(), '\n', ' ');
-    sLine += (sLine.empty() ? "" : "|") + sPart;
-  }
+  for (const std::string& sPart : parts) sLine += (sLine.empty() ? "" : "|") + sPart;
+  std::replace(sLine.begin(), sLine.end(), '\n', ' ');
   WriteOutput(Utf8Of(sLine) + "\n");
 }
 
@@ -62,12 +59,6 @@ void ShowMenu(const std::string& sList) {
   }
 }
 
-// Paths as the program has them.
-std::string WithBackslashes(std::string sPath) {
-  std::replace(sPath.begin(), sPath.end(), '/', '\\');
-  return sPath;
-}
-
 }  // namespace
 
 int RunCommand(const std::vector<std::string>& arguments) {
@@ -78,9 +69,9 @@ int RunCommand(const std::vector<std::string>& arguments) {
   InitStringResources(1033);
   try {
     if (arguments[0] == "--start")
-      system.StartProgram(WithBackslashes(arguments[1]));
+      system.StartProgram(ProgramPath(Utf8Of(arguments[1])));
     else
-      ShowMenu(WithBackslashes(arguments[0]));
+      ShowMenu(ProgramPath(Utf8Of(arguments[0])));
   } catch (...) {
     const ErrorReport report = CurrentError();
     Say({"error", report.sSource, report.sDescription});

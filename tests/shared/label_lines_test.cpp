@@ -7,57 +7,42 @@
 namespace trelin {
 namespace {
 
-// In a line there is room for ten characters.
-std::size_t CountOfTen(std::u16string_view sText) {
-  return std::min<std::size_t>(10, sText.size());
-}
-
-std::string Joined(const LabelLines& label) {
-  std::string sAll;
-  for (const std::u16string& sLine : label.lines) {
-    for (const char16_t c : sLine) sAll += c == u'\u2026' ? '~' : static_cast<char>(c);
-    sAll += '|';
-  }
-  return sAll;
-}
-
 TEST(LabelLines, BreakAtSpacesAndEndInAnEllipsis) {
   const struct {
     std::u16string_view sText;
     int nMaxLines;
-    const char* sLines;
+    std::u16string sLines;   // joined
+    std::size_t nRoom = 10;  // characters of a line
   } cases[] = {
-      {u"", 1, ""},
-      {u"short", 1, "short|"},
-      {u"ten letter", 1, "ten letter|"},
-      {u"ten letter  ", 1, "ten letter|"},
-      {u"ten letters", 1, "ten lette~|"},
-      {u"ten letters", 2, "ten|letters|"},
-      {u"one two   three", 2, "one two|three|"},
-      {u"spaces at          the end", 1, "spaces at~|"},
-      {u"spaces at          the end", 2, "spaces at|the end|"},
-      {u"one two three four five", 2, "one two|three fou~|"},
-      {u"measurement", 1, "measureme~|"},
-      {u"measurement", 2, "measuremen|t|"},
-      {u"a measurement", 2, "a|measureme~|"},
-      {u"one\r\ntwo\n\nfour", 4, "one|two||four|"},
-      {u"one\r\ntwo", 1, "one~|"},
-      {u"no room", 0, "no room|"},
-      {u"one\n", 1, "one|"},
-      {u"no room at all", 0, "no room a~|"},
-      {u"   led by spaces", 2, "   led by|spaces|"},
+      {u"", 1, u""},
+      {u"short", 1, u"short"},
+      {u"ten letter", 1, u"ten letter"},
+      {u"ten letter  ", 1, u"ten letter"},
+      {u"ten letters", 1, u"ten lette\u2026"},
+      {u"ten letters", 2, u"ten\nletters"},
+      {u"one two   three", 2, u"one two\nthree"},
+      {u"spaces at          the end", 1, u"spaces at\u2026"},
+      {u"spaces at          the end", 2, u"spaces at\nthe end"},
+      {u"one two three four five", 2, u"one two\nthree fou\u2026"},
+      {u"measurement", 1, u"measureme\u2026"},
+      {u"measurement", 2, u"measuremen\nt"},
+      {u"a measurement", 2, u"a\nmeasureme\u2026"},
+      {u"one\r\ntwo\n\nfour", 4, u"one\ntwo\n\nfour"},
+      {u"one\r\ntwo", 1, u"one\u2026"},
+      {u"no room", 0, u"no room"},
+      {u"one\n", 1, u"one"},
+      {u"no room at all", 0, u"no room a\u2026"},
+      {u"   led by spaces", 2, u"   led by\nspaces"},
+      {u"a b", 9, u"a\nb", 0},
+      {u"a b", 1, u"\u2026", 0},
   };
   for (const auto& c : cases) {
-    const LabelLines label = BreakIntoLines(c.sText, c.nMaxLines, CountOfTen);
-    EXPECT_EQ(Joined(label), c.sLines);
-    EXPECT_EQ(label.bWhole, Joined(label).find('~') == std::string::npos) << c.sLines;
+    const LabelLines label = BreakIntoLines(c.sText, c.nMaxLines, [&](std::u16string_view sPart) {
+      return std::min(c.nRoom, sPart.size());
+    });
+    EXPECT_EQ(label.Joined(), c.sLines);
+    EXPECT_EQ(label.bWhole, c.sLines.find(u'\u2026') == std::u16string::npos) << &c - cases;
   }
-}
-
-TEST(LabelLines, EndEvenWhereNothingFits) {
-  const auto countNone = [](std::u16string_view) { return std::size_t{0}; };
-  EXPECT_EQ(Joined(BreakIntoLines(u"a b", 9, countNone)), "a|b|");
-  EXPECT_EQ(Joined(BreakIntoLines(u"a b", 1, countNone)), "~|");
 }
 
 // A very long text costs as little as one that is a bit too long.

@@ -5,7 +5,7 @@
 namespace trelin {
 namespace {
 
-TEST(Paths, AFileIsJoinedToItsFolder) {
+TEST_F(ProgramTest, AFileIsJoinedToItsFolder) {
   const struct {
     const char *sFolder, *sFile, *sJoined, *sInFolder;
   } cases[] = {
@@ -20,16 +20,12 @@ TEST(Paths, AFileIsJoinedToItsFolder) {
   for (const auto& c : cases) {
     EXPECT_EQ(JoinPath(c.sFolder, c.sFile), c.sJoined);
     EXPECT_EQ(InFolder(c.sFolder, c.sFile), c.sInFolder);
+    system.sProgramFolder = c.sFolder;
+    EXPECT_EQ(ProgramFile(c.sFile), c.sInFolder);
   }
   std::string sFolder = "C:\\Setup\\  ";
   AddBackslash(sFolder);
   EXPECT_EQ(sFolder, "C:\\Setup\\  ");
-}
-
-TEST_F(ProgramTest, AProgramFolderAtADrivesRootGivesNoDoubledBackslash) {
-  EXPECT_EQ(ProgramFile("TRELIN.CFG"), "C:\\Suite\\TRELIN.CFG");
-  system.sProgramFolder = "D:\\";
-  EXPECT_EQ(ProgramFile("TRELIN.CFG"), "D:\\TRELIN.CFG");
 }
 
 }  // namespace
