@@ -1,22 +1,133 @@
 #include "check/nearest.h"
 #include "check/revision_order.h"
 #include "tests/check/suite_folder.h"
+#include "texts/messages.h"
 
 namespace trelin {
 namespace {
 
-// A product without a fault, of six lines; sMore, if any, stands in front of its END.
+// What is in the block of a product without a fault, in four lines.
+std::string ProductEntries(const std::string& sCode, const std::string& sRevision = "1") {
+  return "PRODUCT = Product " + sCode + "\r\nPRODUCTCODE = " + sCode +
+         "\r\nREVISION = " + sRevision + "\r\nINSTALLFILE = setup.exe\r\n";
+}
+
+// The starts of the blocks and their end, and blocks without one.
+const std::string S = "BLOCK SETUPLIST\n", P = "BLOCK APPLICATION\n", D = "BLOCK DEPENDENCY\n";
+const std::string E = "END\n", EE = E + E;
+const std::string ARest = ProductEntries("A"), A = P + ARest, B = P + ProductEntries("B");
+const std::string NRest = "TITLE = Product B\nPRODUCTCODE = B\nREVISION = 1\n", N = D + NRest;
+const std::string Far(32767, 'x');
+
+using ListReader = CheckTest;
+
+// What each fault of the format gives, and that nothing else comes of it.
+TEST_F(ListReader, AFaultIsReportedOnce) {
+  const struct {
+    const char* pWhat;
+    std::string sText, sFindings;
+  } cases[] = {
+      {"clean", S + A + EE + "; end\n\n", ""},
+      {"clean, CR alone, tabs", "\tBLOCK\tSETUPLIST\rEND\r", ""},
+      {"empty", "", "0:1 must-begin"},
+      {"comments only", "; a\n; b\n", "2:1 must-begin"},
+      {"an entry first", "TITLE = x\n" + S + A + EE, "1:1 must-begin"},
+      {"a product first", A + E, "1:7 wrong-block"},
+      {"a misspelt list", "BLOCK SETUPLST\n" + A + EE, "1:7 wrong-block"},
+      {"no statement", S + "  Setup\n" + A + EE, "2:3 not-understood"},
+      {"BLOCK misspelt", S + "\tBLCOK APPLICATION\n" + ARest + EE, "2:2 not-understood"},
+      {"BLOCK misspelt at first", "BLOK SETUPLIST\n" + A + EE, "1:1 not-understood"},
+      {"END misspelt", S + A + "EDN\n" + B + "ENDE\nend\n",
+       "7:1 not-understood, 13:1 not-understood"},
+      {"entries without an equals sign",
+       S + P + "Product A\nPRODUCTCODE: A\nREVISION\t1\nINSTALLFILE setup.exe\n" + EE,
+       "3:1 not-understood, 4:1 not-understood, 5:1 not-understood, 6:1 not-understood"},
+      {"a misspelt product", S + "BLOCK APLICATION\n" + ARest + N + EE + B + EE, "2:7 wrong-block"},
+      {"another word", S + "BLOCK PRODUCT\n" + ARest + EE, "2:7 wrong-block"},
+      {"no block type", S + "BLOCK\n" + ARest + EE, "2:1 wrong-block"},
+      {"a misspelt prerequisite", S + A + "BLOCK DEPENDANCY\n" + NRest + EE + B + EE,
+       "7:7 wrong-block"},
+      {"a prerequisite of the list", S + N + E + B + EE, "2:7 wrong-block"},
+      {"a product without END", S + A + B + EE, "7:7 wrong-block"},
+      {"two products without END", S + A + B + A + EE,
+       "7:7 wrong-block, 12:7 wrong-block, 13:11 repeated-title?, 14:15 repeated-code"},
+      {"a product in a product", S + A + B + EE + E, "7:7 wrong-block"},
+      {"a prerequisite without END", S + A + N + N + EE + B + EE,
+       "11:7 wrong-block, 13:15 repeated-prerequisite?"},
+      {"a prerequisite in one", S + A + N + N + EE + E + B + EE, "11:7 wrong-block"},
+      {"prerequisite and product without END", S + A + N + B + EE, "11:7 wrong-block"},
+      {"no END of the list", S + A + E, "1:1 missing-end?"},
+      {"no END at all", S + A, "1:1 missing-end?, 2:1 missing-end?"},
+      {"an END too many", S + A + EE + B + EE, "9:1 after-end"},
+      {"a second list", S + E + "BLOCK SETUPLIST\nTITEL = x\n", "3:1 after-end"},
+      {"entries behind the end", S + E + "\nTITLE = x\nTITLE = y\n", "4:1 after-end"},
+      {"text behind the end", S + E + "the end\n", "3:1 not-understood"},
+      {"a strange block", S + "BLOCK OPTIONS\nLANG=x\nBLOCK X\nEND\nEND\n" + A + EE,
+       "2:7 wrong-block"},
+      {"a list in the list", S + S + "TITLE=x\n" + A + EE + B + EE, "2:7 wrong-block"},
+      {"no word BLOCK", S + "APPLICATION\n" + ARest + "Dependency X\n" + NRest + EE + B + EE,
+       "2:1 not-understood, 7:1 not-understood"},
+      {"an END too many behind a prerequisite", S + P + N + EE + ARest + E + B + EE,
+       "9:1 after-end"},
+      {"the same in the last product", S + B + E + P + N + EE + ARest + EE, "15:1 after-end"},
+      {"entries of a product in the list", S + A + E + "IMAGE=\n" + B + EE, "8:1 unknown-key"},
+      {"a byte order mark", "\xEF\xBB\xBF" + S + A + EE, "1:1 byte-order-mark"},
+      {"a mark before a comment", "\xEF\xBB\xBF; a = b\n" + S + E, "1:1 byte-order-mark"},
+      {"UTF-16", {"\xFF\xFE\x42\0L\0O\0C\0K\0", 12}, "1:1 not-ansi"},
+
+      {"an equals sign too far, a tab too far", S + Far + "=1\nx=" + Far + "\t\nx\nEND\n",
+       "2:1 line-too-long, 3:1 line-too-long, 4:1 not-understood"},
+      {"a long value", S + "TITLE = " + Far + "\nEND\n", "2:32768 line-too-long?"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(Check(c.sText), c.sFindings) << c.pWhat;
+}
+
+// The words are those of the launcher, with the file's name and the line's number in it.
+TEST_F(ListReader, TheWordsAreTheLaunchersOwn) {
+  using enum TextNumber;
+  const std::pair<std::string, std::string> cases[] = {
+      {S + "\nx\n", FormatResourceString(LineNotUnderstood, 3)},
+      {"TITLE = x\n", FormatResourceString(NoBeginning, 1)},
+      {"BLOCK x\n", FormatResourceString(WrongBlock, "BLOCK", 1, "SETUPLIST", "X")},
+      {S + "BLOCK y\n", FormatResourceString(WrongBlock, "BLOCK", 2, "APPLICATION", "Y")},
+      {S + P + "BLOCK Z\n", FormatResourceString(WrongBlock, "BLOCK", 3, "DEPENDENCY", "Z")},
+      {S + P + D + "BLOCK\n", FormatResourceString(BlockInDependency, 4, "")},
+      {S + E + "BLOCK x\n", FormatResourceString(AfterTheEnd, 3)},
+  };
+  for (const auto& [sText, sMessage] : cases) {
+    std::string sWords = sMessage.substr(0, sMessage.find("\n\n"));
+    EXPECT_EQ(Read(sText).list.faults.at(0).sMessage,
+              sWords.replace(sWords.find("TRELIN.CFG"), 10, "A.CFG"));
+  }
+}
+
+TEST_F(ListReader, PlacesAndValues) {
+  const CheckedList list =
+      Read("BLOCK SETUPLIST\n\tblock  application  Name\n \tProduct =\tA = B \n image=\nEND\nEND\n")
+          .list;
+  ASSERT_EQ(list.Products().size(), 1U);
+  const ListBlock& product = *list.Products()[0];
+  EXPECT_EQ(product.start, (Place{2, 2, 24}));
+  ASSERT_EQ(product.entries.size(), 2U);
+  EXPECT_EQ(product.entries[0]->sKey, "PRODUCT");
+  EXPECT_EQ(product.entries[0]->sValue, "A = B");
+  EXPECT_EQ(product.entries[0]->key, (Place{3, 3, 7}));
+  EXPECT_EQ(product.entries[0]->value, (Place{3, 13, 5}));
+  EXPECT_EQ(product.entries[1]->value, (Place{4, 8, 1})) << "behind the equals sign";
+  EXPECT_EQ(list.statements[1].key, (Place{2, 9, 11}));
+}
+
+// A whole product, of six lines; sMore, if any, stands in front of its END.
 std::string Product(const std::string& sCode, const std::string& sRevision,
                     const std::string& sMore = "") {
-  return "BLOCK APPLICATION\r\nPRODUCT = Product " + sCode + "\r\nPRODUCTCODE = " + sCode +
-         "\r\nREVISION = " + sRevision + "\r\nINSTALLFILE = setup.exe\r\n" + sMore + "END\r\n";
+  return P + ProductEntries(sCode, sRevision) + sMore + E;
 }
 
 // A prerequisite, of five lines.
 std::string Needs(const std::string& sCode, const std::string& sRevision,
                   const std::string& sTitle = "") {
-  return "BLOCK DEPENDENCY\nTITLE = " + (sTitle.empty() ? "Product " + sCode : sTitle) +
-         "\nPRODUCTCODE = " + sCode + "\nREVISION = " + sRevision + "\nEND\n";
+  return D + "TITLE = " + (sTitle.empty() ? "Product " + sCode : sTitle) +
+         "\nPRODUCTCODE = " + sCode + "\nREVISION = " + sRevision + "\n" + E;
 }
 
 class ListChecks : public CheckTest {
@@ -38,7 +149,7 @@ class ListChecks : public CheckTest {
 
 // Each list begins with BLOCK SETUPLIST, the first product in line 2.
 TEST_F(ListChecks, OfProductsAndTheirPrerequisites) {
-  const std::string sNothing = "BLOCK APPLICATION\nEND\n", A1 = Product("A", "1");
+  const std::string sNothing = P + E, A1 = Product("A", "1");
   const Case cases[] = {
       {"TITLE=x\n" + Product("A", "1",
                              "DESCRIPTION=d\nIMAGE=good.bmp\nUNINSTALLNAME=u\n"
@@ -49,11 +160,10 @@ TEST_F(ListChecks, OfProductsAndTheirPrerequisites) {
       {Product("A", "1", "product=x\n" + Needs("A", "1\nTitle=x", "x")),
        "7:1 repeated-key?, 10:15 circle, 12:1 repeated-key?",
        "PRODUCT is given twice in this block, first in line 3."},
-      {"BLOCK APPLICATION\nPRODUCT=\nINSTALLFILE =\nPRODUCTCODE= \nREVISION=\nEND\n",
+      {P + "PRODUCT=\nINSTALLFILE =\nPRODUCTCODE= \nREVISION=\nEND\n",
        "3:9 no-title, 4:14 no-installer?, 5:13 no-code?, 6:10 no-revision?"},
-      {"BLOCK APPLICATION\nPRODUCT=A\nINSTALLFILE=setup.exe\nPRODUCTCODE=A\nEND\n",
-       "2:1 no-revision"},
-      {Product("A", "1", "BLOCK DEPENDENCY\nEND\n"), "7:1 no-title?, 7:1 no-code"},
+      {P + "PRODUCT=A\nINSTALLFILE=setup.exe\nPRODUCTCODE=A\nEND\n", "2:1 no-revision"},
+      {Product("A", "1", D + E), "7:1 no-title?, 7:1 no-code"},
       {Product("A", "1", "PRODUCT=\n"), "7:1 repeated-key?, 7:9 no-title"},
 
       {Product("a", "1") + A1, "10:15 repeated-code",
@@ -85,8 +195,8 @@ TEST_F(ListChecks, OfProductsAndTheirPrerequisites) {
       {A1 + Product("B", "1", "PRODUCT=Product A\n"), "13:1 repeated-key?, 13:9 repeated-title?",
        "in line 3, too"},
 
-      {"; trelin-check: allow no-installer,no-code\nBLOCK APPLICATION\nPRODUCT=A\nEND\n"
-       "BLOCK APPLICATION\nPRODUCT=B\nPRODUCTCODE=B\nREVISION=1\nEND\n",
+      {"; trelin-check: allow no-installer,no-code\n" + P + "PRODUCT=A\n" + E + P +
+           "PRODUCT=B\nPRODUCTCODE=B\nREVISION=1\n" + E,
        "3:1 no-revision?, 6:1 no-installer?"},
       {Product("A", "1", " ;trelin-check:\tallow unknown-key\n\n; x\nX=1\nY=1\n"),
        "11:1 unknown-key"},
@@ -103,7 +213,7 @@ TEST_F(ListChecks, OfProductsAndTheirPrerequisites) {
            Product("C", "1", Needs("B", "1") + Needs("A", "1")),
        ""},  // two ways to one product are no circle
   };
-  for (const Case& c : cases) Expect(c, "BLOCK SETUPLIST\r\n" + c.sText + "END\r\n");
+  for (const Case& c : cases) Expect(c, S + c.sText + E);
 }
 
 // The entry is in the third line, within a product without another fault.
@@ -156,17 +266,17 @@ TEST_F(ListChecks, OfOneEntry) {
       {"PRODUCT = " + sWords.substr(0, 80), "3:11 long-text?", "The title"},
   };
   for (const Case& c : cases) {
-    std::string sList = "BLOCK SETUPLIST\r\nBLOCK APPLICATION\r\n" + c.sText + "\r\n";
+    std::string sList = S + P + c.sText + "\r\n";
     for (const std::string sEntry :
          {"PRODUCT = A", "PRODUCTCODE = A", "REVISION = 1", "INSTALLFILE = setup.exe"})
       if (!sEntry.starts_with(c.sText.substr(0, c.sText.find('=')))) sList += sEntry + "\r\n";
-    Expect(c, sList + "END\r\nEND\r\n");
+    Expect(c, sList + EE);
   }
 }
 
 TEST_F(ListChecks, AsManyProductsAsTheMenuCanNumber) {
-  std::string sText = "BLOCK SETUPLIST\n";
-  for (int i = 0; i < 32767; ++i) sText += "BLOCK APPLICATION\nEND\n";
+  std::string sText = S;
+  for (int i = 0; i < 32767; ++i) sText += P + E;
   const auto checks = KeyChecks();
   const auto check = std::find_if(checks.begin(), checks.end(), [](const trelin::Check& c) {
     return c.pRule->pName == std::string("too-many-products");
@@ -176,7 +286,7 @@ TEST_F(ListChecks, AsManyProductsAsTheMenuCanNumber) {
     Report report(check->pRule, findings);
     check->run(Read(sText), report);
     EXPECT_EQ(Summary(findings), sFindings);
-    sText += "BLOCK APPLICATION\nEND\nBLOCK APPLICATION\nEND\n";
+    sText += P + E + P + E;
   }
 }
 

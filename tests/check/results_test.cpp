@@ -35,11 +35,10 @@ C:\ENU35000.DLL: warning: Text 35010 is missing. [missing-text]
 )");
   EXPECT_EQ(TextReport({}), "0 errors, 0 warnings\n");
   EXPECT_EQ(TextReport(TwoFiles(), {40, true}),
-            "my suite/TRELIN.CFG:2:2: \x1B[1;31merror\x1B[0m: Unknown\n    \"Pr\u00FC"
-            "f\". Go on. [unknown-key]\n     2 |  \"Pr\u00FC"
-            "f\" = \\x\n       |  ^~~~~~\n       = Try TITLE.\n"
-            "C:\\ENU35000.DLL: \x1B[1;35mwarning\x1B[0m: Text 35010 is\n"
-            "    missing. [missing-text]\n1 error, 1 warning\n");
+            "my suite/TRELIN.CFG:2:2: \x1B[1;31merror\x1B[0m: Unknown\n    \"Pr\u00FCf\". Go on. "
+            "[unknown-key]\n     2 |  \"Pr\u00FCf\" = \\x\n       |  ^~~~~~\n       = Try TITLE.\n"
+            "C:\\ENU35000.DLL: \x1B[1;35mwarning\x1B[0m: Text 35010 is\n    missing. "
+            "[missing-text]\n1 error, 1 warning\n");
 }
 
 // Of a long line the part around the place is shown, with the mark under it.

@@ -68,7 +68,8 @@ TEST_F(BlockParserTest, ALineIsOneOfTheKinds) {
   }
 }
 
-// Also where what is read at once ends within a line or between CR and LF.
+// Also where what is read at once ends within a line or between CR and LF, and where
+// the file before ended in a CR.
 TEST_F(BlockParserTest, EveryLineEndCounts) {
   const std::pair<const char*, int> cases[] = {
       {"", 0},         {";a", 1},       {";a\r\n", 1},         {";a\r\n;b", 2},
@@ -82,7 +83,7 @@ TEST_F(BlockParserTest, EveryLineEndCounts) {
       Open(sText);
       EXPECT_EQ(NextToken(), "eof");
       EXPECT_EQ(parser.CurrentLine(), nLines);
-      Open(sText + std::string("\na\tb=12345\r\nEND"));
+      Open(sText + std::string("\na\tb=12345\r\nEND\r"));
       EXPECT_EQ(NextToken(), "A B=12345");
       EXPECT_EQ(NextToken(), "end");
     }

@@ -13,6 +13,7 @@ namespace {
 
 TEST(Messages, PlaceholdersAreFilledInAscendingOrder) {
   const Argument absent;
+  const ArgumentArray ten = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"};
   const struct {
     const char *sCase, *sTemplate;
     ArgumentArray arguments;
@@ -22,10 +23,7 @@ TEST(Messages, PlaceholdersAreFilledInAscendingOrder) {
       {"order in the text is free", "%1% %0%", {"a", "b"}, "b a"},
       {"gap between arguments", "%0% %1% %2%", {"a", absent, "c"}, "a %1% c"},
       {"empty argument is filled in", "[%0%]", {""}, "[]"},
-      {"the tenth, but nothing above it",
-       "%9% %10%",
-       {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"},
-       "9 %10%"},
+      {"the tenth, but nothing above it", "%9% %10%", ten, "9 %10%"},
       {"number in plain decimal", "%0% %1%", {17, -3}, "17 -3"},
       {"inserted text is searched for higher ones", "%0%", {"%1%", "z"}, "z"},
       {"but not for its own or lower ones", "%0% %1%", {"%0%", "%0%"}, "%0% %0%"},
