@@ -115,22 +115,20 @@ TEST_F(RegEntryTest, ARegistryThatCannotBeReadIsNotTakenForAnEmptyOne) {
 
 // What only a registry that tests control refuses.
 TEST_F(RegEntryTest, ErrorsOfTreesNameTheSubkey) {
-  using Refuse = void (MemoryRegistry::*)(const std::string&);
-  const Refuse access = &MemoryRegistry::RefuseAccess, creation = &MemoryRegistry::RefuseCreation;
-  const Refuse deletion = &MemoryRegistry::RefuseDeletion, value = &MemoryRegistry::RefuseValue;
+  using R = MemoryRegistry;
   const std::string sAll = "[S [A v=1 w=2] [B [C v=1]] [D v=1]]";
   const struct {
-    Refuse refuse;
+    void (R::*refuse)(const std::string&);
     std::string sRefused, sDeleted, sFailure, sAfter;  // without a deleted key, S is copied to T
   } cases[] = {
-      {access, sSuiteKey + "S\\B\\C", "", "5001 RegEntry.CopyInternal 35001(C)",
+      {&R::RefuseAccess, sSuiteKey + "S\\B\\C", "", "5001 RegEntry.CopyInternal 35001(C)",
        sAll + " [T [A v=1 w=2] [B ]]"},
-      {creation, sSuiteKey + "T\\B", "", "5000 RegEntry.CopyInternal 35002(C)",
+      {&R::RefuseCreation, sSuiteKey + "T\\B", "", "5000 RegEntry.CopyInternal 35002(C)",
        sAll + " [T [A v=1 w=2] [B ]]"},
-      {value, "v", "", "none", sAll + " [T [A w=2] [B [C ]] [D ]]"},
-      {access, sSuiteKey + "S\\B\\C", "S", "5001 RegEntry.CopyInternal 35001(C)",
+      {&R::RefuseValue, "v", "", "none", sAll + " [T [A w=2] [B [C ]] [D ]]"},
+      {&R::RefuseAccess, sSuiteKey + "S\\B\\C", "S", "5001 RegEntry.CopyInternal 35001(C)",
        "[S [B [C v=1]] [D v=1]]"},
-      {deletion, sSuiteKey + "S\\D", "S\\D", "none", sAll},
+      {&R::RefuseDeletion, sSuiteKey + "S\\D", "S\\D", "none", sAll},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.sRefused + " refused: " + c.sFailure);
@@ -138,9 +136,8 @@ TEST_F(RegEntryTest, ErrorsOfTreesNameTheSubkey) {
     PutTree(registry, RegistryKey::LocalMachine, "[SOFTWARE [Korvanta " + sAll + "]]");
     (registry.*c.refuse)(c.sRefused);
     objReg.OpenKey(c.sDeleted.empty() ? "S" : "");
-    EXPECT_EQ(
-        Failure([&] { c.sDeleted.empty() ? objReg.Copy("T") : objReg.DeleteKey(c.sDeleted); }),
-        c.sFailure);
+    const auto call = [&] { c.sDeleted.empty() ? objReg.Copy("T") : objReg.DeleteKey(c.sDeleted); };
+    EXPECT_EQ(Failure(call), c.sFailure);
     EXPECT_EQ(registry.OpenHandles(), 1U);
     registry.ClearFaults();
     EXPECT_EQ(TreeOf(registry, RegistryKey::LocalMachine),
