@@ -145,18 +145,14 @@ TEST_F(RegEntryTest, ErrorsOfTreesNameTheSubkey) {
   }
 }
 
-TEST_F(RegEntryTest, ListsAndRemovalsLetNoFaultOut) {
+TEST_F(RegEntryTest, ARemovalLetsNoFaultOut) {
   for (std::size_t nCalls = 1, n = 1; n <= nCalls; ++n) {
     faults = {};
     PutTree(registry, RegistryKey::ClassesRoot,
             "[P [Clsid =C]] [CLSID [C [TypeLib =L]]] [TypeLib [L [Sub v=1]]]");
-    Texts keys;
-    RegEntry::ValueArray values;
     faults.calls.clear();
     faults.nFailing = n;
     faults.cKind = Faults::Broken;
-    EXPECT_NO_THROW(objReg.Query(keys));
-    EXPECT_NO_THROW(objReg.QueryValues(values));
     EXPECT_NO_THROW(RegEntry::RemoveProgID("P"));
     nCalls = faults.calls.size();
     EXPECT_EQ(registry.OpenHandles(), 1U) << "call " << n;
