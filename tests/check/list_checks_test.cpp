@@ -154,10 +154,14 @@ class ListChecks : public CheckTest {
 TEST_F(ListChecks, OfProductsAndTheirPrerequisites) {
   const std::string sNothing = P + E, A1 = Product("A", "1");
   const Case cases[] = {
-      {"TITLE=x\n" + Product("A", "1",
-                             "DESCRIPTION=d\nIMAGE=good.bmp\nUNINSTALLNAME=u\n"
-                             "READMEFILE=readme.exe\n"),
-       ""},  // every known key
+      // Nothing is found: every known key, a lower revision than is offered and any one, two that
+      // only within one product are the wrong way round, the longest, two ways to one product.
+      {"TITLE=x\n" +
+           Product("A", "2.10",
+                   "DESCRIPTION=d\nIMAGE=good.bmp\nUNINSTALLNAME=u\nREADMEFILE=readme.exe\n") +
+           Product("B", "2.9", Needs("A", "2.09")) +
+           Product("C", std::string(255, '1'), Needs("B", "") + Needs("A", "2.09")),
+       ""},
       {"NAME=x\n" + A1 + Product("B", "1", "Titel = x\n" + Needs("A", "1\n =x")),
        "2:1 unknown-key, 14:1 unknown-key, 19:2 unknown-key"},
       {Product("A", "1", "product=x\n" + Needs("A", "1\nTitle=x", "x")),
@@ -180,20 +184,15 @@ TEST_F(ListChecks, OfProductsAndTheirPrerequisites) {
        "\"x\", but the product that offers it is \"Product Ab\""},
       {Product("A", "1.0") + Product("B", "1", Needs("A", "1.1")), "16:12 revision-not-offered",
        "\"1.1\" is required, but \"Product A\" (line 2) offers \"1.0\""},
-      {Product("A", "1.1") + Product("B", "1", Needs("A", "1.0")), ""},
-      {A1 + Product("B", "1", Needs("A", "")), ""},  // any revision
       {Product("A", "2.10") + Product("B", "1", Needs("A", "2.9")), "16:12 revision-order",
        "\"2.10\" (line 5) and \"2.9\" (line 16)"},
       {Product("A", "2.9") + Product("B", "1", Needs("A", "2.10")), "16:12 revision-order",
        "Write \"2.09\" and \"2.10\""},
       {Product("A", "2.1") + Product("B", "1", Needs("A", "2.10")), "16:12 revision-not-offered"},
-      {Product("A", "2.10") + Product("B", "1", Needs("A", "2.09")), ""},
-      {Product("A", "2.10") + Product("B", "2.9"), ""},  // of different products
       {Product("A", "1", Needs("X", "9") + Needs("X", "10")),
        "9:15 not-offered?, 14:15 repeated-prerequisite?, 14:15 not-offered?, 15:12 revision-order"},
       {A1 + Product("acheckfile", "1"), "10:15 code-of-check-file",
        "is \"A\" (line 4) followed by CheckFile"},
-      {Product("A", std::string(255, '1')), ""},
       {Product("A", std::string(256, '1')), "5:12 record-too-long"},
       {A1 + Product("B", "1", "PRODUCT=Product A\n"), "13:1 repeated-key?, 13:9 repeated-title?",
        "in line 3, too"},
@@ -212,9 +211,6 @@ TEST_F(ListChecks, OfProductsAndTheirPrerequisites) {
        "31:15 circle",
        "\"Product A\" (line 2) needs \"Product B\" (line 13), which needs \"Product C\" (line "
        "24), which needs \"Product A\" (line 2)."},
-      {A1 + Product("B", "1", Needs("A", "1")) +
-           Product("C", "1", Needs("B", "1") + Needs("A", "1")),
-       ""},  // two ways to one product are no circle
   };
   for (const Case& c : cases) Expect(c, S + c.sText + E);
 }
@@ -254,7 +250,7 @@ TEST_F(ListChecks, OfOneEntry) {
       {"READMEFILE = read me.exe", "3:14 read-me-ambiguous?"},
       {"READMEFILE = readme.TXT", "3:14 not-a-program", "opens it"},
 
-      {"DESCRIPTION = Pr\xFC\x66stand f\xFCr Z\xE4hne", ""},
+      {"DESCRIPTION = Pr\xFC\x66stand f\xFCr\tZ\xE4hne", ""},
       {"DESCRIPTION = \xC0\xC1\xC2 \x80 \x93x\x94 \xB5m \xB0", ""},
       {"DESCRIPTION = Pr\xC3\xBC\x66stand", "3:17 not-ansi", "is UTF-8"},
       {"; Pr\xC3\xBC\x66stand", ""},
@@ -262,7 +258,6 @@ TEST_F(ListChecks, OfOneEntry) {
       {"DESCRIPTION = Pr\xC3\xBC\x66stand\r\nUNINSTALLNAME = \xFC", "3:17 not-ansi"},
       {"DESCRIPTION = a\x81", "3:16 not-ansi", "the code 81"},
       {"DESCRIPTION = a\x01", "3:16 not-ansi", "the control character 01"},
-      {"DESCRIPTION = a\tb", ""},
 
       {"DESCRIPTION = " + sWords.substr(0, 135), ""},
       {"DESCRIPTION = " + sWords, "3:15 long-text?", "The description"},

@@ -43,7 +43,6 @@ TEST(CommandLineTest, AsksAboutNoPathThatIsLongerThanPathsCanBe) {
 
 TEST(CommandLineTest, LeavesTheTextBehindTheProgramAsItIs) {
   const std::pair<const char*, const char*> cases[] = {
-      {"", ""},
       {"C:\\a.exe", ""},
       {"C:\\a.exe \t D:\\My  Suite ", "D:\\My  Suite "},
       {"\"C:\\My Suite\\a.exe\"  \"D:\\x y\"", "\"D:\\x y\""},

@@ -46,13 +46,8 @@ TEST_F(SetupListTest, ReadsAWholeFile) {
       "END\r\n"
       "BLOCK APPLICATION\r\nPRODUCT = Report Designer\r\n");  // the ENDs may be missing
   EXPECT_EQ(list.MenuItems().Count(), 2);
-  std::string sTexts;
-  for (const std::int32_t l : {1, 2})
-    sTexts += Item(l)->Title() + "|" + Item(l)->Description() + "|" + Item(l)->ImageFile() + "|" +
-              Item(l)->InstallFile() + "|" + Item(l)->ReadMeFile() + "\n";
-  EXPECT_EQ(sTexts,
-            "Inspection Station|Measures parts|inspect.bmp|inspect.exe|readme.exe inspect.txt\n"
-            "Report Designer||||\n");
+  EXPECT_EQ(Item(1)->Title() + "|" + Item(1)->Description(), "Inspection Station|Measures parts");
+  EXPECT_EQ(Item(2)->Title() + "|" + Item(2)->Description(), "Report Designer|");
   EXPECT_FALSE(Item(1)->CheckDependencies()) << "the prerequisite was read";
   EXPECT_EQ(system.nBeeps, 0);
   EXPECT_TRUE(system.messages.empty());
