@@ -73,7 +73,7 @@ TEST_F(BlockParserTest, EveryLineEndCounts) {
       {";a\r;b\r", 2}, {";a\n;b\n", 2}, {"\r\n\r\n", 2},       {"\r\r\n\n", 3},
       {"\n\r", 2},     {"\r", 1},       {";a\r\n;b\r;c\n", 3},
   };
-  for (const std::size_t nPiece : {1, 2, 3, 400})
+  for (const std::size_t nPiece : {1U, 2U, 3U, 400U})
     for (const auto& [sText, nLines] : cases) {
       SCOPED_TRACE(testing::PrintToString(sText) + " by " + std::to_string(nPiece));
       system.nPiece = nPiece;
