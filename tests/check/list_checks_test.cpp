@@ -233,6 +233,7 @@ TEST_F(ListChecks, OfOneEntry) {
       {"IMAGE = \"good.bmp\"", "3:9 picture-missing", "Quotation marks"},
       {"IMAGE = My Docs", "3:9 picture-missing"},
       {"IMAGE = bad.bmp", "3:9 picture-unreadable"},
+      {"IMAGE = large.png", "3:9 picture-size?", "48 by 48 pixels"},
       {"IMAGE =", ""},
       {"INSTALLFILE = Setup.EXE", ""},
       {"INSTALLFILE = My Docs\\readme.exe", ""},

@@ -17,16 +17,19 @@ namespace trelin {
 // missing-text". A warning ends in a question mark.
 inline std::string Summary(const Findings& findings) {
   std::string sAll;
-  for (const auto& [pRule, severity, place, sMessage, sHint, lNumber] : findings)
-    sAll += (sAll.empty() ? "" : ", ") +
-            (lNumber > 0 ? std::to_string(lNumber)
-                         : std::to_string(place.lLine) + ":" + std::to_string(place.lColumn)) +
-            " " + pRule->pName + (severity == Severity::Warning ? "?" : "");
+  for (const Finding& finding : findings) {
+    const Place& place = finding.place;
+    sAll +=
+        (sAll.empty() ? "" : ", ") +
+        (finding.lNumber > 0 ? std::to_string(finding.lNumber)
+                             : std::to_string(place.lLine) + ":" + std::to_string(place.lColumn)) +
+        " " + finding.pRule->pName + (finding.severity == Severity::Warning ? "?" : "");
+  }
   return sAll;
 }
 
 // A folder of a suite on the platform's own files, with the program's string
-// library: setup.exe, readme.exe, good.bmp and bad.bmp are there.
+// library: setup.exe, readme.exe, good.bmp, large.png and bad.bmp are there.
 class CheckTest : public ::testing::Test {
  protected:
   CheckTest() {
@@ -34,6 +37,7 @@ class CheckTest : public ::testing::Test {
     InitStringResources(1033);
     for (const char* pName : {"setup.exe", "readme.exe", "bad.bmp"}) folder.Write(pName, "MZ");
     folder.Write("good.bmp", FileBytes(TRELIN_SOURCE_DIR "/demo/pictures/gear.bmp"));
+    folder.Write("large.png", FileBytes(TRELIN_SOURCE_DIR "/packaging/icons/48.png"));
   }
   ~CheckTest() override { FreeResourceLibraries(); }
 

@@ -103,7 +103,7 @@ class MenuLeaks : public ProgramWindowTest {
 TEST_F(MenuLeaks, TwoThousandActionsLeaveNothingBehind) {
   std::optional<GuiObjects> first;
   for (int nMenu = 0; nMenu <= 4; ++nMenu) {
-    UseMenu(7, [&] {
+    UseMenu(7, [&](frmMainMenu&) {
       for (int nRound = 0; nRound < 50; ++nRound) ActTenTimes(nRound);
       const GuiObjects objects = CountWhenPainted();
       if (!first) first = objects;
@@ -114,7 +114,7 @@ TEST_F(MenuLeaks, TwoThousandActionsLeaveNothingBehind) {
 }
 
 TEST_F(MenuLeaks, WhatIsKeptIsSeen) {
-  UseMenu(7, [] {
+  UseMenu(7, [](frmMainMenu&) {
     const GuiObjects before = CountWhenPainted();
     const HGDIOBJ kept[] = {CreateFontA(20, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, "Arial"),
                             CreateSolidBrush(RGB(1, 2, 3)), CreateBitmap(8, 8, 1, 1, nullptr)};
