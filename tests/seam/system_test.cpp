@@ -34,8 +34,10 @@ TEST(SystemTest, FindsNormalFilesByPattern) {
     EXPECT_EQ(Found(ProgramPath(folder / "") + sPattern), names) << sPattern;
   for (const char* sName : {"", " ", "setup*x", "setup.exe/ ", "Disk1", "Gone/*"})
     EXPECT_EQ(Found(ProgramPath(folder / sName)), NameCounts{}) << sName;
-  for (int n = 1; n < 256; ++n)
-    EXPECT_EQ(Found(ProgramPath(folder / "a") + static_cast<char>(n) + "b"), NameCounts{}) << n;
+  for (int n = 1; n < 256; ++n) try {
+      EXPECT_EQ(Found(ProgramPath(folder / "a") + static_cast<char>(n) + "b"), NameCounts{}) << n;
+    } catch (const PlatformError&) {  // Windows refuses names that cannot be
+    }
   EXPECT_THROW(Found(std::string("Plain\0x", 7)), PlatformError);
 }
 
