@@ -42,6 +42,29 @@ WantedState StateOf(const std::string& sValue) {
   return {sValue.substr(0, nEquals), sState};
 }
 
+const std::map<std::string, bool Options::*>& Flags() {
+  static const std::map<std::string, bool Options::*> flags = {
+      {"--help", &Options::bHelp},     {"-h", &Options::bHelp},   {"--version", &Options::bVersion},
+      {"--strict", &Options::bStrict}, {"--fix", &Options::bFix}, {"--diff", &Options::bDiff},
+  };
+  return flags;
+}
+
+// Options with a value.
+using Setting = void (*)(Options& options, const std::string& sValue);
+
+const std::map<std::string, Setting>& Settings() {
+  static const std::map<std::string, Setting> settings = {
+      {"--state", [](Options& o, const std::string& s) { o.states.push_back(StateOf(s)); }},
+      {"--format", [](Options& o, const std::string& s) { o.format = FormatOf(s); }},
+      {"--allow", [](Options& o, const std::string& s) { o.allowed.push_back(RuleNamed(s)); }},
+      {"--source", [](Options& o, const std::string& s) { o.sSourceFolder = ProgramPathOf(s); }},
+      {"--library", [](Options& o, const std::string& s) { o.sLibrary = ProgramPathOf(s); }},
+      {"--rc", [](Options& o, const std::string& s) { o.sScript = ProgramPathOf(s); }},
+  };
+  return settings;
+}
+
 class OptionReader {
  public:
   explicit OptionReader(const std::vector<std::string>& arguments) : arguments_(arguments) {}
@@ -54,6 +77,12 @@ class OptionReader {
       else
         TakeOption(sArgument);
     }
+    RefuseContradictions();
+    return options_;
+  }
+
+ private:
+  void RefuseContradictions() const {
     if (bPath_ && !options_.sLibrary.empty())
       throw UsageError("Either a setup list or a string library can be checked at a time.");
     if (!options_.sScript.empty() && options_.sLibrary.empty())
@@ -62,10 +91,8 @@ class OptionReader {
       throw UsageError("A string library cannot be mended.");
     if (options_.bFix && options_.sPath == "-")
       throw UsageError("The standard input cannot be mended; --diff shows what would be.");
-    return options_;
   }
 
- private:
   void TakePath(const std::string& sArgument) {
     if (bPath_) throw UsageError("One folder or file can be checked at a time.");
     if (sArgument.empty()) throw UsageError("The name of the folder or file is empty.");
@@ -75,39 +102,18 @@ class OptionReader {
 
   void TakeOption(const std::string& sArgument) {
     sName_ = sArgument.substr(0, sArgument.find('='));
-    if (sArgument == "--")
+    if (sArgument == "--") {
       bOptionsEnd_ = true;
-    else if (sArgument == "--help" || sArgument == "-h")
-      options_.bHelp = true;
-    else if (sArgument == "--version")
-      options_.bVersion = true;
-    else if (sArgument == "--strict")
-      options_.bStrict = true;
-    else if (sName_ == "--new")
-      TakeNewFolder();
-    else if (sArgument == "--fix")
-      options_.bFix = true;
-    else if (sArgument == "--diff")
-      options_.bDiff = true;
-    else if (sName_ == "--state")
-      options_.states.push_back(StateOf(TakeValue()));
-    else if (sName_ == "--format")
-      options_.format = FormatOf(TakeValue());
-    else if (sName_ == "--allow")
-      options_.allowed.push_back(RuleNamed(TakeValue()));
-    else if (sName_ == "--source")
-      options_.sSourceFolder = ProgramPathOf(TakeValue());
-    else if (sName_ == "--library")
-      options_.sLibrary = ProgramPathOf(TakeValue());
-    else if (sName_ == "--rc")
-      options_.sScript = ProgramPathOf(TakeValue());
-    else
+    } else if (const auto flag = Flags().find(sArgument); flag != Flags().end()) {
+      options_.*flag->second = true;
+    } else if (sName_ == "--new") {
+      TakePath(TakeValue());
+      options_.bNew = true;
+    } else if (const auto setting = Settings().find(sName_); setting != Settings().end()) {
+      setting->second(options_, TakeValue());
+    } else {
       throw UsageError("The option \"" + sArgument + "\" is unknown.");
-  }
-
-  void TakeNewFolder() {
-    TakePath(TakeValue());
-    options_.bNew = true;
+    }
   }
 
   // Behind an equals sign, or the next argument.
