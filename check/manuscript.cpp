@@ -87,7 +87,7 @@ bool Manuscript::Correct(const std::vector<Correction>& corrections) {
          ++correction) {
       if (correction->sText.ends_with('\n'))
         AddLines(correction->sText, sEnd, mended);
-      else if (!std::exchange(bReplaced, true))
+      else if (n < lines_.size() && !std::exchange(bReplaced, true))
         lines_[n].Replace(*correction);
     }
     if (n < lines_.size()) mended.push_back(std::move(lines_[n]));

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "systems/windows/handle.h"
@@ -103,9 +104,11 @@ bool WriteWindowsFile(const std::string& sPath, const std::string& sBytes, DWORD
 }
 
 void ReplaceWindowsFile(const std::string& sPath, const std::string& sBytes) {
-  const std::string sNew = sPath + ".tmp";
+  std::array<char, 32768> full{};  // ReplaceFile takes no other path
+  GetFullPathNameA(sPath.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+  const std::string sNew = full.data() + std::string(".tmp");
   if (WriteWindowsFile(sNew, sBytes, CREATE_ALWAYS) &&
-      ReplaceFileA(sPath.c_str(), sNew.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
+      ReplaceFileA(full.data(), sNew.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
                    nullptr))
     return;
   const DWORD lReason = GetLastError();
