@@ -40,6 +40,7 @@ TEST_F(ListReader, AFaultIsReportedOnce) {
       {"BLOCK misspelt at first", "BLOK SETUPLIST\n" + A + EE, "1:1 not-understood"},
       {"END misspelt", S + A + "EDN\n" + B + "ENDALL\nend\n",
        "7:1 not-understood, 13:1 not-understood"},
+      {"no END", S + P + "ADD\n" + ARest + EE, "3:1 not-understood"},
       {"entries without an equals sign",
        S + P + "Product A\nPRODUCTCODE: A\nREVISION\t1\nINSTALLFILE setup.exe\n" + EE,
        "3:1 not-understood, 4:1 not-understood, 5:1 not-understood, 6:1 not-understood"},
@@ -290,13 +291,9 @@ TEST_F(ListChecks, AsManyProductsAsTheMenuCanNumber) {
 }
 
 TEST(RevisionOrder, NumbersCompareByValue) {
-  const std::pair<const char*, const char*> cases[] = {{"2.9", "2.10"},
-                                                       {"2.9", "2.9.1"},
-                                                       {"9", "10.0"},
-                                                       {"2.1", "2.1a"},
-                                                       {"2.1a", "2.1b"},
-                                                       {"", "1"},
-                                                       {"1.0 beta 9", "1.0 beta 10"}};
+  const std::pair<const char*, const char*> cases[] = {
+      {"2.9", "2.10"},  {"2.9", "2.9.1"}, {"9", "10.0"},   {"2.1", "2.1a"},
+      {"2.1a", "2.1b"}, {"", "1"},        {"2.10", "2.a"}, {"1.0 beta 9", "1.0 beta 10"}};
   for (const auto& [pLower, pHigher] : cases) {
     EXPECT_TRUE(CompareByNumbers(pLower, pHigher) < 0) << pLower << " " << pHigher;
     EXPECT_TRUE(CompareByNumbers(pHigher, pLower) > 0) << pLower << " " << pHigher;

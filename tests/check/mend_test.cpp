@@ -1,5 +1,7 @@
 #include "check/mend.h"
 
+#include "check/new_suite.h"
+#include "seam/platform_error.h"
 #include "tests/check/suite_folder.h"
 
 namespace trelin {
@@ -68,6 +70,25 @@ TEST_F(MendTest, ShowsWhatItWouldChange) {
       "--- list\n+++ list\n@@ -1,9 +1,9 @@\n-BLOCK SETUPLST\n+BLOCK SETUPLIST\n ;\n ;\n ;\n ;\n"
       "-TITEL = 1\n+TITLE = 1\n ;\n ;\n ;\n");
   EXPECT_EQ(Mended("BLOCK SETUPLIST\rENDE\r").Diff("x"), "Binary files x and x differ\n");
+}
+
+TEST_F(CheckTest, ANewSuiteIsCleanAndHasAPictureOfADial) {
+  WriteNewSuite(ProgramPath(folder / "new"));
+  const std::string sPicture = FileBytes(folder / "new/picture.bmp");
+  Suite suite = {{}, ProgramPath(folder / "new"), ProgramPath(folder / "new")};
+  suite.list =
+      ReadCheckedList("TRELIN.CFG", system.OpenInput(ProgramPath(folder / "new/TRELIN.CFG")));
+  EXPECT_EQ(Summary(CheckSuite(suite)), "");
+  const auto isDrawn = [&](int x, int y) {
+    return (static_cast<unsigned char>(sPicture[static_cast<std::size_t>(62 + 4 * y + x / 8)]) >>
+                (7 - x % 8) &
+            1) != 0;
+  };
+  for (const auto& [x, y] : {std::pair(2, 15), {29, 16}, {15, 2}, {16, 29}, {18, 18}})
+    EXPECT_TRUE(isDrawn(x, y)) << x << ", " << y;
+  for (const auto& [x, y] : {std::pair(0, 0), {31, 31}, {31, 0}, {0, 31}, {12, 12}, {10, 20}})
+    EXPECT_FALSE(isDrawn(x, y)) << x << ", " << y;
+  EXPECT_THROW(WriteNewSuite(ProgramPath(folder / "new")), PlatformError);
 }
 
 }  // namespace

@@ -281,6 +281,8 @@ TEST_F(FileRegistryTest, WhatCannotBeReadIsReportedAndLeftAlone) {
     EXPECT_EQ(RegistryUnusable, registry_.CreateKey(hKey, "New", RegistryReadWrite, hNew_));
     EXPECT_EQ("<" + std::to_string(RegistryUnusable) + ">", Get(registry_, hKey, "A"));
     EXPECT_EQ(RegistryUnusable, Set(registry_, hKey, "A", "2"));
+    EXPECT_EQ(RegistryUnusable, registry_.DeleteValue(hKey, "A"));
+    EXPECT_EQ(RegistryUnusable, registry_.DeleteKey(Hive, Log));
     EXPECT_NE(registry_.Trouble().find('"' + sPath_ + "\": line 4: "), std::string::npos)
         << registry_.Trouble();
   }

@@ -53,6 +53,8 @@ TEST_P(RegistryContract, PathsFindKeysAndCreatingKeepsThem) {
 }
 
 TEST_P(RegistryContract, ValuesKeepTheirBytes) {
+  EXPECT_EQ(RegistrySuccess, Set(registry_, base_, std::string(16383, 'n'), "x"));
+  EXPECT_EQ(RegistryInvalidParameter, Set(registry_, base_, std::string(16384, 'n'), "x"));
   for (const std::string& sData :
        Texts{"", "2.1", std::string("2.1\0", 4), std::string("\0a\0\0", 4),
              "\x80\x81\xE4\xFF\r\n\t\"\\", std::string(255, 'x')})

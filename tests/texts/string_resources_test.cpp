@@ -39,6 +39,21 @@ TEST_F(StringResources, ANumberAndALanguageNameTheLibrary) {
   }
 }
 
+TEST_F(StringResources, EachLanguageHasItsLetters) {
+  std::string sCodes;
+  for (std::int32_t lLocale = 1; lLocale < 0x2000; ++lLocale) {
+    InitStringResources(lLocale);
+    libraries.loads.clear();
+    LoadResourceString(35000);
+    const std::string sCode = libraries.loads.front().substr(9, 3);
+    if (sCode != "ENU") sCodes += std::to_string(lLocale) + sCode + " ";
+  }
+  EXPECT_EQ(sCodes,
+            "1028CHT 1030DAN 1031DEU 1034ESP 1036FRA 1040ITA 1041JPN 1042KOR 1043NLD 1044NOR "
+            "1046PTB 1053SVE 2055DES 2057ENG 2058ESM 2060FRB 2064ITS 2067NLB 2068NON 2070PTG "
+            "3079DEA 3081ENA 3082ESN 3084FRC 4105ENC 4108FRS 5129ENZ 6153ENI ");
+}
+
 TEST_F(StringResources, ALibraryIsLookedForUntilItIsFound) {
   const auto texts = std::exchange(libraries.files, {});
   EXPECT_EQ(LoadResourceString(35015), sNoFile) << "no settings key";
