@@ -123,6 +123,9 @@ TEST_F(MainMenuKeysWindow, ShowsTheFocusWhileItIsUsedByKeys) {
       });
     };
     PressRow(1);
+    Driver::Type(Key::Tab);
+    EXPECT_EQ(showsFocus(menu.picIcon[1], 4), 4) << "Tab shows it";
+    PressRow(1);
     EXPECT_EQ(showsFocus(menu.picListItem[1], 3), 0) << "as long as the pointer is used";
     Driver::Type(Key::Up);
     EXPECT_EQ(showsFocus(menu.picListItem[0], 3), 4);

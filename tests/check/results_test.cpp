@@ -75,7 +75,8 @@ TEST(Results, SarifNamesFilesByUris) {
        {"\"version\": \"2.1.0\"", "\"uri\": \"my%20suite/TRELIN.CFG\"",
         "\"uri\": \"file:///C:/ENU35000.DLL\"", "\"startLine\": 2,", "\"startColumn\": 2,",
         "\"endLine\": 2,", "\"endColumn\": 8", "\"ruleId\": \"unknown-key\"",
-        "\"level\": \"warning\"", "f\\\".\\u000a\\u000aGo on.\\u000a\\u000aTry TITLE."})
+        "\"level\": \"warning\"", "\"help\": {", "\"fullDescription\": {",
+        "f\\\".\\u000a\\u000aGo on.\\u000a\\u000aTry TITLE."})
     EXPECT_NE(sReport.find(pPart), std::string::npos) << pPart;
 }
 
