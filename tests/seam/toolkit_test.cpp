@@ -303,7 +303,8 @@ TEST_F(ToolkitWindow, ALabelThatIsTooSmallShowsNotAllOfItsText) {
       {std::string(30000, 'W'), plain, 1, 100},  // at least
   };
   for (const auto& [sText, font, lines, nCutOff] : cases)  // as wide as one of the menu
-    EXPECT_EQ(LabelLinesCutOff(sText, font, 4890, 240 * lines), nCutOff) << sText << " in " << lines;
+    EXPECT_EQ(LabelLinesCutOff(sText, font, 4890, 240 * lines), nCutOff)
+        << sText << " in " << lines;
 }
 
 TEST_F(ToolkitWindow, IsLaidOutAndDrawnInPixelsOfTheScreen) {
