@@ -58,7 +58,8 @@ void CheckCodePage(const Suite& suite, Report& report) {
     report.Error({l, static_cast<std::int32_t>(foreign->nOffset + nMark) + 1,
                   static_cast<std::int32_t>(foreign->nLength)},
                  "The text " + foreign->sReason + " and is not shown as it is meant.",
-                 "Save the file in the ANSI code page (Windows-1252).");
+                 std::string(foreign->bLacking ? "Write it in other characters. " : "") +
+                     "Save the file in the ANSI code page (Windows-1252).");
   }
 }
 

@@ -32,6 +32,18 @@ bool IsMeantAsUtf8(std::string_view sLine) {
   return IsUtf8(sLine) && ToUtf8(FromUtf8(sLine)) == sLine;
 }
 
+// The first character of a text in UTF-8 that the code page lacks.
+std::optional<ForeignText> FindLacking(std::string_view sUtf8) {
+  std::size_t nLength = 1;
+  for (std::size_t n = 0; n < sUtf8.size(); n += nLength) {
+    nLength = IsAsciiByte(Byte(sUtf8, n)) ? 1 : std::max<std::size_t>(1, Utf8Length(sUtf8, n));
+    const std::string_view sCharacter = sUtf8.substr(n, nLength);
+    if (nLength > 1 && ToUtf8(FromUtf8(sCharacter)) != sCharacter)
+      return ForeignText{n, nLength, "has a character that the ANSI code page lacks", true};
+  }
+  return std::nullopt;
+}
+
 // The five codes that Windows-1252 leaves open.
 bool StandsForNothing(unsigned char c) {
   return c == 0x81 || c == 0x8D || c == 0x8F || c == 0x90 || c == 0x9D;
@@ -94,6 +106,7 @@ std::optional<std::string> InCodePage(std::string_view sFile) {
 
 std::optional<ForeignText> FindForeignText(std::string_view sLine, bool bFileIsUtf8) {
   const bool bUtf8 = bFileIsUtf8 || IsMeantAsUtf8(sLine);
+  if (const auto lacking = bUtf8 ? FindLacking(sLine) : std::nullopt) return lacking;
   for (std::size_t n = 0; n < sLine.size(); ++n) {
     const unsigned char c = Byte(sLine, n);
     if (bUtf8 && !IsAsciiByte(c)) return ForeignText{n, Utf8Length(sLine, n), "is UTF-8"};

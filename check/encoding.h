@@ -21,15 +21,17 @@ std::optional<std::string> InCodePage(std::string_view sFile);
 struct ForeignText {
   std::size_t nOffset;
   std::size_t nLength;
-  std::string sReason;  // a part of a sentence
+  std::string sReason;    // a part of a sentence
+  bool bLacking = false;  // it is UTF-8 for what the code page lacks
 };
 
 // Whether a text is UTF-8, as ASCII is, too. In a text of the ANSI code page
 // a letter beyond ASCII hardly ever has the neighbours for that.
 bool IsUtf8(std::string_view sText);
 
-// The first such stretch of a line: characters that are UTF-8, a code that
-// stands for no character, a control character other than a tab. In a file whose
+// The first such stretch of a line: a code that stands for no character, a control
+// character other than a tab, or a character in UTF-8; of these one that the code page
+// lacks comes first. In a file whose
 // other lines show that it is in the code page, a line counts as UTF-8 only when
 // its characters are letters of the code page, each in two or three bytes.
 std::optional<ForeignText> FindForeignText(std::string_view sLine, bool bFileIsUtf8);

@@ -255,6 +255,7 @@ TEST_F(ListChecks, OfOneEntry) {
       {"DESCRIPTION = Pr\xFC\x66stand f\xFCr\tZ\xE4hne", ""},
       {"DESCRIPTION = \xC0\xC1\xC2 \x80 \x93x\x94 \xB5m \xB0", ""},
       {"DESCRIPTION = Pr\xC3\xBC\x66stand", "3:17 not-ansi", "is UTF-8"},
+      {"DESCRIPTION = Pr\xC3\xBC\x66 \xCE\xA9", "3:21 not-ansi", "Write it in other characters"},
       {"; Pr\xC3\xBC\x66stand", ""},
       {"DESCRIPTION = QUALIT\xC9\x99\r\nUNINSTALLNAME = \xFC", ""},
       {"DESCRIPTION = Pr\xC3\xBC\x66stand\r\nUNINSTALLNAME = \xFC", "3:17 not-ansi"},
