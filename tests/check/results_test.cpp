@@ -57,16 +57,16 @@ TEST(Results, TheMarkStandsUnderItsPlaceInALongLine) {
   EXPECT_EQ(sReport.find('\n', nMark) + 1 - nMark, 170U) << "the mark ends where the part does";
 }
 
-// Without the line breaks between its members.
+// A bar stands for a line break and the spaces behind it.
 TEST(Results, Json) {
-  EXPECT_EQ(std::regex_replace(JsonReport(TwoFiles()), std::regex("\n *"), ""),
-            std::string(R"({"version": 1,"tool": "trelin-check","toolVersion": ")") + Version +
-                R"(","errors": 1,"warnings": 1,"findings": [)"
-                R"({"file": "my suite/TRELIN.CFG","line": 2,"column": 2,"length": 6,)"
-                R"("source": "\u0009\"Prüf\" = \\x","severity": "error","rule": "unknown-key",)"
-                R"("message": "Unknown \"Prüf\".\u000a\u000aGo on.","hint": "Try TITLE."},)"
-                R"({"file": "C:\\ENU35000.DLL","number": 35010,"severity": "warning",)"
-                R"("rule": "missing-text","message": "Text 35010 is missing."}]})");
+  EXPECT_EQ(std::regex_replace(JsonReport(TwoFiles()), std::regex("\n *"), "|"),
+            std::string(R"({|"version": 1,|"tool": "trelin-check",|"toolVersion": ")") + Version +
+                R"(",|"errors": 1,|"warnings": 1,|"findings": [|)"
+                R"({|"file": "my suite/TRELIN.CFG",|"line": 2,|"column": 2,|"length": 6,|)"
+                R"("source": "\u0009\"Prüf\" = \\x",|"severity": "error",|"rule": "unknown-key",|)"
+                R"("message": "Unknown \"Prüf\".\u000a\u000aGo on.",|"hint": "Try TITLE."|},|)"
+                R"({|"file": "C:\\ENU35000.DLL",|"number": 35010,|"severity": "warning",|)"
+                R"("rule": "missing-text",|"message": "Text 35010 is missing."|}|]|}|)");
 }
 
 TEST(Results, SarifNamesFilesByUris) {
