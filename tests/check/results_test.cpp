@@ -19,8 +19,8 @@ Results TwoFiles() {
   list.sPath = "my suite/TRELIN.CFG";
   for (const char* pLine : {"BLOCK SETUPLIST", "\t\"Pr\xFC\x66\" = \\x"}) list.lines.Add(pLine);
   const Place place = {2, 2, 6};
-  list.findings = {
-      {&UnknownKey, Severity::Error, place, "Unknown \"Pr\xFC\x66\".\n\nGo on.", "Try TITLE."}};
+  list.findings = {{&UnknownKey, Severity::Error, place, "Unknown \"Pr\xFC\x66\".\n\nGo on.",
+                    "Try TITLE, perhaps: it is the nearest."}};
   library.sPath = "C:\\ENU35000.DLL";
   library.findings = {{&MissingText, Severity::Warning, {}, "Text 35010 is missing.", "", 35010}};
   return {list, library};
@@ -31,14 +31,15 @@ TEST(Results, Text) {
             R"(my suite/TRELIN.CFG:2:2: error: Unknown "Prüf". Go on. [unknown-key]
      2 |  "Prüf" = \x
        |  ^~~~~~
-       = Try TITLE.
+       = Try TITLE, perhaps: it is the nearest.
 C:\ENU35000.DLL: warning: Text 35010 is missing. [missing-text]
 1 error, 1 warning
 )");
   EXPECT_EQ(TextReport({}), "0 errors, 0 warnings\n");
   EXPECT_EQ(TextReport(TwoFiles(), {40, true}),
             "my suite/TRELIN.CFG:2:2: \x1B[1;31merror\x1B[0m: Unknown\n    \"Pr\u00FCf\". Go on. "
-            "[unknown-key]\n     2 |  \"Pr\u00FCf\" = \\x\n       |  ^~~~~~\n       = Try TITLE.\n"
+            "[unknown-key]\n     2 |  \"Pr\u00FCf\" = \\x\n       |  ^~~~~~\n       = Try TITLE, "
+            "perhaps: it is the\n         nearest.\n"
             "C:\\ENU35000.DLL: \x1B[1;35mwarning\x1B[0m: Text 35010 is\n    missing. "
             "[missing-text]\n1 error, 1 warning\n");
 }
@@ -59,14 +60,15 @@ TEST(Results, TheMarkStandsUnderItsPlaceInALongLine) {
 
 // A bar stands for a line break and the spaces behind it.
 TEST(Results, Json) {
-  EXPECT_EQ(std::regex_replace(JsonReport(TwoFiles()), std::regex("\n *"), "|"),
-            std::string(R"({|"version": 1,|"tool": "trelin-check",|"toolVersion": ")") + Version +
-                R"(",|"errors": 1,|"warnings": 1,|"findings": [|)"
-                R"({|"file": "my suite/TRELIN.CFG",|"line": 2,|"column": 2,|"length": 6,|)"
-                R"("source": "\u0009\"Prüf\" = \\x",|"severity": "error",|"rule": "unknown-key",|)"
-                R"("message": "Unknown \"Prüf\".\u000a\u000aGo on.",|"hint": "Try TITLE."|},|)"
-                R"({|"file": "C:\\ENU35000.DLL",|"number": 35010,|"severity": "warning",|)"
-                R"("rule": "missing-text",|"message": "Text 35010 is missing."|}|]|}|)");
+  EXPECT_EQ(
+      std::regex_replace(JsonReport(TwoFiles()), std::regex("\n *"), "|"),
+      std::string(R"({|"version": 1,|"tool": "trelin-check",|"toolVersion": ")") + Version +
+          R"(",|"errors": 1,|"warnings": 1,|"findings": [|)"
+          R"({|"file": "my suite/TRELIN.CFG",|"line": 2,|"column": 2,|"length": 6,|)"
+          R"("source": "\u0009\"Prüf\" = \\x",|"severity": "error",|"rule": "unknown-key",|)"
+          R"("message": "Unknown \"Prüf\".\u000a\u000aGo on.",|"hint": "Try TITLE, perhaps: it is the nearest."|},|)"
+          R"({|"file": "C:\\ENU35000.DLL",|"number": 35010,|"severity": "warning",|)"
+          R"("rule": "missing-text",|"message": "Text 35010 is missing."|}|]|}|)");
 }
 
 TEST(Results, SarifNamesFilesByUris) {
@@ -76,7 +78,7 @@ TEST(Results, SarifNamesFilesByUris) {
         "\"uri\": \"file:///C:/ENU35000.DLL\"", "\"startLine\": 2,", "\"startColumn\": 2,",
         "\"endLine\": 2,", "\"endColumn\": 8", "\"ruleId\": \"unknown-key\"",
         "\"level\": \"warning\"", "\"help\": {", "\"fullDescription\": {",
-        "f\\\".\\u000a\\u000aGo on.\\u000a\\u000aTry TITLE."})
+        "f\\\".\\u000a\\u000aGo on.\\u000a\\u000aTry TITLE, perhaps: it is the nearest."})
     EXPECT_NE(sReport.find(pPart), std::string::npos) << pPart;
 }
 
