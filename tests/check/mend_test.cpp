@@ -1,6 +1,7 @@
 #include "check/mend.h"
 
 #include "check/new_suite.h"
+#include "check/records.h"
 #include "seam/platform_error.h"
 #include "tests/check/suite_folder.h"
 
@@ -89,6 +90,26 @@ TEST_F(CheckTest, ANewSuiteIsCleanAndHasAPictureOfADial) {
   for (const auto& [x, y] : {std::pair(0, 0), {31, 31}, {31, 0}, {0, 31}, {12, 12}, {10, 20}})
     EXPECT_FALSE(isDrawn(x, y)) << x << ", " << y;
   EXPECT_THROW(WriteNewSuite(ProgramPath(folder / "new")), PlatformError);
+}
+
+TEST_F(CheckTest, RecordsSayInWhichStatesProductsAre) {
+  const CheckedList list = Read(
+                               "BLOCK SETUPLIST\nBLOCK APPLICATION\nPRODUCTCODE = A\nREVISION = 2\n"
+                               "BLOCK DEPENDENCY\nPRODUCTCODE = R\nREVISION = 3\n")
+                               .list;
+  const std::string sLog =
+      "Windows Registry Editor Version "
+      "5.00\n\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvanta\\InstallLog]\n";
+  const std::pair<WantedState, const char*> cases[] = {
+      {{"a", "installed"}, "\"a\"=\"2\"\n"},
+      {{"A", "older"}, "\"A\"=\"!2\"\n"},
+      {{"R", "newer"}, "\"R\"=\"3+\"\n"},
+      {{"R", "not-installed"}, ""},
+      {{"A", "damaged"}, "\"A\"=\"2\"\n\"ACheckFile\"=\"a file that is missing\"\n"},
+  };
+  for (const auto& [state, pRecords] : cases)
+    EXPECT_EQ(RecordsOf(list, {state}), sLog + pRecords) << state.sState;
+  EXPECT_THROW(RecordsOf(list, {{"X", "older"}}), std::invalid_argument);
 }
 
 }  // namespace

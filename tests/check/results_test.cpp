@@ -91,6 +91,7 @@ TEST(Options, AreReadInAnyOrderAndAWrongUseIsNamed) {
   EXPECT_EQ(ParseOptions({}).sPath, ".");
   EXPECT_EQ(ParseOptions({"--", "--strict"}).sPath, "--strict");
   EXPECT_EQ(ParseOptions({"-"}).sPath, "-");
+  EXPECT_TRUE(ParseOptions({"--new", "x"}).bNew);
   const std::pair<std::vector<std::string>, const char*> cases[] = {
       {{"a", "b"}, "One folder or file can be checked at a time."},
       {{""}, "The name of the folder or file is empty."},

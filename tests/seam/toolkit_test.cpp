@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <stdexcept>
 #include <tuple>
 #include <utility>
@@ -288,6 +289,21 @@ TEST_F(ToolkitWindow, LabelsCanBeReadAndLetTheBackgroundThrough) {
     Driver::Click(label);
   });
   EXPECT_EQ(Taken(), Events({"box", "label"}));
+}
+
+TEST_F(ToolkitWindow, LinesOfALabelBeginOneUnderTheOther) {
+  Label label(box);
+  label.SetBounds(150, 150, 1500, 600);
+  label.SetCaption("|\r\n|");
+  Driver::ShowModal(form, [&] {
+    std::map<std::ptrdiff_t, int> rows;  // by their first column that is drawn
+    for (const auto& row : Driver::PixelsOf(label)) {
+      const Rgb back = row.back();
+      const auto first = std::find_if(row.begin(), row.end(), [&](Rgb c) { return !(c == back); });
+      if (first != row.end()) ++rows[first - row.begin()];
+    }
+    EXPECT_EQ(rows.size(), 1U);
+  });
 }
 
 TEST_F(ToolkitWindow, ALabelThatIsTooSmallShowsNotAllOfItsText) {

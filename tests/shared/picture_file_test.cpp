@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <vector>
 
 namespace trelin {
@@ -52,6 +53,12 @@ TEST(PictureFile, OfAnIconTheImageOfTheSizeAndMostColorsIsShown) {
   EXPECT_EQ(ShownIcon(sFile.substr(0, sFile.size() - 20)), 0) << "the other one is cut off";
   for (const std::size_t nSize : {3U, 30U, 50U})
     EXPECT_THROW(ShownIcon(sFile.substr(0, nSize)), std::runtime_error) << nSize;
+}
+
+TEST(PictureFile, LargePicturesAreRefused) {
+  EXPECT_NO_THROW(RefuseLargePicture(4096, 4096));
+  EXPECT_THROW(RefuseLargePicture(4097, 1), std::runtime_error);
+  EXPECT_THROW(RefuseLargePicture(1, 4097), std::runtime_error);
 }
 
 }  // namespace
