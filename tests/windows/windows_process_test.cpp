@@ -46,8 +46,11 @@ class WindowsProcessTest : public ::testing::Test {
 
   std::string Started(const std::string& sCommandLine) const {
     StartWindowsProgram(sCommandLine);
-    for (int i = 0; i < 1000 && !std::filesystem::exists(sReport); ++i) Sleep(10);
-    const std::string sText = FileBytes(sReport);
+    std::string sText;  // a file that has just got its name may not open at once
+    for (int i = 0; i < 1000 && sText.empty(); ++i) {
+      Sleep(10);
+      sText = FileBytes(sReport);
+    }
     std::filesystem::remove(sReport);
     return sText;
   }
