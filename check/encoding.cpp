@@ -106,7 +106,7 @@ std::optional<std::string> InCodePage(std::string_view sFile) {
 
 std::optional<ForeignText> FindForeignText(std::string_view sLine, bool bFileIsUtf8) {
   const bool bUtf8 = bFileIsUtf8 || IsMeantAsUtf8(sLine);
-  if (const auto lacking = bUtf8 ? FindLacking(sLine) : std::nullopt) return lacking;
+  if (auto lacking = bUtf8 ? FindLacking(sLine) : std::nullopt) return lacking;
   for (std::size_t n = 0; n < sLine.size(); ++n) {
     const unsigned char c = Byte(sLine, n);
     if (bUtf8 && !IsAsciiByte(c)) return ForeignText{n, Utf8Length(sLine, n), "is UTF-8"};

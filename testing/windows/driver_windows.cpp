@@ -124,6 +124,12 @@ std::vector<HWND> Tooltips() {
   return windows;
 }
 
+bool ShowsTooltip() {
+  const auto tooltips = Tooltips();
+  return std::any_of(tooltips.begin(), tooltips.end(),
+                     [](HWND hTooltip) { return IsWindowVisible(hTooltip) != 0; });
+}
+
 std::string TextWithinTheScreen(HWND hTooltip) {
   RECT place{};
   GetWindowRect(hTooltip, &place);
@@ -282,7 +288,13 @@ std::string Driver::TooltipOver(const Control& control) {
     for (const HWND hTooltip : Tooltips())
       if (IsWindowVisible(hTooltip)) sText = TextWithinTheScreen(hTooltip);
   }
-  MovePointer({0, 0});
+  // It goes once it learns that the cursor has gone.
+  for (int n = 0; n < MostTooltipDelays && ShowsTooltip(); ++n) {
+    SetCursorPos(0, 0);
+    MovePointer({0, 1});
+    MovePointer({0, 0});
+    PumpMessagesFor(TooltipDelay);
+  }
   return sText;
 }
 
