@@ -1,5 +1,6 @@
 #include "check/library_check.h"
 
+#include "check/library_source.h"
 #include "shared/pe_string_table.h"
 #include "testing/fake_platform.h"
 #include "tests/check/suite_folder.h"
@@ -72,6 +73,17 @@ TEST(Libraries, AreComparedWithTheProgramsOwn) {
     }
     EXPECT_EQ(Summary(CompareLibraries(own, texts)), c.pFindings) << c.pWhat;
   }
+}
+
+TEST(Libraries, FindingsStandWhereTheScriptHasTheirNumbers) {
+  Findings findings = CompareLibraries({{35010, u"x"}, {35011, u"y"}, {35012, u"z"}}, {});
+  SourceLines script;
+  for (const char* pLine : {"STRINGTABLE", "  35012 \"z\"", "\t35010\t\"x\"", "350111"})
+    script.Add(pLine);
+  PlaceInSource(findings, script);
+  std::vector<Place> places;
+  for (const Finding& finding : findings) places.push_back(finding.place);
+  EXPECT_EQ(places, (std::vector<Place>{{}, {2, 3, 5}, {3, 2, 5}}));
 }
 
 // Those of the tests' own library, which are all.

@@ -203,8 +203,8 @@ TEST_F(ListChecks, OfProductsAndTheirPrerequisites) {
        "3:1 no-revision?, 6:1 no-installer?"},
       {Product("A", "1", " ;trelin-check:\tallow unknown-key\n\n; x\nX=1\nY=1\n"),
        "11:1 unknown-key"},
-      {"; trelin-check: allow circle, no-such\n" + A1,
-       "2:23 idle-allowance?, 2:31 idle-allowance?"},
+      {"; trelin-check: allow circle, no-such\n" + Product("A", "1", "X=1\n"),
+       "2:23 idle-allowance?, 2:31 idle-allowance?, 8:1 unknown-key"},
 
       {Product("A", "1", Needs("A", "1")), "9:15 circle", "A product needs itself: "},
       {Product("A", "1", Needs("B", "1")) + Product("B", "1", Needs("C", "1")) +

@@ -16,6 +16,7 @@ TEST(AgreementWindow, ShowsItsTextWholeWithALineToSpare) {
   Driver::ShowModal(form, [&] {
     auto& box = static_cast<QPlainTextEdit&>(*form.txtAgreement.Get().widget);
     EXPECT_FALSE(box.textCursor().hasSelection());
+    EXPECT_FALSE(box.windowIcon().isNull());
     const int nLine = box.fontMetrics().lineSpacing();
     const auto endOfText = [&] {
       box.moveCursor(QTextCursor::End);

@@ -31,14 +31,24 @@ std::string Bmp(std::size_t nSize) {
   return "BM" + Words({14 + sPixels.size(), 0, 0, 0, 54, 0}) + sPixels;
 }
 
-// A blue image of 16 by 16 pixels, then a red one of 32 by 32 whose top half is
-// masked out. Masks start with the bottom row.
+// An icon's image whose top half is masked out. Masks start with the bottom row;
+// each fills four bytes.
+std::string IconImage(std::size_t nSize, const std::string& sRight) {
+  const std::size_t nHalf = nSize * 2;
+  return Pixels(nSize, nSize * 2, sRight) + std::string(nHalf, '\0') + std::string(nHalf, '\xFF');
+}
+
+// A blue image of 16 by 16 pixels, then a red one of 32 by 32.
 std::string Icon() {
-  const std::string sSmall = Pixels(16, 32, "\xFF\0\0"s) + std::string(64, '\0');
-  const std::string sLarge =
-      Pixels(32, 64, "\0\0\xFF"s) + std::string(64, '\0') + std::string(64, '\xFF');
+  const std::string sSmall = IconImage(16, "\xFF\0\0"s), sLarge = IconImage(32, "\0\0\xFF"s);
   return Words({0, 1, 2}) + Words({0x1010, 0, 1, 24, sSmall.size(), 0, 38, 0}) +
          Words({0x2020, 0, 1, 24, sLarge.size(), 0, 38 + sSmall.size(), 0}) + sSmall + sLarge;
+}
+
+// The blue one alone.
+std::string SmallIcon() {
+  const std::string sImage = IconImage(16, "\xFF\0\0"s);
+  return Words({0, 1, 1, 0x1010, 0, 1, 24, sImage.size(), 0, 22, 0}) + sImage;
 }
 
 class ToolkitWindowPicture : public testing::Test {
@@ -71,15 +81,16 @@ TEST_F(ToolkitWindowPicture, ImagesAreDrawnThroughTheirMask) {
   ImageList images(32, 32, Color::ListMask);
   images.Add("bitmap", Load(Bmp(32)));
   images.Add("icon", Load(Icon()));
+  images.Add("small", Load(SmallIcon()));
   images.Add("large", Load(Bmp(64)));
   images.AddAgain("again", "icon");
   images.AddAgain("missing", "none");
-  const Rgb mask = {192, 192, 192}, red = {255, 0, 0}, cyan = {0, 255, 255};
+  const Rgb mask = {192, 192, 192}, red = {255, 0, 0}, blue = {0, 0, 255}, cyan = {0, 255, 255};
   // The colours in the corners: top left, top right, bottom left, bottom right.
   const std::pair<std::string, std::vector<Rgb>> cases[] = {
       {"missing", {cyan, cyan, cyan, cyan}}, {"bitmap", {cyan, red, cyan, red}},
       {"icon", {cyan, cyan, mask, red}},     {"large", {cyan, red, cyan, red}},
-      {"again", {cyan, cyan, mask, red}},
+      {"again", {cyan, cyan, mask, red}},    {"small", {cyan, cyan, mask, blue}},
   };
   Form form(FormBorder::FixedSingle, true, 3000, 3000);
   PictureBox box(form);

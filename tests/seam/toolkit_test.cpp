@@ -334,6 +334,9 @@ TEST_F(ToolkitWindow, IsLaidOutAndDrawnInPixelsOfTheScreen) {
   Driver::ShowModal(form, [&] {
     EXPECT_EQ(Driver::Bounds(yes), (PixelRect{nInch, nInch / 2, 2 * nInch, nInch / 4}));
     EXPECT_EQ(Driver::Inside(form), (PixelRect{0, 0, 6000 * nInch / 1440, 4500 * nInch / 1440}));
+    const auto button = Driver::PixelsOf(yes);
+    yes.SetCaption("");
+    EXPECT_NE(Driver::PixelsOf(yes), button) << "a button shows its caption";
     const auto pixels = Driver::PixelsOf(box);
     Events rows(3);
     for (std::size_t i = 0; i < 3 * 13; ++i)
