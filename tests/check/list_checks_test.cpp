@@ -19,13 +19,25 @@ const std::string ARest = ProductEntries("A"), A = P + ARest, B = P + ProductEnt
 const std::string NRest = "TITLE = Product B\nPRODUCTCODE = B\nREVISION = 1\n", N = D + NRest;
 const std::string Far(32767, 'x');
 
-using ListReader = CheckTest;
+class ListReader : public CheckTest {
+ protected:
+  // pSays stands in the messages and hints.
+  void Expect(const std::string& sWhat, const std::string& sList, const std::string& sFindings,
+              const char* pSays) {
+    const Findings findings = CheckSuite(Read(sList));
+    EXPECT_EQ(Summary(findings), sFindings) << sWhat;
+    std::string sAll;
+    for (const Finding& finding : findings) sAll += finding.sMessage + " " + finding.sHint + "\n";
+    EXPECT_NE(sAll.find(pSays), std::string::npos) << sWhat << ":\n" << sAll;
+  }
+};
 
 // What each fault of the format gives, and that nothing else comes of it.
 TEST_F(ListReader, AFaultIsReportedOnce) {
   const struct {
     const char* pWhat;
     std::string sText, sFindings;
+    const char* pSays = "";
   } cases[] = {
       {"clean", S + A + EE + "; end\n\n", ""},
       {"clean, CR alone, tabs", "\tBLOCK\tSETUPLIST\rEND\r", ""},
@@ -47,12 +59,13 @@ TEST_F(ListReader, AFaultIsReportedOnce) {
       {"a misspelt product", S + A + "BLOCK APLICTON\n" + ProductEntries("B") + EE,
        "7:7 wrong-block"},
       {"another word", S + "BLOCK PRODUCT\n" + ARest + "X=\n" + EE,
-       "2:7 wrong-block, 7:1 unknown-key"},
+       "2:7 wrong-block, 7:1 unknown-key", "It is read as a block APPLICATION."},
       {"no block type", S + "BLOCK\n" + ARest + EE, "2:1 wrong-block"},
       {"a misspelt prerequisite", S + A + "BLOCK DEPENDANCY\n" + NRest + EE + B + EE,
        "7:7 wrong-block"},
       {"a prerequisite of the list", S + N + E + B + EE, "2:7 wrong-block"},
-      {"a product without END", S + A + B + EE, "7:7 wrong-block"},
+      {"a product without END", S + A + B + EE, "7:7 wrong-block",
+       "APPLICATION that begins in line 2 is still open here: its END is missing."},
       {"two products without END", S + A + B + A + EE,
        "7:7 wrong-block, 12:7 wrong-block, 13:11 repeated-title?, 14:15 repeated-code"},
       {"a product in a product", S + A + B + EE + E, "7:7 wrong-block"},
@@ -61,21 +74,24 @@ TEST_F(ListReader, AFaultIsReportedOnce) {
       {"a prerequisite in one", S + A + N + N + EE + E + B + EE, "11:7 wrong-block"},
       {"prerequisite and product without END", S + A + N + B + EE, "11:7 wrong-block"},
       {"no END of the list", S + A + E, "1:1 missing-end?"},
-      {"no END at all", S + A, "1:1 missing-end?, 2:1 missing-end?"},
-      {"an END too many", S + A + EE + B + EE, "9:1 after-end"},
+      {"no END at all", S + A, "1:1 missing-end?, 2:1 missing-end?",
+       "SETUPLIST that begins here has no END."},
+      {"an END too many", S + A + EE + B + EE, "9:1 after-end",
+       "END in line 8: there may be one END too many"},
       {"a second list", S + E + "BLOCK SETUPLIST\nTITEL = x\n", "3:1 after-end"},
       {"entries behind the end", S + E + "\nTITLE = x\nTITLE = y\n", "4:1 after-end"},
-      {"text behind the end", S + E + "the end\n", "3:1 not-understood"},
+      {"text behind the end", S + E + "the end\n", "3:1 not-understood",
+       "behind the END of the list in line 2,"},
       {"a strange block", S + "BLOCK OPTIONS\nLANG=x\nBLOCK X\nEND\nEND\n" + A + EE,
-       "2:7 wrong-block"},
+       "2:7 wrong-block", "What is in it is not looked at."},
       {"a list in the list", S + S + "TITLE=x\n" + A + EE + B + EE, "2:7 wrong-block"},
       {"no word BLOCK", S + "APPLICATION\n" + ARest + "Dependency X\n" + NRest + EE + B + EE,
        "2:1 not-understood, 7:1 not-understood"},
       {"an END too many behind a prerequisite", S + P + N + EE + ARest + E + B + EE,
-       "9:1 after-end"},
+       "9:1 after-end", "The END in line 8 is one too many"},
       {"the same in the last product", S + B + E + P + N + EE + ARest + EE, "15:1 after-end"},
       {"entries of a product in the list", S + A + E + "IMAGE=\n" + B + EE, "8:1 unknown-key"},
-      {"a byte order mark", "\xEF\xBB\xBF" + S + A + EE, "1:1 byte-order-mark"},
+      {"a byte order mark", "\xEF\xBB\xBF" + S + A + EE, "1:1 byte-order-mark", "Line 1 "},
       {"a mark before a comment", "\xEF\xBB\xBF; a = b\n" + S + E, "1:1 byte-order-mark"},
       {"UTF-16", {"\xFF\xFE\x42\0L\0O\0C\0K\0", 12}, "1:1 not-ansi"},
 
@@ -83,7 +99,7 @@ TEST_F(ListReader, AFaultIsReportedOnce) {
        "2:1 line-too-long, 3:1 line-too-long, 4:1 not-understood"},
       {"a long value", S + "TITLE = " + Far + "\nEND\n", "2:32768 line-too-long?"},
   };
-  for (const auto& c : cases) EXPECT_EQ(Check(c.sText), c.sFindings) << c.pWhat;
+  for (const auto& c : cases) Expect(c.pWhat, c.sText, c.sFindings, c.pSays);
 }
 
 // The words are those of the launcher, with the file's name and the line's number in it.
@@ -134,21 +150,13 @@ std::string Needs(const std::string& sCode, const std::string& sRevision,
          "\nPRODUCTCODE = " + sCode + "\nREVISION = " + sRevision + "\n" + E;
 }
 
-class ListChecks : public CheckTest {
+class ListChecks : public ListReader {
  protected:
   struct Case {
     std::string sText;
-    const char* sFindings;
-    const char* sSays = "";  // in their messages and hints
+    const char* pFindings;
+    const char* pSays = "";
   };
-
-  void Expect(const Case& c, const std::string& sList) {
-    const Findings findings = CheckSuite(Read(sList));
-    EXPECT_EQ(Summary(findings), c.sFindings) << c.sText;
-    std::string sAll;
-    for (const Finding& finding : findings) sAll += finding.sMessage + " " + finding.sHint + "\n";
-    EXPECT_NE(sAll.find(c.sSays), std::string::npos) << c.sText << ":\n" << sAll;
-  }
 };
 
 // Each list begins with BLOCK SETUPLIST, the first product in line 2.
@@ -213,7 +221,7 @@ TEST_F(ListChecks, OfProductsAndTheirPrerequisites) {
        "\"Product A\" (line 2) needs \"Product B\" (line 13), which needs \"Product C\" (line "
        "24), which needs \"Product A\" (line 2)."},
   };
-  for (const Case& c : cases) Expect(c, S + c.sText + E);
+  for (const Case& c : cases) Expect(c.sText, S + c.sText + E, c.pFindings, c.pSays);
 }
 
 // The entry is in the third line, within a product without another fault.
@@ -271,7 +279,7 @@ TEST_F(ListChecks, OfOneEntry) {
     for (const std::string sEntry :
          {"PRODUCT = A", "PRODUCTCODE = A", "REVISION = 1", "INSTALLFILE = setup.exe"})
       if (!sEntry.starts_with(c.sText.substr(0, c.sText.find('=')))) sList += sEntry + "\r\n";
-    Expect(c, sList + EE);
+    Expect(c.sText, sList + EE, c.pFindings, c.pSays);
   }
 }
 
