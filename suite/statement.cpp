@@ -31,9 +31,10 @@ std::string_view FirstWord(std::string_view sText, std::int32_t lLine) {
   return sText.substr(0, CheckPosition(sText.find(' '), lLine));
 }
 
-// Keywords are matched in any letter case.
+// In any letter case: a letter of ASCII is one bit away from its capital.
 bool IsKeyword(std::string_view sWord, std::string_view sKeyword) {
-  return sWord.size() == sKeyword.size() && UpperCase(sWord) == sKeyword;
+  return std::equal(sWord.begin(), sWord.end(), sKeyword.begin(), sKeyword.end(),
+                    [](char c, char cCapital) { return (c & ~0x20) == cCapital; });
 }
 
 // What stands behind the keyword of a block start: its type, its name.
