@@ -72,9 +72,9 @@ class AllowanceReader {
   void SetExtent(Allowance& allowance) const {
     const auto next = std::upper_bound(
         list_.statements.begin(), list_.statements.end(), lLine_,
-        [](std::int32_t lLine, const ListStatement& s) { return lLine < s.key.lLine; });
+        [](std::int32_t lLine, const ListStatement& s) { return lLine < s.lLine; });
     if (next == list_.statements.end()) return;
-    allowance.lFirst = allowance.lLast = next->key.lLine;
+    allowance.lFirst = allowance.lLast = next->lLine;
     const auto block = std::lower_bound(
         list_.blocks.begin(), list_.blocks.end(), allowance.lFirst,
         [](const ListBlock& b, std::int32_t lLine) { return b.start.lLine < lLine; });

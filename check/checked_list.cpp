@@ -17,21 +17,30 @@ std::vector<const char*> NamesOf(const Keys& keys) {
 
 }  // namespace
 
+std::string_view StatementPart::Text() const {
+  return pText != nullptr ? std::string_view(pText, static_cast<std::size_t>(lLength))
+                          : std::string_view();
+}
+
+Place ListStatement::PlaceOf(const StatementPart& part) const {
+  return {lLine, part.lColumn, std::max(part.lLength, 1)};
+}
+
 const ListStatement* ListBlock::Find(std::string_view sKey) const {
   const auto entry =
       std::find_if(entries.rbegin(), entries.rend(),
-                   [&](const ListStatement* pEntry) { return pEntry->sKey == sKey; });
+                   [&](const ListStatement* pEntry) { return pEntry->Key() == sKey; });
   return entry != entries.rend() ? *entry : nullptr;
 }
 
 std::string_view ListBlock::Value(std::string_view sKey) const {
   const ListStatement* pEntry = Find(sKey);
-  return pEntry != nullptr ? pEntry->sValue : std::string_view();
+  return pEntry != nullptr ? pEntry->Value() : std::string_view();
 }
 
 Place ListBlock::PlaceOf(std::string_view sKey) const {
   const ListStatement* pEntry = Find(sKey);
-  return pEntry != nullptr ? pEntry->value : start;
+  return pEntry != nullptr ? pEntry->ValuePlace() : start;
 }
 
 const char* NameOf(BlockKind kind) {

@@ -13,13 +13,30 @@
 
 namespace trelin {
 
-// A statement as the launcher understands it, and where its parts stand.
+// A part of a statement, and where it stands in its line.
+struct StatementPart {
+  const char* pText = nullptr;  // null for none
+  std::int32_t lColumn = 1;
+  std::int32_t lLength = 0;  // of what stands there, also without a text
+
+  std::string_view Text() const;
+};
+
+// A statement as the launcher understands it, and where its parts stand. A list may
+// have millions of them.
 struct ListStatement {
   Statement::Kind kind = Statement::Kind::None;
-  std::string_view sKey;    // of an entry; the type of a block start; in upper case
-  std::string_view sValue;  // of an entry
-  Place key;                // where there is none, the statement
-  Place value;              // where it is empty, behind the equals sign
+  std::int32_t lLine = 0;
+  StatementPart key;    // of an entry; the type of a block start; in upper case
+  StatementPart value;  // of an entry; the name of a block start
+
+  std::string_view Key() const { return key.Text(); }
+  std::string_view Value() const { return value.Text(); }
+  Place KeyPlace() const { return PlaceOf(key); }      // without a key, the statement
+  Place ValuePlace() const { return PlaceOf(value); }  // of an empty one, behind the equals sign
+
+ private:
+  Place PlaceOf(const StatementPart& part) const;
 };
 
 // Unknown: what nobody can tell, so that nothing in it is judged.

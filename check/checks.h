@@ -32,15 +32,20 @@ class Report {
         Finding{pRule_, Severity::Warning, place, std::move(sMessage), std::move(sHint)});
   }
 
+  // For what the same look finds under another rule.
+  Report Under(const Rule& rule) const { return {&rule, findings_}; }
+
  private:
   const Rule* pRule_;
   Findings& findings_;
 };
 
-// A rule and the function that reports what breaks it.
+// A rule and the function that reports what breaks it; the other rule, if any, that the
+// function reports under, too.
 struct Check {
   const Rule* pRule;
   void (*run)(const Suite& suite, Report& report);
+  const Rule* pOther = nullptr;
 };
 
 // The checks of a list that has been read, by what they look at: a new one needs

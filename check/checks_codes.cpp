@@ -47,12 +47,24 @@ std::unordered_map<std::string, std::size_t> ByCode(const Products& products) {
   return numbers;
 }
 
-// The first product or prerequisite of each code.
-std::map<std::string, const ListBlock*> FirstByCode(const CheckedList& list) {
-  std::map<std::string, const ListBlock*> blocks;
+struct CodedBlock {
+  std::string sCode;
+  const ListBlock* pBlock;
+};
+
+bool HasLowerCode(const CodedBlock& one, const CodedBlock& other) {
+  return one.sCode < other.sCode;
+}
+
+// The products and prerequisites that have a code, in the order of these; of one code in
+// that of the file.
+std::vector<CodedBlock> BlocksByCode(const CheckedList& list) {
+  std::vector<CodedBlock> blocks;
+  blocks.reserve(list.blocks.size());
   for (const ListBlock& block : list.blocks)
     if (std::string sCode = CodeOf(block); block.kind != BlockKind::SetupList && !sCode.empty())
-      blocks.emplace(std::move(sCode), &block);
+      blocks.push_back({std::move(sCode), &block});
+  std::stable_sort(blocks.begin(), blocks.end(), HasLowerCode);
   return blocks;
 }
 
@@ -70,18 +82,20 @@ void ForEachPrerequisite(const Suite& suite, Use use) {
 }
 
 // A code of the list that differs from sCode in a letter or two.
-std::string SimilarCode(const std::unordered_map<std::string, std::size_t>& numbers,
-                        const std::string& sCode) {
+std::string SimilarCode(const Products& products, const std::string& sCode) {
   constexpr std::size_t FewLetters = 2;
-  constexpr std::size_t MostCodes = 1000;  // the time grows with each prerequisite
-  if (numbers.size() > MostCodes) return "";
-  std::map<std::size_t, std::string> byDistance;
-  for (const auto& [sKnown, nNumber] : numbers)
-    byDistance.emplace(EditDistance(sCode, sKnown), sKnown);
-  const auto nearest = byDistance.begin();
-  const bool bSimilar =
-      nearest != byDistance.end() && nearest->first <= FewLetters && nearest->first < sCode.size();
-  return bSimilar ? nearest->second : "";
+  constexpr std::size_t MostProducts = 1000;  // the time grows with each prerequisite
+  std::string sSimilar;
+  std::size_t nNearest = std::min(FewLetters + 1, sCode.size());
+  if (products.size() > MostProducts) return sSimilar;
+  for (const ListBlock* pProduct : products) {
+    const std::string sKnown = CodeOf(*pProduct);
+    const std::size_t nDistance = EditDistance(sCode, sKnown);
+    if (sKnown.empty() || nDistance >= nNearest) continue;
+    nNearest = nDistance;
+    sSimilar = sKnown;
+  }
+  return sSimilar;
 }
 
 constexpr Rule RepeatedCode = {
@@ -109,15 +123,18 @@ constexpr Rule CodeOfCheckFile = {
 
 void CheckCodesOfCheckFiles(const Suite& suite, Report& report) {
   constexpr std::string_view End = "CHECKFILE";
-  const auto blocks = FirstByCode(suite.list);
+  const auto blocks = BlocksByCode(suite.list);
+  std::string_view sLast;
   for (const auto& [sCode, pBlock] : blocks) {
-    if (!sCode.ends_with(End)) continue;
-    const auto other = blocks.find(sCode.substr(0, sCode.size() - End.size()));
-    if (other == blocks.end()) continue;
+    const bool bFirst = std::exchange(sLast, sCode) != sCode;
+    if (!bFirst || !sCode.ends_with(End)) continue;
+    const CodedBlock wanted = {sCode.substr(0, sCode.size() - End.size()), nullptr};
+    const auto other = std::lower_bound(blocks.begin(), blocks.end(), wanted, HasLowerCode);
+    if (other->sCode != wanted.sCode) continue;
     report.Error(pBlock->PlaceOf("PRODUCTCODE"),
                  "The product code " + Quoted(pBlock->Value("PRODUCTCODE")) + " is " +
-                     Quoted(other->second->Value("PRODUCTCODE")) + " (" +
-                     InLine(other->second->PlaceOf("PRODUCTCODE")) +
+                     Quoted(other->pBlock->Value("PRODUCTCODE")) + " (" +
+                     InLine(other->pBlock->PlaceOf("PRODUCTCODE")) +
                      ") followed by CheckFile, which is where the path of that product's check "
                      "file is recorded.",
                  "Give the product a code of its own.");
@@ -182,10 +199,10 @@ constexpr Rule NotOffered = {"not-offered",
                              "The user who lacks it cannot install it from this menu."};
 
 void CheckOffered(const Suite& suite, Report& report) {
-  const auto numbers = ByCode(suite.list.Products());
+  const Products products = suite.list.Products();
   ForEachPrerequisite(suite, [&](const ListBlock& prerequisite, const ListBlock* pProduct) {
     if (pProduct != nullptr) return;
-    const std::string sSimilar = SimilarCode(numbers, CodeOf(prerequisite));
+    const std::string sSimilar = SimilarCode(products, CodeOf(prerequisite));
     report.Warn(
         prerequisite.PlaceOf("PRODUCTCODE"),
         "No product of this list has the code " + Quoted(prerequisite.Value("PRODUCTCODE")) +
@@ -231,24 +248,33 @@ class CircleSearch {
  private:
   enum class State { New, OnPath, Done };
 
-  struct Step {
+  struct Need {
     std::size_t nProduct;
-    std::size_t nNextNeed = 0;
+    const ListBlock* pPrerequisite;
   };
 
-  static std::vector<std::vector<const ListBlock*>> NeedsOf(const CheckedList& list) {
-    std::vector<std::vector<const ListBlock*>> needs;
+  struct Step {
+    std::size_t nProduct;
+    std::size_t nNextNeed;
+  };
+
+  static bool IsOfEarlierProduct(const Need& one, const Need& other) {
+    return one.nProduct < other.nProduct;
+  }
+
+  static std::vector<Need> NeedsOf(const CheckedList& list) {
+    std::vector<Need> needs;
     std::vector<std::size_t> numbers(list.blocks.size());  // of the product, by its block's
+    std::size_t nProducts = 0;
     for (std::size_t n = 0; n < list.blocks.size(); ++n) {
       const ListBlock& block = list.blocks[n];
       const bool bInProduct = list.blocks[block.nAround].kind == BlockKind::Application;
-      if (block.kind == BlockKind::Application) {
-        numbers[n] = needs.size();
-        needs.emplace_back();
-      } else if (block.kind == BlockKind::Dependency && bInProduct) {
-        needs[numbers[block.nAround]].push_back(&block);
-      }
+      if (block.kind == BlockKind::Application)
+        numbers[n] = nProducts++;
+      else if (block.kind == BlockKind::Dependency && bInProduct)
+        needs.push_back({numbers[block.nAround], &block});
     }
+    std::stable_sort(needs.begin(), needs.end(), IsOfEarlierProduct);
     return needs;
   }
 
@@ -256,19 +282,20 @@ class CircleSearch {
     Enter(nProduct);
     while (!path_.empty()) {
       Step& step = path_.back();
-      const auto& needs = needs_[step.nProduct];
-      if (step.nNextNeed == needs.size()) {
+      if (step.nNextNeed == needs_.size() || needs_[step.nNextNeed].nProduct != step.nProduct) {
         states_[step.nProduct] = State::Done;
         path_.pop_back();
         continue;
       }
-      Follow(*needs[step.nNextNeed++]);
+      Follow(*needs_[step.nNextNeed++].pPrerequisite);
     }
   }
 
   void Enter(std::size_t nProduct) {
     states_[nProduct] = State::OnPath;
-    path_.push_back({nProduct});
+    const auto first =
+        std::lower_bound(needs_.begin(), needs_.end(), Need{nProduct, nullptr}, IsOfEarlierProduct);
+    path_.push_back({nProduct, static_cast<std::size_t>(first - needs_.begin())});
   }
 
   void Follow(const ListBlock& block) {
@@ -296,26 +323,14 @@ class CircleSearch {
 
   Products products_;
   std::unordered_map<std::string, std::size_t> numbers_;
-  std::vector<std::vector<const ListBlock*>> needs_;  // the prerequisites of each product
+  std::vector<Need> needs_;  // by their products
   std::vector<State> states_;
   std::vector<Step> path_;
   Report& report_;
 };
 
-// The revisions that the list gives of each code, each text once.
-std::map<std::string, std::map<std::string, Place>> RevisionsByCode(const Suite& suite) {
-  std::map<std::string, std::map<std::string, Place>> revisions;
-  for (const ListBlock& block : suite.list.blocks) {
-    const std::string sCode = CodeOf(block);
-    const std::string_view sRevision = block.Value("REVISION");
-    if (block.kind != BlockKind::SetupList && !sCode.empty() && !sRevision.empty())
-      revisions[sCode].emplace(sRevision, block.PlaceOf("REVISION"));
-  }
-  return revisions;
-}
-
-void ReportOrder(const std::string& sCode, const std::pair<const std::string, Place>& lower,
-                 const std::pair<const std::string, Place>& higher, Report& report) {
+void ReportOrder(const std::string& sCode, const std::pair<const std::string_view, Place>& lower,
+                 const std::pair<const std::string_view, Place>& higher, Report& report) {
   const auto [sLower, sHigher] = SortableSpelling(lower.first, higher.first);
   const bool bHelps = sHigher < sLower;
   report.Error(
@@ -343,14 +358,24 @@ constexpr Rule RevisionOrder = {
 // Of revisions in the order of their texts, neighbours show whether all are in
 // the order of their numbers.
 void CheckRevisionOrder(const Suite& suite, Report& report) {
-  for (const auto& [sCode, revisions] : RevisionsByCode(suite)) {
+  std::string sLastCode;
+  std::map<std::string_view, Place> revisions;
+  const auto checkOrder = [&] {
     for (auto higher = revisions.begin(); higher != revisions.end(); ++higher) {
       if (higher == revisions.begin()) continue;
       const auto lower = std::prev(higher);
       if (std::is_gt(CompareByNumbers(lower->first, higher->first)))
-        ReportOrder(sCode, *lower, *higher, report);
+        ReportOrder(sLastCode, *lower, *higher, report);
     }
+    revisions.clear();
+  };
+  for (const auto& [sCode, pBlock] : BlocksByCode(suite.list)) {
+    if (sCode != sLastCode) checkOrder();
+    sLastCode = sCode;
+    if (const std::string_view sRevision = pBlock->Value("REVISION"); !sRevision.empty())
+      revisions.emplace(sRevision, pBlock->PlaceOf("REVISION"));
   }
+  checkOrder();
 }
 
 }  // namespace

@@ -1,13 +1,14 @@
 // Checks of the files that the list names. Windows starts a program also when
 // its name lacks the ".exe", and finds files in any letter case.
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_map>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "check/checks.h"
@@ -23,12 +24,17 @@ namespace trelin {
 
 namespace {
 
-// Calls it for each product's value of that key, which is not empty, and its place.
+// Calls it for each product's value of that key, which is not empty, and its place. Those
+// that name one file follow each other.
 template <class Use>
 void ForEachFile(const Suite& suite, const char* pKey, Use use) {
+  std::vector<std::pair<std::string_view, Place>> files;
   for (const ListBlock* pProduct : suite.list.Products())
-    if (const std::string sValue(pProduct->Value(pKey)); !sValue.empty())
-      use(sValue, pProduct->PlaceOf(pKey));
+    if (const std::string_view sValue = pProduct->Value(pKey); !sValue.empty())
+      files.emplace_back(sValue, pProduct->PlaceOf(pKey));
+  std::sort(files.begin(), files.end(),
+            [](const auto& one, const auto& other) { return one.first < other.first; });
+  for (const auto& [sValue, place] : files) use(std::string(sValue), place);
 }
 
 std::string NameIn(const std::string& sPath) { return sPath.substr(sPath.find_last_of("\\/") + 1); }
@@ -79,30 +85,24 @@ std::string OpenFailure(const std::string& sPath) {
   return "";
 }
 
-std::string PictureFailure(const std::string& sPath) {
-  try {
-    Picture::LoadFromFile(sPath);
-  } catch (const PlatformError& error) {
-    return error.what();
-  }
-  return "";
-}
-
-// Remembers what it found out about a path, as many products may name one.
+// Remembers what it found out about the last path, as many products may name one.
+template <class Found>
 class Remembered {
  public:
-  explicit Remembered(std::function<std::string(const std::string&)> find)
-      : find_(std::move(find)) {}
+  explicit Remembered(Found (*find)(const std::string&)) : find_(find) {}
 
-  const std::string& operator()(const std::string& sPath) {
-    const auto [found, bNew] = found_.try_emplace(sPath);
-    if (bNew) found->second = find_(sPath);
-    return found->second;
+  Found operator()(const std::string& sPath) {
+    if (sPath_ != sPath) {
+      found_ = find_(sPath);
+      sPath_ = sPath;
+    }
+    return found_;
   }
 
  private:
-  std::function<std::string(const std::string&)> find_;
-  std::unordered_map<std::string, std::string> found_;
+  Found (*find_)(const std::string&);
+  std::optional<std::string> sPath_;
+  Found found_;
 };
 
 std::string ReadMeLine(const Suite& suite, const std::string& sValue) {
@@ -160,7 +160,7 @@ constexpr Rule PictureMissing = {"picture-missing", "A picture file does not ope
 void CheckPicturesThere(const Suite& suite, Report& report) {
   Remembered failure(OpenFailure);
   ForEachFile(suite, "IMAGE", [&](const std::string& sValue, const Place& place) {
-    const std::string& sFailure = failure(PicturePath(suite, sValue));
+    const std::string sFailure = failure(PicturePath(suite, sValue));
     if (sFailure.empty()) return;
     report
         .Error(place, "The picture is missing: the product shows the launcher's own. " + sFailure,
@@ -174,27 +174,12 @@ void CheckPicturesThere(const Suite& suite, Report& report) {
 constexpr Rule PictureUnreadable = {"picture-unreadable", "A picture does not load.",
                                     "The product shows the launcher's own picture."};
 
-void CheckPicturesLoad(const Suite& suite, Report& report) {
-  Remembered failure([](const std::string& sPath) {
-    return OpenFailure(sPath).empty() ? PictureFailure(sPath) : "";
-  });
-  ForEachFile(suite, "IMAGE", [&](const std::string& sValue, const Place& place) {
-    const std::string& sFailure = failure(PicturePath(suite, sValue));
-    if (!sFailure.empty())
-      report.Error(place,
-                   "The picture does not load: the product shows the launcher's own. " + sFailure,
-                   "Use a BMP, ICO, GIF, JPEG or PNG file, 32 by 32 pixels.");
-  });
-}
-
 constexpr Rule PictureSize = {"picture-size", "A picture is not 32 by 32 pixels.",
                               "It is scaled, which hardly ever looks as it was drawn."};
 
-// How a picture looks that does not have the size of the menu's pictures; empty for one
-// that has, or that does not load.
-std::string LooksScaled(const std::string& sPath) try {
+// Empty for one that has the size of the menu's pictures.
+std::string LooksScaled(const Picture& picture) {
   constexpr int Side = 32;  // pixels
-  const Picture picture = Picture::LoadFromFile(sPath);
   const int nWidth = picture.WidthPixels(), nHeight = picture.HeightPixels();
   if (nWidth == Side && nHeight == Side) return "";
   return "The picture is " + std::to_string(nWidth) + " by " + std::to_string(nHeight) +
@@ -202,15 +187,29 @@ std::string LooksScaled(const std::string& sPath) try {
          (nWidth != nHeight ? "it looks squeezed."
           : nWidth > Side   ? "its fine lines are lost."
                             : "it looks coarse.");
-} catch (const PlatformError&) {
-  return "";
 }
 
-void CheckPictureSizes(const Suite& suite, Report& report) {
-  Remembered looks(LooksScaled);
+struct LoadedPicture {
+  std::string sFailure;  // of a file that is there
+  std::string sLooks;
+};
+
+LoadedPicture LoadPicture(const std::string& sPath) try {
+  return {"", LooksScaled(Picture::LoadFromFile(sPath))};
+} catch (const PlatformError& error) {
+  return {OpenFailure(sPath).empty() ? error.what() : "", ""};
+}
+
+void CheckPicturesLoad(const Suite& suite, Report& report) {
+  Remembered loaded(LoadPicture);
   ForEachFile(suite, "IMAGE", [&](const std::string& sValue, const Place& place) {
-    if (const std::string& sLooks = looks(PicturePath(suite, sValue)); !sLooks.empty())
-      report.Warn(place, sLooks, "Draw it in 32 by 32 pixels.");
+    const auto [sFailure, sLooks] = loaded(PicturePath(suite, sValue));
+    if (!sFailure.empty())
+      report.Error(place,
+                   "The picture does not load: the product shows the launcher's own. " + sFailure,
+                   "Use a BMP, ICO, GIF, JPEG or PNG file, 32 by 32 pixels.");
+    if (!sLooks.empty())
+      report.Under(PictureSize).Warn(place, sLooks, "Draw it in 32 by 32 pixels.");
   });
 }
 
@@ -218,10 +217,11 @@ constexpr Rule InstallerMissing = {"installer-missing", "An installer is not in 
                                    "Setup of the product ends in an error."};
 
 void CheckInstallersThere(const Suite& suite, Report& report) {
-  Remembered failure(
-      [](const std::string& sPath) { return IsProgram(sPath) ? "" : OpenFailure(sPath); });
+  Remembered failure(+[](const std::string& sPath) {
+    return IsProgram(sPath) ? std::string() : OpenFailure(sPath);
+  });
   ForEachFile(suite, "INSTALLFILE", [&](const std::string& sValue, const Place& place) {
-    const std::string& sFailure = failure(InstallerPath(suite, sValue));
+    const std::string sFailure = failure(InstallerPath(suite, sValue));
     if (sFailure.empty()) return;
     const std::string sFirstWord = sValue.substr(0, sValue.find(' '));
     const bool bArguments = sFirstWord != sValue && IsProgram(InstallerPath(suite, sFirstWord));
@@ -356,10 +356,13 @@ std::vector<Correction> FileNamesAsOnDisk(const Suite& suite) {
 
 std::span<const Check> FileChecks() {
   static constexpr std::array Table = {
-      Check{&PictureMissing, CheckPicturesThere},    Check{&PictureUnreadable, CheckPicturesLoad},
-      Check{&PictureSize, CheckPictureSizes},        Check{&InstallerMissing, CheckInstallersThere},
-      Check{&ReadMeMissing, CheckReadMesThere},      Check{&ReadMeAmbiguous, CheckReadMesClear},
-      Check{&ArgumentMissing, CheckReadMeArguments}, Check{&NotAProgram, CheckPrograms},
+      Check{&PictureMissing, CheckPicturesThere},
+      Check{&PictureUnreadable, CheckPicturesLoad, &PictureSize},
+      Check{&InstallerMissing, CheckInstallersThere},
+      Check{&ReadMeMissing, CheckReadMesThere},
+      Check{&ReadMeAmbiguous, CheckReadMesClear},
+      Check{&ArgumentMissing, CheckReadMeArguments},
+      Check{&NotAProgram, CheckPrograms},
   };
   return Table;
 }

@@ -73,14 +73,14 @@ std::optional<Correction> KeyMeant(BlockKind kind, const ListStatement& entry,
   constexpr std::size_t FewLetters = 2;
   const auto& keys = KeysOf(kind);
   const auto isNear = [&entry](const char* pKey) {
-    return EditDistance(entry.sKey, pKey) <= FewLetters;
+    return EditDistance(entry.Key(), pKey) <= FewLetters;
   };
   const auto key = std::find_if(keys.begin(), keys.end(), isNear);
   const bool bOnlyOne = std::count_if(keys.begin(), keys.end(), isNear) == 1;
-  if (!bOnlyOne || known.contains(*key) || !WhereKnown(std::string(entry.sKey)).empty())
+  if (!bOnlyOne || known.contains(*key) || !WhereKnown(std::string(entry.Key())).empty())
     return std::nullopt;
   known.insert(*key);  // for the next one
-  return Correction{entry.key, *key};
+  return Correction{entry.KeyPlace(), *key};
 }
 
 constexpr Rule UnknownKey = {
@@ -91,7 +91,7 @@ constexpr Rule UnknownKey = {
 std::set<std::string_view> KnownKeys(const ListBlock& block) {
   std::set<std::string_view> known;
   for (const ListStatement* pEntry : block.entries)
-    if (IsKeyOf(block.kind, pEntry->sKey)) known.insert(pEntry->sKey);
+    if (IsKeyOf(block.kind, pEntry->Key())) known.insert(pEntry->Key());
   return known;
 }
 
@@ -99,10 +99,10 @@ void CheckUnknownKeys(const Suite& suite, Report& report) {
   for (const ListBlock& block : suite.list.blocks) {
     std::set<std::string_view> known = KnownKeys(block);
     for (const ListStatement* pEntry : block.entries) {
-      if (block.kind == BlockKind::Unknown || IsKeyOf(block.kind, pEntry->sKey)) continue;
-      const std::string sKey(pEntry->sKey);
+      if (block.kind == BlockKind::Unknown || IsKeyOf(block.kind, pEntry->Key())) continue;
+      const std::string sKey(pEntry->Key());
       report
-          .Error(pEntry->key, UnknownKeyMessage(suite.list, block.kind, sKey),
+          .Error(pEntry->KeyPlace(), UnknownKeyMessage(suite.list, block.kind, sKey),
                  UnknownKeyHint(block.kind, sKey))
           .correction = KeyMeant(block.kind, *pEntry, known);
     }
@@ -117,10 +117,10 @@ void CheckRepeatedKeys(const Suite& suite, Report& report) {
   for (const ListBlock& block : suite.list.blocks) {
     std::map<std::string_view, std::int32_t> lines;  // by key
     for (const ListStatement* pEntry : block.entries) {
-      const auto [first, bNew] = lines.emplace(pEntry->sKey, pEntry->key.lLine);
-      if (bNew || !IsKeyOf(block.kind, pEntry->sKey)) continue;
-      report.Warn(pEntry->key,
-                  std::string(pEntry->sKey) + " is given twice in this block, first in line " +
+      const auto [first, bNew] = lines.emplace(pEntry->Key(), pEntry->lLine);
+      if (bNew || !IsKeyOf(block.kind, pEntry->Key())) continue;
+      report.Warn(pEntry->KeyPlace(),
+                  std::string(pEntry->Key()) + " is given twice in this block, first in line " +
                       std::to_string(first->second) + ". The later value counts.",
                   "Remove one of the two lines.");
     }

@@ -58,9 +58,11 @@ class Depths {
   explicit Depths(const std::vector<ListStatement>& statements) : places_(statements.size() + 1) {
     for (std::size_t n = 0; n < statements.size(); ++n)
       places_[n + 1].lDepth = places_[n].lDepth + Change(statements[n].kind);
-    places_.back().nNextProduct = statements.size();
-    for (std::size_t n = statements.size(); n-- > 0;)
-      places_[n].nNextProduct = StartsProduct(statements[n]) ? n : places_[n + 1].nNextProduct;
+    std::size_t nNextProduct = statements.size();
+    for (std::size_t n = places_.size(); n-- > 0;) {
+      if (n < statements.size() && StartsProduct(statements[n])) nNextProduct = n;
+      places_[n].lNextProduct = static_cast<std::uint32_t>(nNextProduct);
+    }
   }
 
   // Whether the block that starts at statement nStart is closed within the block
@@ -80,7 +82,7 @@ class Depths {
   // a statement; at the end of the file, where the list itself is closed, how many
   // blocks in all.
   std::int32_t OpenBehind(std::size_t nPlace, std::size_t nOpenBlocks) const {
-    const std::size_t nProduct = places_[nPlace + 1].nNextProduct;
+    const std::size_t nProduct = places_[nPlace + 1].lNextProduct;
     const bool bAtEnd = nProduct + 1 == places_.size();
     return static_cast<std::int32_t>(nOpenBlocks) + places_[nProduct].lDepth -
            places_[nPlace].lDepth - (bAtEnd ? 0 : 1);
@@ -88,7 +90,7 @@ class Depths {
 
   struct PlaceInList {
     std::int32_t lDepth = 0;
-    std::size_t nNextProduct = 0;
+    std::uint32_t lNextProduct = 0;  // the number of its statement
   };
 
   static std::int32_t Change(Statement::Kind kind) {
@@ -98,7 +100,7 @@ class Depths {
 
   static bool StartsProduct(const ListStatement& statement) {
     return statement.kind == Statement::Kind::StartBlock &&
-           MeantType(statement.sKey, "") == Product;
+           MeantType(statement.Key(), "") == Product;
   }
 
   std::vector<PlaceInList> places_;  // in front of each statement, and at the end
@@ -125,7 +127,7 @@ class StructureReader {
   bool AtEnd() const { return nNext_ == list_.statements.size(); }
   const ListStatement& Next() const { return list_.statements[nNext_]; }
   bool NextIsBlock() const { return Next().kind == Statement::Kind::StartBlock; }
-  std::int32_t NextLine() const { return Next().key.lLine; }
+  std::int32_t NextLine() const { return Next().lLine; }
   Place NextPlace() const { return list_.PlaceInLine(NextLine()); }
 
   void AddFault(const Rule* pRule, const Place& place, const std::string& sMessage,
@@ -144,15 +146,16 @@ class StructureReader {
                  FormatResourceString(TextNumber::NoBeginning, place.lLine), "");
       while (!AtEnd() && !NextIsBlock()) ++nNext_;
       if (AtEnd()) return false;
-    } else if (Next().sKey != Outer) {
-      AddFault(&rule::WrongBlock, Next().key,
+    } else if (Next().Key() != Outer) {
+      AddFault(&rule::WrongBlock, Next().KeyPlace(),
                FormatResourceString(TextNumber::WrongBlock, "BLOCK", NextLine(), Outer,
-                                    std::string(Next().sKey)),
+                                    std::string(Next().Key())),
                "");
-      if (MeantType(Next().sKey, "") == Outer) list_.faults.back().correction = {Next().key, Outer};
+      if (MeantType(Next().Key(), "") == Outer)
+        list_.faults.back().correction = {Next().KeyPlace(), Outer};
     }
     list_.blocks.front().start = NextPlace();
-    bOuterStarted_ = MeantType(Next().sKey, Outer) == Outer;
+    bOuterStarted_ = MeantType(Next().Key(), Outer) == Outer;
     if (bOuterStarted_) ++nNext_;
     return true;
   }
@@ -199,7 +202,7 @@ class StructureReader {
   }
 
   void ReadEntry() {
-    const std::string_view sKey = Next().sKey;
+    const std::string_view sKey = Next().Key();
     const bool bOfProduct = Innermost().kind == BlockKind::SetupList && nLastProduct_ > 0 &&
                             !IsKeyOf(BlockKind::SetupList, sKey) &&
                             IsKeyOf(BlockKind::Application, sKey);
@@ -213,8 +216,8 @@ class StructureReader {
   void ReopenProduct() {
     const std::string sMessage =
         FormatResourceString(TextNumber::UnknownKey, LoadResourceString(TextNumber::MenuCaption),
-                             std::string(Next().sKey));
-    AddFault(&rule::AfterEnd, Next().key, sMessage,
+                             std::string(Next().Key()));
+    AddFault(&rule::AfterEnd, Next().KeyPlace(), sMessage,
              "The END in line " + std::to_string(lEnd_) +
                  " is one too many: this entry stands behind the product that it belongs to.");
     open_.push_back({nLastProduct_});
@@ -229,7 +232,7 @@ class StructureReader {
   }
 
   // Behind the last statement that was read.
-  Place PlaceOfEnd() const { return {list_.statements[nNext_ - 1].key.lLine + 1, 1, 0}; }
+  Place PlaceOfEnd() const { return {list_.statements[nNext_ - 1].lLine + 1, 1, 0}; }
 
   // A line that ends the block, as far from the margin as its start.
   std::string EndOf(const ListBlock& block) const {
@@ -241,7 +244,7 @@ class StructureReader {
   // read as what it was most probably meant to be.
   void ReadBlockStart() {
     const ListBlock& around = Innermost();
-    const std::string_view sType = Next().sKey;
+    const std::string_view sType = Next().Key();
     OpenBlock opened;
     if (!Accepts(around.kind, sType)) {
       const std::string sMeant = MeantType(sType, "");
@@ -252,7 +255,7 @@ class StructureReader {
         opened.nFault = list_.faults.size();
         ReportInner(around, bEndMissing);
         if (!bEndMissing && Accepts(around.kind, sMeant))
-          list_.faults.back().correction = {Next().key, sMeant};
+          list_.faults.back().correction = {Next().KeyPlace(), sMeant};
       }
       if (bEndMissing) CloseUpTo(sMeant, opened.nFault);
     }
@@ -273,7 +276,7 @@ class StructureReader {
   void StartBlock(OpenBlock opened) {
     const BlockKind around = Innermost().kind;
     ListBlock block;
-    block.kind = InnerKind(around, MeantType(Next().sKey, ExpectedIn(around)));
+    block.kind = InnerKind(around, MeantType(Next().Key(), ExpectedIn(around)));
     block.start = NextPlace();
     block.nAround = open_.back().nBlock;
     opened.nBlock = list_.blocks.size();
@@ -284,7 +287,7 @@ class StructureReader {
 
   void ReportInner(const ListBlock& around, bool bEndMissing) {
     const std::int32_t lLine = NextLine();
-    const std::string sType(Next().sKey);
+    const std::string sType(Next().Key());
     const std::string sMessage =
         around.kind == BlockKind::Dependency
             ? FormatResourceString(TextNumber::BlockInDependency, lLine, sType)
@@ -294,7 +297,7 @@ class StructureReader {
     if (bEndMissing)
       sHint = std::string("The block ") + NameOf(around.kind) + " that begins in line " +
               std::to_string(around.start.lLine) + " is still open here: its END is missing.";
-    AddFault(&rule::WrongBlock, Next().key, sMessage, sHint);
+    AddFault(&rule::WrongBlock, Next().KeyPlace(), sMessage, sHint);
   }
 
   // Of lines that are no statements, those behind the END of the outer block.
@@ -318,7 +321,7 @@ class StructureReader {
     }
     while (!AtEnd() && !NextIsBlock()) ++nNext_;
     if (AtEnd()) return;
-    if (MeantType(Next().sKey, "") == Outer)
+    if (MeantType(Next().Key(), "") == Outer)
       SkipSecondList();
     else
       ReadBlock(0);

@@ -52,20 +52,20 @@ class StatementReader {
         {pRule, Severity::Error, list_.PlaceInLine(lLine_), list_.LaunchersWords(sMessage), sHint});
   }
 
-  // Where a part of sText stands in the line at hand, which has the same columns.
-  Place PlaceOf(std::string_view sPart, std::string_view sText) const {
-    return {lLine_, static_cast<std::int32_t>(sPart.data() - sText.data() + 1),
-            std::max(static_cast<std::int32_t>(sPart.size()), 1)};
+  // A part of sText, which has the columns of the line at hand.
+  static StatementPart PartOf(std::string_view sPart, std::string_view sText) {
+    return {sPart.data(), static_cast<std::int32_t>(sPart.data() - sText.data() + 1),
+            static_cast<std::int32_t>(sPart.size())};
   }
 
   void Take(std::string_view sText, const Statement& statement) {
     if (statement.kind == Statement::Kind::None) return;
-    const bool bEntry = statement.kind == Statement::Kind::KeyValue;
-    const bool bNamed = bEntry || !statement.sWord.empty();
-    list_.statements.push_back({statement.kind, Upper(statement.sWord),
-                                bEntry ? statement.sRest : std::string_view(),
-                                PlaceOf(bNamed ? statement.sWord : statement.sContent, sText),
-                                PlaceOf(statement.sRest, sText)});
+    const bool bNamed = statement.kind == Statement::Kind::KeyValue || !statement.sWord.empty();
+    StatementPart key = PartOf(bNamed ? statement.sWord : statement.sContent, sText);
+    key.pText = bNamed ? Upper(statement.sWord).data() : nullptr;
+    const bool bValue = statement.kind != Statement::Kind::EndBlock;
+    list_.statements.push_back(
+        {statement.kind, lLine_, key, bValue ? PartOf(statement.sRest, sText) : StatementPart()});
   }
 
   std::string_view Upper(std::string_view sWord) {

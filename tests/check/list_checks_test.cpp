@@ -129,12 +129,12 @@ TEST_F(ListReader, PlacesAndValues) {
   const ListBlock& product = *list.Products()[0];
   EXPECT_EQ(product.start, (Place{2, 2, 24}));
   ASSERT_EQ(product.entries.size(), 2U);
-  EXPECT_EQ(product.entries[0]->sKey, "PRODUCT");
-  EXPECT_EQ(product.entries[0]->sValue, "A = B");
-  EXPECT_EQ(product.entries[0]->key, (Place{3, 3, 7}));
-  EXPECT_EQ(product.entries[0]->value, (Place{3, 13, 5}));
-  EXPECT_EQ(product.entries[1]->value, (Place{4, 8, 1})) << "behind the equals sign";
-  EXPECT_EQ(list.statements[1].key, (Place{2, 9, 11}));
+  EXPECT_EQ(product.entries[0]->Key(), "PRODUCT");
+  EXPECT_EQ(product.entries[0]->Value(), "A = B");
+  EXPECT_EQ(product.entries[0]->KeyPlace(), (Place{3, 3, 7}));
+  EXPECT_EQ(product.entries[0]->ValuePlace(), (Place{3, 13, 5}));
+  EXPECT_EQ(product.entries[1]->ValuePlace(), (Place{4, 8, 1})) << "behind the equals sign";
+  EXPECT_EQ(list.statements[1].KeyPlace(), (Place{2, 9, 11}));
 }
 
 // A whole product, of six lines; sMore, if any, stands in front of its END.
