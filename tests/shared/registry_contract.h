@@ -3,16 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <functional>
 #include <memory>
 #include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "seam/registry.h"
+#include "real_platform.h"
+#include "shared/memory_registry.h"
+#include "testing/temporary_folder.h"
 
 namespace trelin {
+
+constexpr RegistryKey Hive = RegistryKey::LocalMachine;
 
 inline std::int32_t Set(Registry& registry, RegistryKey hKey, const std::string& sName,
                         const std::string& sData, std::uint32_t lType = RegistryTypeText) {
@@ -44,7 +47,7 @@ inline std::vector<std::string> KeysOf(Registry& registry, RegistryKey hKey) {
 
 // What is in a key: "a=1 b=2 [Key c=3]", in the order of the names.
 inline std::string TreeOf(Registry& registry, RegistryKey hKey) {
-  std::set<std::string> parts;
+  std::multiset<std::string> parts;
   std::array<char, 20000> data{};
   std::array<char, 256> name{};
   for (std::uint32_t l = 0, lName = 256, lData = 20000;
@@ -82,20 +85,19 @@ inline std::string_view PutTree(Registry& registry, RegistryKey hKey, std::strin
   return sTree;
 }
 
-// What every Registry does. The tests stand in memory_registry_test.cpp; each
-// implementation's own tests instantiate them. They work below one key, which
-// they remove again.
-class RegistryContract : public testing::TestWithParam<std::function<std::unique_ptr<Registry>()>> {
+// What every Registry does: the one in memory and the platform's own. The tests work
+// below one key, which they remove again.
+class RegistryContract : public testing::TestWithParam<std::string> {
  protected:
   static constexpr const char* Base = "SOFTWARE\\TrelinContract";
 
   RegistryContract() {
-    Clear(RegistryKey::LocalMachine, Base);
-    base_ = Create(RegistryKey::LocalMachine, Base);
+    Clear(Hive, Base);
+    base_ = Create(Hive, Base);
   }
   ~RegistryContract() override {
     registry_.CloseKey(base_);
-    Clear(RegistryKey::LocalMachine, Base);
+    Clear(Hive, Base);
   }
 
   RegistryKey Create(RegistryKey hParent, const std::string& sPath) {
@@ -109,7 +111,9 @@ class RegistryContract : public testing::TestWithParam<std::function<std::unique
     registry_.DeleteKey(hParent, sPath);
   }
 
-  std::unique_ptr<Registry> owner_ = GetParam()();
+  const TemporaryFolder folder_;
+  const std::unique_ptr<Registry> owner_ =
+      GetParam() == "Memory" ? std::make_unique<MemoryRegistry>() : RealRegistry(folder_ / "");
   Registry& registry_ = *owner_;
   RegistryKey base_ = RegistryKey::None;
 };

@@ -1,4 +1,6 @@
-#include "tests/suite/registry_trees.h"
+#include "suite/reg_entry.h"
+#include "testing/program_test.h"
+#include "tests/shared/registry_contract.h"
 
 namespace trelin {
 namespace {
@@ -11,6 +13,23 @@ constexpr RegistryKey Classes = RegistryKey::ClassesRoot;
 // A name that does not fit into the accessor's buffer: the key with it is
 // never found by an enumeration, and its parent cannot be deleted.
 const std::string sUnseen(255, 'u');
+
+// The accessor's operations on trees, on every Registry; its root is the contract's key.
+class RegistryTrees : public RegistryContract, protected FakePlatform {
+ protected:
+  RegistryTrees() { objReg.SetDefaultRoot(Base); }
+
+  // What is in the key; "none" for no key.
+  std::string Tree(const std::string& sPath, RegistryKey hParent) {
+    const KeyHandle key = TryOpen(hParent, sPath);
+    return key.IsOpen() ? TreeOf(registry_, key.Get()) : "none";
+  }
+
+  const PlatformScope ofContract{{&registry_, &libraries, &system}};
+  RegEntry objReg;
+};
+
+INSTANTIATE_TEST_SUITE_P(Of, RegistryTrees, testing::Values("Memory", "Platform"));
 
 TEST_P(RegistryTrees, ACopyIsOfTextsAndKeepsWhatTheDestinationHas) {
   const std::string sFits = "a=" + std::string(255, 'x');
