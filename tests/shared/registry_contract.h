@@ -93,16 +93,13 @@ class RegistryContract : public testing::TestWithParam<std::string> {
 
   RegistryContract() {
     Clear(Hive, Base);
-    base_ = Create(Hive, Base);
+    base_ = Create(registry_, Hive, Base);
   }
   ~RegistryContract() override {
     registry_.CloseKey(base_);
     Clear(Hive, Base);
   }
 
-  RegistryKey Create(RegistryKey hParent, const std::string& sPath) {
-    return trelin::Create(registry_, hParent, sPath);
-  }
   void Clear(RegistryKey hParent, const std::string& sPath) {
     RegistryKey hKey = RegistryKey::None;
     if (registry_.OpenKey(hParent, sPath, RegistryReadWrite, hKey) != 0) return;

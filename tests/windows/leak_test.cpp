@@ -4,9 +4,7 @@
 #include <windows.h>
 #include <winternl.h>
 
-#include <algorithm>
 #include <cstdint>
-#include <span>
 #include <stdexcept>
 
 #include "systems/windows/toolkit_native.h"
@@ -24,26 +22,19 @@ struct GuiObjects {
   int nGdi;
 };
 
-// A place in the process's table of GDI handles. Type is 0 while it is free.
-struct GdiEntry {
-  std::uint64_t nObject;
-  std::uint16_t nProcess, nCount, nUnique;
-  std::uint8_t nType, nFlags;
-  std::uint64_t nUser;
-};
-
-// Wine answers GetGuiResources with 0. The process block holds the address of
-// the table, whose 16384 places are all the process's own. It is that of 64 bits;
-// that of a 32-bit process lies a page behind.
+// Wine answers GetGuiResources with 0. The process block holds the address of the
+// table of handles, all of whose places are the process's own; an object's type is 0
+// while its place is free. The block is that of 64 bits; that of a 32-bit process
+// lies a page behind.
 int CountGdiEntries() {
-  constexpr std::size_t AddressOfTable = 0xF8;
+  constexpr std::size_t AddressOfTable = 0xF8, Places = 16384, PlaceSize = 24, Type = 14;
   const auto nBlock = reinterpret_cast<std::uintptr_t>(NtCurrentTeb()->ProcessEnvironmentBlock) -
                       (sizeof(void*) == 8 ? 0 : 0x1000);
   const auto nTable = *reinterpret_cast<const std::uint64_t*>(nBlock + AddressOfTable);
-  const std::span entries(reinterpret_cast<const GdiEntry*>(static_cast<std::uintptr_t>(nTable)),
-                          16384);
-  return static_cast<int>(std::count_if(entries.begin(), entries.end(),
-                                        [](const GdiEntry& entry) { return entry.nType != 0; }));
+  const auto* table = reinterpret_cast<const std::uint8_t*>(static_cast<std::uintptr_t>(nTable));
+  int nCount = 0;
+  for (std::size_t n = 0; n < Places; ++n) nCount += table[n * PlaceSize + Type] == 0 ? 0 : 1;
+  return nCount;
 }
 
 // In Wine's handle of a user object, the low word is 0x20 and twice the place
