@@ -76,7 +76,7 @@ TEST(RegistryFile, SaysWhatIsWrong) {
       {WithValue + "x", "3: a value is \"text\", dword: with a number, or hex: or hex(type):"},
       {WithValue + "\"C:\\dir\"", "3: in a text, a backslash is written twice"},
       {WithValue + "dword:12 34", "3: only a comment may follow the value"},
-      {WithValue + "dword:123456789", "3: a dword has one to eight hexadecimal digits"},
+      {WithValue + "dword:000000001", "3: a dword has one to eight hexadecimal digits"},
       {WithValue + "hex(x):01", "3: the type in hex(...): has one to eight hexadecimal digits"},
       {WithValue + "hex(1:01", "3: the type in hex(...): has one to eight hexadecimal digits"},
       {WithValue + "hex:01,\\\n", "4: the bytes go on after the backslash, but the file ends"},
