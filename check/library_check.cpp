@@ -11,6 +11,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "check/ansi_code_pages.h"
 #include "check/text_fit.h"
 #include "seam/platform.h"
 #include "shared/code_page.h"
@@ -41,6 +42,10 @@ constexpr Rule TextTooLong = {"text-too-long", "A text has more than 1,023 chara
 constexpr Rule TextNotAnsi = {
     "text-not-ansi", "A text of a string library has characters that the ANSI code page lacks.",
     "They are shown right on computers only whose ANSI code page has them."};
+constexpr Rule NoCodePage = {
+    "no-code-page", "No ANSI code page has all characters of a text of a string library.",
+    "The launcher has its texts in the computer's ANSI code page: on each one some of them are "
+    "question marks."};
 constexpr Rule AccessKey = {"access-key", "Buttons lack access keys or share one.",
                             "Who works without a mouse presses a button by its letter."};
 constexpr Rule AlikeTexts = {"alike-texts", "Two installation states read the same.",
@@ -179,14 +184,27 @@ class LibraryComparison {
       Add(TextTooLong, Severity::Error, nNumber,
           "has " + std::to_string(sText.size()) + " characters. The launcher reads 1023.",
           "Shorten it.");
+    CheckCharacters(nNumber, sText);
+  }
+
+  void CheckCharacters(std::uint16_t nNumber, const std::u16string& sText) {
     const auto foreign = std::find_if(sText.begin(), sText.end(), [](char16_t c) {
       return c != u'?' && FromUtf16(std::u16string(1, c)) == "?";
     });
-    if (foreign != sText.end())
-      Add(TextNotAnsi, Severity::Warning, nNumber,
-          "has a character that Windows-1252 lacks, its " +
-              std::to_string(foreign - sText.begin() + 1) + ".",
-          "It is shown on computers only whose ANSI code page has it.");
+    if (foreign == sText.end()) return;
+    const std::string sWhich = std::to_string(foreign - sText.begin() + 1);
+    const auto pages = CodePagesOf(sText);
+    if (pages && pages->empty())
+      return Add(NoCodePage, Severity::Error, nNumber,
+                 "has characters that no ANSI code page has together; Windows-1252 lacks its " +
+                     sWhich + ".",
+                 "Write it in the letters of one script that has a code page.");
+    std::string sPages;
+    for (const int nPage : pages.value_or(std::vector<int>()))
+      sPages += (sPages.empty() ? ": " : ", ") + std::to_string(nPage);
+    Add(TextNotAnsi, Severity::Warning, nNumber,
+        "has a character that Windows-1252 lacks, its " + sWhich + ".",
+        "It is shown on computers only whose ANSI code page has it" + sPages + ".");
   }
 
   // The menu tells by the text that a state has changed.
@@ -287,9 +305,9 @@ std::optional<LibraryTexts> ReadTexts(const std::string& sPath) {
 }  // namespace
 
 std::span<const Rule* const> LibraryRules() {
-  static constexpr std::array Table = {&LibraryDamaged, &MissingText, &UnknownText, &Placeholders,
-                                       &TextTooLong,    &TextNotAnsi, &AccessKey,   &AlikeTexts,
-                                       &NoticeNumber,   &Untranslated};
+  static constexpr std::array Table = {&LibraryDamaged, &MissingText,  &UnknownText, &Placeholders,
+                                       &TextTooLong,    &TextNotAnsi,  &NoCodePage,  &AccessKey,
+                                       &AlikeTexts,     &NoticeNumber, &Untranslated};
   return Table;
 }
 
