@@ -31,9 +31,9 @@ bool IsUtf8(std::string_view sText);
 
 // The first such stretch of a line: a code that stands for no character, a control
 // character other than a tab, or a character in UTF-8; of these one that the code page
-// lacks comes first. In a file whose
-// other lines show that it is in the code page, a line counts as UTF-8 only when
-// its characters are letters of the code page, each in two or three bytes.
+// lacks comes first. In a file whose other lines show that it is in the code page, a line
+// counts as UTF-8 only when its characters are letters of the code page, each in two or
+// three bytes.
 std::optional<ForeignText> FindForeignText(std::string_view sLine, bool bFileIsUtf8);
 
 }  // namespace trelin

@@ -1,6 +1,8 @@
 #include "check/list_reader.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -108,7 +110,8 @@ class Depths {
 
 class StructureReader {
  public:
-  explicit StructureReader(CheckedList& list) : list_(list), depths_(list.statements) {}
+  explicit StructureReader(CheckedList& list)
+      : list_(list), nLineFaults_(std::ssize(list.faults)), depths_(list.statements) {}
 
   void Read() {
     list_.blocks.emplace_back();
@@ -251,7 +254,7 @@ class StructureReader {
       const bool bEndMissing =
           ClosesBlock(around.kind, sMeant) && !depths_.IsNested(nNext_, open_.size());
       opened.bStrange = sMeant.empty();
-      if (!open_.back().bStrange) {
+      if (!open_.back().bStrange && (bEndMissing || !IsReported(NextLine()))) {
         opened.nFault = list_.faults.size();
         ReportInner(around, bEndMissing);
         if (!bEndMissing && Accepts(around.kind, sMeant))
@@ -260,6 +263,14 @@ class StructureReader {
       if (bEndMissing) CloseUpTo(sMeant, opened.nFault);
     }
     StartBlock(opened);
+  }
+
+  // A line that is no statement tells what it is read as.
+  bool IsReported(std::int32_t lLine) const {
+    const auto fault = std::lower_bound(
+        list_.faults.begin(), list_.faults.begin() + nLineFaults_, lLine,
+        [](const Finding& one, std::int32_t lOther) { return one.place.lLine < lOther; });
+    return fault != list_.faults.begin() + nLineFaults_ && fault->place.lLine == lLine;
   }
 
   // The END that is missing may be that of the innermost block alone; that of
@@ -337,6 +348,7 @@ class StructureReader {
   }
 
   CheckedList& list_;
+  const std::ptrdiff_t nLineFaults_;  // the first ones, of lines that are no statements
   const Depths depths_;
   std::size_t nNext_ = 0;
   std::vector<OpenBlock> open_;   // the outer one first

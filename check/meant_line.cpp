@@ -22,10 +22,12 @@ bool IsKeyOfAnyBlock(std::string_view sWord) {
                      [sWord](BlockKind kind) { return IsKeyOf(kind, sWord); });
 }
 
-// The word BLOCK in front of the type is missing.
-bool MeansBlockType(std::string_view sWord) {
-  return std::any_of(Kinds.begin(), Kinds.end(),
-                     [sWord](BlockKind kind) { return EditDistance(sWord, NameOf(kind)) <= 2; });
+// The block type that a word is, but for a slip or two; a null pointer for none.
+const char* BlockTypeMeant(std::string_view sWord) {
+  const auto kind = std::find_if(Kinds.begin(), Kinds.end(), [sWord](BlockKind known) {
+    return EditDistance(sWord, NameOf(known)) <= 2;
+  });
+  return kind != Kinds.end() ? NameOf(*kind) : nullptr;
 }
 
 bool MeansBlock(std::string_view sWord, std::string_view sRest) {
@@ -54,7 +56,7 @@ Statement MeantStatement(std::string_view sLine) {
   const std::string_view sRest = Behind(sContent, sWord, " :");
   const std::string sUpper = UpperCase(sWord);
   if (IsKeyOfAnyBlock(sUpper)) return {Statement::Kind::KeyValue, sWord, sRest, sContent};
-  if (MeansBlockType(sUpper))
+  if (BlockTypeMeant(sUpper) != nullptr)  // the word BLOCK in front of it is missing
     return {Statement::Kind::StartBlock, sWord, FirstWord(sRest, " "), sContent};
   if (MeansBlock(sUpper, sRest)) {
     const std::string_view sType = FirstWord(sRest, " ");
@@ -69,8 +71,10 @@ std::string Written(const Statement& statement) {
   const std::string sWord(statement.sWord);
   const std::string sRest(statement.sRest);
   switch (statement.kind) {
-    case Statement::Kind::StartBlock:
-      return "BLOCK " + sWord + (sRest.empty() ? "" : " " + sRest);
+    case Statement::Kind::StartBlock: {
+      const char* const pMeant = BlockTypeMeant(UpperCase(sWord));
+      return "BLOCK " + (pMeant != nullptr ? pMeant : sWord) + (sRest.empty() ? "" : " " + sRest);
+    }
     case Statement::Kind::KeyValue:
       return sWord + " = " + sRest;
     default:
