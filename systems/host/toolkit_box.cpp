@@ -115,13 +115,9 @@ bool BoxArea::event(QEvent* pEvent) {
 
 void BoxArea::SetSelected(bool bSelected) {
   if (std::exchange(bSelected_, bSelected) == bSelected) return;
-  QAccessible::State changed;
-  changed.selected = true;
-  QAccessibleStateChangeEvent stateEvent(this, changed);
-  QAccessible::updateAccessibility(&stateEvent);
-  QAccessibleEvent selectionEvent(
-      this, bSelected ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
-  QAccessible::updateAccessibility(&selectionEvent);
+  QAccessibleEvent event(this,
+                         bSelected ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
+  QAccessible::updateAccessibility(&event);
 }
 
 void BoxArea::focusInEvent(QFocusEvent* /*pEvent*/) { Refresh(); }

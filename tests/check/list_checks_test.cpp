@@ -191,8 +191,8 @@ TEST_F(ListChecks, OfProductsAndTheirPrerequisites) {
       {sNothing + sNothing + A1,  // no code is none
        "2:1 no-title, 2:1 no-installer?, 2:1 no-code?, 2:1 no-revision?, "
        "4:1 no-title, 4:1 no-installer?, 4:1 no-code?, 4:1 no-revision?"},
-      {Product("RUNTIME", "1", Needs("RUNTIEM", "1")), "9:15 not-offered?",
-       "The code that is nearest to it is \"RUNTIME\"."},
+      {Product("RUNTIME", "1", Needs("RUNTIEM", "1")) + Product("RUNTIEMAB", "1"),
+       "9:15 not-offered?", "The code that is nearest to it is \"RUNTIME\"."},
       {Product("Ab", "1") + Product("C", "1", Needs("aB", "1", "x")), "14:9 other-title?",
        "\"x\", but the product that offers it is \"Product Ab\""},
       {Product("A", "1.0") + Product("B", "1", Needs("A", "1.1")), "16:12 revision-not-offered",
@@ -269,6 +269,7 @@ TEST_F(ListChecks, OfOneEntry) {
       {"DESCRIPTION = Pr\xC3\xBC\x66stand", "3:17 not-ansi", "is UTF-8"},
       {"DESCRIPTION = Pr\xC3\xBC\x66 \xCE\xA9", "3:21 not-ansi", "Write it in other characters"},
       {"; Pr\xC3\xBC\x66stand", ""},
+      {"DESCRIPTION = \xC1\xBF \xF5\xA1\xA1\xA1", ""},
       {"DESCRIPTION = QUALIT\xC9\x99\r\nUNINSTALLNAME = \xFC", ""},
       {"DESCRIPTION = Pr\xC3\xBC\x66stand\r\nUNINSTALLNAME = \xFC", "3:17 not-ansi"},
       {"DESCRIPTION = a\x81", "3:16 not-ansi", "the code 81"},

@@ -3,7 +3,7 @@
 #include <regex>
 
 #include "check/options.h"
-#include "check/version.h"
+#include "shared/version.h"
 #include "testing/fake_platform.h"
 #include "tests/check/suite_folder.h"
 
