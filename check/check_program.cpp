@@ -17,20 +17,17 @@
 #include "check/new_suite.h"
 #include "check/options.h"
 #include "check/results.h"
-#include "check/version.h"
 #include "seam/console.h"
 #include "seam/platform.h"
 #include "seam/platform_error.h"
 #include "shared/start_paths.h"
+#include "shared/version.h"
 #include "texts/paths.h"
-#include "texts/string_resources.h"
+#include "texts/suite_texts.h"
 
 namespace trelin {
 
 namespace {
-
-constexpr std::int32_t LocaleId = 1033;  // as the launcher
-constexpr const char* LibraryName = "ENU35000.DLL";
 
 void RequireFolder(const std::string& sFolder) {
   if (!StartPathTests().isFolder(sFolder))
@@ -59,7 +56,7 @@ Results CheckWhatIsAsked(const Options& options) {
   if (!options.sLibrary.empty()) return {CheckLibraryAlone(options)};
   if (!options.sSourceFolder.empty()) RequireFolder(options.sSourceFolder);
   Results results = {CheckList(ListFile(options.sPath), options.sSourceFolder)};
-  const std::string sLibrary = InFolder(options.sPath, LibraryName);
+  const std::string sLibrary = InFolder(options.sPath, SuiteLibraryName);
   if (StartPathTests().isFile(sLibrary))
     results.push_back({ShownToUser(sLibrary), CheckLibrary(sLibrary), {}});
   return results;
@@ -84,43 +81,6 @@ std::string ReportOn(const Results& results, ReportFormat format) {
   }
   return TextReport(results, TerminalOfUser());
 }
-
-// Takes a string library of the suite's own for the program's, as the launcher
-// does there. One that does not load is reported, and the program's own serves.
-class SuiteLibraries : public StringLibraryLoader {
- public:
-  SuiteLibraries(StringLibraryLoader& system, std::string sFolder)
-      : system_(system), sFolder_(std::move(sFolder)) {}
-
-  LibraryHandle Load(const std::string& sPath) override {
-    const LibraryHandle hOwn = system_.Load(InFolder(sFolder_, LibraryName));
-    return hOwn != 0 ? hOwn : system_.Load(sPath);
-  }
-  void Free(LibraryHandle hLibrary) override { system_.Free(hLibrary); }
-  std::int32_t LoadText(LibraryHandle hLibrary, std::int32_t lId, char* pBuffer,
-                        std::int32_t lSize) override {
-    return system_.LoadText(hLibrary, lId, pBuffer, lSize);
-  }
-
- private:
-  StringLibraryLoader& system_;
-  std::string sFolder_;
-};
-
-// The words of the launcher, which come from its string library.
-class LaunchersTexts {
- public:
-  LaunchersTexts() {
-    ResetStringResources();
-    InitStringResources(LocaleId);
-    if (GetResourceLibrary(static_cast<std::int32_t>(TextNumber::Missing)) == 0)
-      throw PlatformError("open the string library", WrittenByUser(ProgramFile(LibraryName)),
-                          "it is missing or damaged; it belongs into the folder of trelin-check");
-  }
-  ~LaunchersTexts() { FreeResourceLibraries(); }
-  LaunchersTexts(const LaunchersTexts&) = delete;
-  LaunchersTexts& operator=(const LaunchersTexts&) = delete;
-};
 
 // Tells that nothing could be checked; who uploads a SARIF file has one to upload.
 int Fail(const Options& options, const std::string& sReason) {
@@ -164,9 +124,7 @@ int RunChecks(const Options& options) {
 
 int RunWithTexts(const Options& options) {
   const ListFile file(options.sPath);
-  SuiteLibraries libraries(TheStringLibraries(), file.Folder());
-  const PlatformScope scope({&TheRegistry(), &libraries, &TheSystem()});
-  const LaunchersTexts texts;
+  const SuiteTexts texts(file.Folder(), "trelin-check");
   if (!options.states.empty())
     return WriteOutput(RecordsOf(ReadCheckedList(file.Name(), file.Open()), options.states)), 0;
   if (options.bDiff) return ShowDiff(file, options);

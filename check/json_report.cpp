@@ -1,9 +1,9 @@
 // The form is documented in docs/trelin-check.md; what is there stays.
 
-#include "check/json_writer.h"
 #include "check/results.h"
-#include "check/version.h"
 #include "seam/console.h"
+#include "shared/json_writer.h"
+#include "shared/version.h"
 
 namespace trelin {
 

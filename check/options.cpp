@@ -1,7 +1,6 @@
 #include "check/options.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <map>
 
 #include "check/checks.h"
@@ -9,11 +8,6 @@
 namespace trelin {
 
 namespace {
-
-std::string ProgramPathOf(std::string sArgument) {
-  std::replace(sArgument.begin(), sArgument.end(), '/', '\\');
-  return sArgument;
-}
 
 ReportFormat FormatOf(const std::string& sName) {
   static const std::map<std::string, ReportFormat> formats = {
@@ -58,9 +52,9 @@ const std::map<std::string, Setting>& Settings() {
       {"--state", [](Options& o, const std::string& s) { o.states.push_back(StateOf(s)); }},
       {"--format", [](Options& o, const std::string& s) { o.format = FormatOf(s); }},
       {"--allow", [](Options& o, const std::string& s) { o.allowed.push_back(RuleNamed(s)); }},
-      {"--source", [](Options& o, const std::string& s) { o.sSourceFolder = ProgramPathOf(s); }},
-      {"--library", [](Options& o, const std::string& s) { o.sLibrary = ProgramPathOf(s); }},
-      {"--rc", [](Options& o, const std::string& s) { o.sScript = ProgramPathOf(s); }},
+      {"--source", [](Options& o, const std::string& s) { o.sSourceFolder = PathFromArgument(s); }},
+      {"--library", [](Options& o, const std::string& s) { o.sLibrary = PathFromArgument(s); }},
+      {"--rc", [](Options& o, const std::string& s) { o.sScript = PathFromArgument(s); }},
   };
   return settings;
 }
@@ -70,12 +64,11 @@ class OptionReader {
   explicit OptionReader(const std::vector<std::string>& arguments) : arguments_(arguments) {}
 
   Options Read() {
-    for (; nNext_ < arguments_.size(); ++nNext_) {
-      const std::string& sArgument = arguments_[nNext_];
-      if (bOptionsEnd_ || !sArgument.starts_with('-') || sArgument == "-")
-        TakePath(sArgument);
+    while (arguments_.Next()) {
+      if (arguments_.IsOption())
+        TakeOption();
       else
-        TakeOption(sArgument);
+        TakePath(arguments_.Text());
     }
     RefuseContradictions();
     return options_;
@@ -96,46 +89,27 @@ class OptionReader {
   void TakePath(const std::string& sArgument) {
     if (bPath_) throw UsageError("One folder or file can be checked at a time.");
     if (sArgument.empty()) throw UsageError("The name of the folder or file is empty.");
-    options_.sPath = ProgramPathOf(sArgument);
+    options_.sPath = PathFromArgument(sArgument);
     bPath_ = true;
   }
 
-  void TakeOption(const std::string& sArgument) {
-    sName_ = sArgument.substr(0, sArgument.find('='));
-    if (sArgument == "--") {
-      bOptionsEnd_ = true;
-    } else if (const auto flag = Flags().find(sArgument); flag != Flags().end()) {
+  void TakeOption() {
+    const std::string sName = arguments_.Name();
+    if (const auto flag = Flags().find(arguments_.Text()); flag != Flags().end()) {
       options_.*flag->second = true;
-    } else if (sName_ == "--new") {
-      TakePath(TakeValue());
+    } else if (sName == "--new") {
+      TakePath(arguments_.TakeValue());
       options_.bNew = true;
-    } else if (const auto setting = Settings().find(sName_); setting != Settings().end()) {
-      setting->second(options_, TakeValue());
+    } else if (const auto setting = Settings().find(sName); setting != Settings().end()) {
+      setting->second(options_, arguments_.TakeValue());
     } else {
-      throw UsageError("The option \"" + sArgument + "\" is unknown.");
+      throw UsageError("The option \"" + arguments_.Text() + "\" is unknown.");
     }
   }
 
-  // Behind an equals sign, or the next argument.
-  std::string TakeValue() {
-    const std::string& sArgument = arguments_[nNext_];
-    if (sName_ != sArgument) return NotEmpty(sArgument.substr(sName_.size() + 1));
-    if (nNext_ + 1 == arguments_.size())
-      throw UsageError("The option \"" + sName_ + "\" needs a value.");
-    return NotEmpty(arguments_[++nNext_]);
-  }
-
-  std::string NotEmpty(const std::string& sValue) const {
-    if (sValue.empty()) throw UsageError("The value of the option \"" + sName_ + "\" is empty.");
-    return sValue;
-  }
-
-  const std::vector<std::string>& arguments_;
-  std::size_t nNext_ = 0;
-  std::string sName_;  // of the option at hand
+  Arguments arguments_;
   Options options_;
   bool bPath_ = false;
-  bool bOptionsEnd_ = false;
 };
 
 }  // namespace

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "check/records.h"
+#include "shared/arguments.h"
 
 namespace trelin {
 
@@ -25,11 +25,6 @@ struct Options {
   std::string sSourceFolder;         // empty: the folder of the list
   std::string sLibrary;              // not empty: the string library to check instead
   std::string sScript;               // empty, or the resource script that it is made of
-};
-
-// A command line that does not say what to do; what() tells the user.
-class UsageError : public std::runtime_error {
-  using std::runtime_error::runtime_error;
 };
 
 // Throws UsageError.

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "check/checks.h"
-#include "check/json_writer.h"
 #include "check/results.h"
-#include "check/version.h"
 #include "seam/console.h"
+#include "shared/json_writer.h"
+#include "shared/version.h"
 
 namespace trelin {
 

@@ -5,11 +5,13 @@ set(programs lib/${PROJECT_NAME})
 set(documents ${CMAKE_BINARY_DIR}/package-documents)
 
 # The programs that users start stand in bin; they find the rest beside them.
-install(TARGETS trelin trelin-check demo_installer demo_readme DESTINATION ${programs})
+install(TARGETS trelin trelin-check trelin-status demo_installer demo_readme DESTINATION ${programs})
 install(FILES ${CMAKE_BINARY_DIR}/ENU35000.DLL DESTINATION ${programs})
 install(PROGRAMS packaging/trelin packaging/trelin-demo DESTINATION bin)
-install(CODE "file(CREATE_LINK ../${programs}/trelin-check
-  \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/bin/trelin-check\" SYMBOLIC)")
+foreach(program trelin-check trelin-status)
+  install(CODE "file(CREATE_LINK ../${programs}/${program}
+    \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/bin/${program}\" SYMBOLIC)")
+endforeach()
 
 install(PROGRAMS demo/lay_out DESTINATION share/${PROJECT_NAME}/demo)
 install(FILES demo/TRELIN.CFG demo/records.reg DESTINATION share/${PROJECT_NAME}/demo)
@@ -22,7 +24,7 @@ configure_file(shipped/TRELIN.CFG ${documents}/TRELIN.CFG @ONLY NEWLINE_STYLE DO
 install(FILES ${documents}/TRELIN.CFG DESTINATION share/${PROJECT_NAME}/sample)
 
 # The pages for a suite's maintainer; they link to nothing else.
-foreach(page first-suite setup-list installation-records trelin-check string-libraries shipping
+foreach(page first-suite setup-list installation-records trelin-check trelin-status string-libraries shipping
     demonstration continuous-integration security)
   install(FILES docs/${page}.md DESTINATION share/doc/${PROJECT_NAME})
 endforeach()
@@ -43,7 +45,7 @@ function(compress source target)
     VERBATIM)
   set(compressed ${compressed} ${target} PARENT_SCOPE)
 endfunction()
-foreach(page trelin trelin-check trelin-demo)
+foreach(page trelin trelin-check trelin-status trelin-demo)
   configure_file(packaging/man/${page}.1.in ${documents}/${page}.1 @ONLY)
   compress(${documents}/${page}.1 ${documents}/${page}.1.gz)
   install(FILES ${documents}/${page}.1.gz DESTINATION share/man/man1)
@@ -52,7 +54,7 @@ compress(${CMAKE_SOURCE_DIR}/CHANGELOG.md ${documents}/changelog.gz)
 install(FILES ${documents}/changelog.gz packaging/copyright DESTINATION share/doc/${PROJECT_NAME})
 
 add_custom_target(package_contents DEPENDS ${compressed})
-add_dependencies(package_contents trelin trelin-check string_library demo)
+add_dependencies(package_contents trelin trelin-check trelin-status string_library demo)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ${PROJECT_NAME})
@@ -74,6 +76,7 @@ set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "setup launcher for software suites: previe
 Trelin is the setup launcher of a suite of measurement software for Windows
 workstations. This package is for whoever puts such a suite together:
 trelin shows the menu of a suite as its users will see it, trelin-check
-finds the faults of its setup list and string libraries, and trelin-demo
-starts a demonstration suite.")
+finds the faults of its setup list and string libraries, trelin-status
+tells what is installed of it on one workstation or on many, and
+trelin-demo starts a demonstration suite.")
 include(CPack)

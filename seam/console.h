@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "seam/registry.h"
 #include "seam/system.h"
 
 // What a command-line program and the platform under it ask of each other, in the
@@ -23,6 +24,16 @@ constexpr int FailureCode = 2;
 // A path of the program as the user would write it on this system, in the ANSI code
 // page.
 std::string WrittenByUser(const std::string& sPath);
+
+// The registry of this computer, as the launcher would find it.
+std::unique_ptr<Registry> OpenRegistry();
+
+// The name that this computer has in its network, in the ANSI code page.
+std::string ComputerName();
+
+// The SHA-256 digest of these bytes, in 64 hexadecimal digits. Throws PlatformError where
+// the system cannot work it out.
+std::string Sha256Of(const std::string& sBytes);
 
 // The standard input, to be read once. Throws PlatformError, as reading it does.
 std::unique_ptr<InputFile> OpenStandardInput();
@@ -48,6 +59,9 @@ struct Terminal {
   bool bColors = false;       // it takes the escape sequences of ECMA-48
 };
 Terminal OutputTerminal();
+
+// Whether somebody sees at a terminal what goes to the output for errors.
+bool ErrorsAreSeen();
 
 // A text of the ANSI code page in UTF-8.
 std::string Utf8Of(const std::string& sText);

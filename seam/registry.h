@@ -14,6 +14,7 @@ enum class RegistryKey : std::int32_t {
   LocalMachine = static_cast<std::int32_t>(0x80000002U),
 };
 
+constexpr std::uint32_t RegistryRead = 0x20019;       // KEY_READ
 constexpr std::uint32_t RegistryReadWrite = 0x2001F;  // KEY_READ with KEY_WRITE
 constexpr std::uint32_t RegistryTypeText = 1;         // REG_SZ
 

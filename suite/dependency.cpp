@@ -1,7 +1,6 @@
 #include "suite/dependency.h"
 
 #include "seam/platform.h"
-#include "suite/installation_record.h"
 #include "suite/setup_list_error.h"
 
 namespace trelin {
@@ -31,8 +30,8 @@ void Dependency::ProcessKeyValue(const std::string& sKey, const std::string& sVa
 }
 
 bool Dependency::CheckDependency() {
-  const auto record = ReadInstallationRecord(sProductCode_, sRevision_);
-  if (!record) {
+  record_ = ReadInstallationRecord(sProductCode_, sRevision_);
+  if (!record_) {
     sLastError_ = FormatResourceString(TextNumber::NoLog, sTitle_);
     return false;
   }
@@ -42,15 +41,15 @@ bool Dependency::CheckDependency() {
     sLastError_ = sReason;
     bMet = false;
   };
-  if (record->revision == InstalledRevision::None)
+  if (record_->revision == InstalledRevision::None)
     fail(FormatResourceString(TextNumber::NoRevision, sTitle_));
-  else if (record->revision == InstalledRevision::Lower)
-    fail(FormatResourceString(TextNumber::RevisionTooLow, sRevision_, sTitle_, record->sRevision));
+  else if (record_->revision == InstalledRevision::Lower)
+    fail(FormatResourceString(TextNumber::RevisionTooLow, sRevision_, sTitle_, record_->sRevision));
 
   // A fault of the check file replaces that of the revision.
-  if (record->checkFile == CheckFile::NotRecorded)
+  if (record_->checkFile == CheckFile::NotRecorded)
     fail(FormatResourceString(TextNumber::NoCheckFile, sTitle_));
-  else if (record->checkFile == CheckFile::Missing)
+  else if (record_->checkFile == CheckFile::Missing)
     fail(FormatResourceString(TextNumber::CheckFileMissing, sTitle_));
   return bMet;
 }

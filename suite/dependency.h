@@ -1,10 +1,12 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "suite/block_keys.h"
 #include "suite/block_parser.h"
+#include "suite/installation_record.h"
 
 namespace trelin {
 
@@ -29,6 +31,12 @@ class Dependency {
   // an earlier check stays until ClearError.
   bool CheckDependency();
 
+  const std::string& ProductCode() const { return sProductCode_; }
+  const std::string& Revision() const { return sRevision_; }
+  const std::string& Title() const { return sTitle_; }
+  // What the last check found.
+  const std::optional<InstallationRecord>& Record() const { return record_; }
+
   const std::string& LastError() const { return sLastError_; }
   void ClearError() { sLastError_.clear(); }
 
@@ -41,6 +49,7 @@ class Dependency {
   std::string sRevision_;
   std::string sTitle_;
   std::string sLastError_;
+  std::optional<InstallationRecord> record_;
 };
 
 }  // namespace trelin

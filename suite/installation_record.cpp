@@ -22,6 +22,22 @@ CheckFile TestCheckFile(const std::string& sPath) {
 
 }  // namespace
 
+ProductState StateOf(const std::optional<InstallationRecord>& record) {
+  if (!record) return ProductState::NotInstalled;
+  if (record->checkFile == CheckFile::Missing) return ProductState::Incomplete;
+  switch (record->revision) {
+    case InstalledRevision::Equal:
+      return ProductState::Installed;
+    case InstalledRevision::Lower:
+      return ProductState::Older;
+    case InstalledRevision::Higher:
+      return ProductState::Newer;
+    case InstalledRevision::None:
+      break;
+  }
+  return ProductState::NotInstalled;
+}
+
 std::optional<InstallationRecord> ReadInstallationRecord(const std::string& sProductCode,
                                                          const std::string& sRevision) {
   RegEntry objReg;

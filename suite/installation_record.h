@@ -27,6 +27,10 @@ struct InstallationRecord {
   CheckFile checkFile = CheckFile::NotRecorded;
 };
 
+// How a product stands for the user, by its record.
+enum class ProductState { NotInstalled, Installed, Older, Newer, Incomplete };
+ProductState StateOf(const std::optional<InstallationRecord>& record);
+
 // Reads the record of sProductCode (empty: the unnamed value) afresh and
 // compares its revision with sRevision. Nothing when there is no log, or none
 // that may be read and written. Throws error 5001 when the log vanishes

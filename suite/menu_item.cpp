@@ -1,32 +1,25 @@
 #include "suite/menu_item.h"
 
-#include <optional>
-
 #include "seam/platform.h"
-#include "suite/installation_record.h"
 #include "suite/setup_list_error.h"
 
 namespace trelin {
 
-namespace {
-
-TextNumber StatusText(const std::optional<InstallationRecord>& record) {
-  if (!record) return TextNumber::NotInstalled;
-  if (record->checkFile == CheckFile::Missing) return TextNumber::Incomplete;
-  switch (record->revision) {
-    case InstalledRevision::Equal:
+TextNumber StatusText(ProductState state) {
+  switch (state) {
+    case ProductState::Incomplete:
+      return TextNumber::Incomplete;
+    case ProductState::Installed:
       return TextNumber::Installed;
-    case InstalledRevision::Lower:
+    case ProductState::Older:
       return TextNumber::OlderInstalled;
-    case InstalledRevision::Higher:
+    case ProductState::Newer:
       return TextNumber::NewerInstalled;
-    case InstalledRevision::None:
+    case ProductState::NotInstalled:
       break;
   }
   return TextNumber::NotInstalled;
 }
-
-}  // namespace
 
 constexpr std::array<BlockKey<MenuItem>, 8> MenuItem::Keys = {{
     {"PRODUCT", &MenuItem::sTitle_},
@@ -46,6 +39,7 @@ void MenuItem::Initialize() {
   sStatus_ = LoadResourceString(TextNumber::NotInstalled);
   bNewerVersion_ = false;
   bUpdated_ = false;
+  record_.reset();
 }
 
 void MenuItem::Terminate() { objDependencies_.Terminate(); }
@@ -68,10 +62,11 @@ void MenuItem::CheckInstallation() {
   std::optional<InstallationRecord> record;
   if (!sProductCode_.empty()) record = ReadInstallationRecord(sProductCode_, sRevision_);
 
-  std::string sStatus = LoadResourceString(StatusText(record));
+  std::string sStatus = LoadResourceString(StatusText(StateOf(record)));
   if (record && record->revision == InstalledRevision::Higher) bNewerVersion_ = true;
   bUpdated_ = sStatus != sStatus_;
   sStatus_ = std::move(sStatus);
+  record_ = std::move(record);
 }
 
 bool MenuItem::CheckDependencies() {

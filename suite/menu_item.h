@@ -1,15 +1,21 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "suite/block_keys.h"
 #include "suite/dependency.h"
+#include "suite/installation_record.h"
 #include "suite/item_collection.h"
+#include "texts/text_number.h"
 
 namespace trelin {
 
 using DependencyCollection = ItemCollection<Dependency>;
+
+// The number of the menu's words for a state.
+TextNumber StatusText(ProductState state);
 
 // A product of the setup list: what its block says, its prerequisites, and
 // its installation state as the last check found it.
@@ -49,8 +55,15 @@ class MenuItem {
   const std::string& Description() const { return sDescription_; }
   const std::string& Status() const { return sStatus_; }  // a text of the string library
   const std::string& ImageFile() const { return sImageFile_; }
+  const std::string& ProductCode() const { return sProductCode_; }
+  const std::string& Revision() const { return sRevision_; }
   const std::string& ReadMeFile() const { return sReadMeFile_; }
   const std::string& InstallFile() const { return sInstallFile_; }
+
+  // What the last check found; nothing without a product code or records, and before any.
+  const std::optional<InstallationRecord>& Record() const { return record_; }
+
+  const DependencyCollection& Prerequisites() const { return objDependencies_; }
 
   // Whether a check has ever found a higher revision than the one offered.
   bool NewerVersion() const { return bNewerVersion_; }
@@ -70,6 +83,7 @@ class MenuItem {
   std::string sProductCode_;
   std::string sRevision_;
   std::string sStatus_;
+  std::optional<InstallationRecord> record_;
   bool bNewerVersion_ = false;
   bool bUpdated_ = false;
   std::string sTitle_;

@@ -5,15 +5,20 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QByteArray>
+#include <QCryptographicHash>
+#include <QSysInfo>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
 
 #include "shared/code_page.h"
+#include "systems/host/file_registry.h"
 #include "systems/host/file_replacement.h"
 #include "systems/host/host_files.h"
 #include "systems/host/host_path.h"
+#include "systems/host/toolkit_measure.h"
 
 namespace trelin {
 
@@ -29,6 +34,17 @@ void Write(const std::string& sText, std::FILE* pOutput) {
 }  // namespace
 
 std::string WrittenByUser(const std::string& sPath) { return ShownPath(HostPath(sPath)); }
+
+std::unique_ptr<Registry> OpenRegistry() {
+  return std::make_unique<FileRegistry>(FileRegistry::DefaultPath());
+}
+
+std::string ComputerName() { return FromQString(QSysInfo::machineHostName()); }
+
+std::string Sha256Of(const std::string& sBytes) {
+  const QByteArray bytes = QByteArray::fromStdString(sBytes);
+  return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex().toStdString();
+}
 
 std::unique_ptr<InputFile> OpenStandardInput() { return OpenHostStandardInput(); }
 
@@ -54,6 +70,8 @@ void WriteNewFile(const std::string& sPath, const std::string& sBytes, bool bPro
 }
 
 std::string CommandFileEnd() { return ".sh"; }
+
+bool ErrorsAreSeen() { return isatty(STDERR_FILENO) != 0; }
 
 Terminal OutputTerminal() {
   winsize size{};

@@ -1,4 +1,4 @@
-#include "check/json_writer.h"
+#include "shared/json_writer.h"
 
 namespace trelin {
 
@@ -36,6 +36,11 @@ void JsonWriter::Number(long long lValue) {
 void JsonWriter::Boolean(bool bValue) {
   StartValue();
   sText_ += bValue ? "true" : "false";
+}
+
+void JsonWriter::Null() {
+  StartValue();
+  sText_ += "null";
 }
 
 void JsonWriter::StartValue() {

@@ -22,6 +22,7 @@ class JsonWriter {
   void String(std::string_view sValue);
   void Number(long long lValue);
   void Boolean(bool bValue);
+  void Null();
 
   void Member(std::string_view sKey, std::string_view sValue) {
     Key(sKey);

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "shared/registry_node.h"
+
+namespace trelin {
+
+// The files that are meant by these: files, folders with files named *.reg in the order
+// of their names, or "@" and a file that has one of these in each line. Throws
+// PlatformError.
+std::vector<std::string> ExportFiles(const std::vector<std::string>& given);
+
+// The registry in an export. Throws PlatformError, with the line and what is wrong.
+std::unique_ptr<RegistryNode> ReadExport(const std::string& sFile);
+
+// The name of a workstation, after which the file is called.
+std::string WorkstationOf(const std::string& sFile);
+
+}  // namespace trelin

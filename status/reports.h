@@ -1,0 +1,42 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "status/workstation.h"
+
+namespace trelin {
+
+constexpr const char* StatusTool = "trelin-status";
+
+// All that a report tells. Texts are in the ANSI code page; the reports are in UTF-8.
+struct StatusReport {
+  bool bExports = false;  // of workstations whose files could not be looked at
+  std::vector<OfferedProduct> products;
+  std::vector<Workstation> workstations;
+  std::vector<std::string> failures;  // sentences about exports that cannot be read
+  std::string sList;                  // the setup list, as the user writes its path
+  std::string sListDigest;            // its SHA-256
+  std::string sTime;                  // when this was found out
+};
+
+inline constexpr std::array AllStates = {ProductState::Installed, ProductState::Newer,
+                                         ProductState::Older, ProductState::Incomplete,
+                                         ProductState::NotInstalled};
+
+// "not-installed" and the like, which reports for programs have.
+const char* NameOf(ProductState state);
+
+// The menu's words for it; of a file that nobody looked at with a word on that.
+std::string WordsFor(const ProductStatus& status, bool bExport);
+
+// How many workstations have the product (from 0) in that state.
+std::size_t CountOf(const StatusReport& report, std::size_t nProduct, ProductState state);
+
+std::string StatusAsText(const StatusReport& report);
+std::string StatusAsJson(const StatusReport& report);
+std::string StatusAsCsv(const StatusReport& report);
+std::string StatusAsHtml(const StatusReport& report);
+
+}  // namespace trelin

@@ -1,0 +1,171 @@
+// trelin-status: which products of a suite are installed, on one workstation or on many.
+
+#include <array>
+#include <chrono>
+#include <ctime>
+#include <stdexcept>
+
+#include "seam/console.h"
+#include "seam/platform.h"
+#include "seam/platform_error.h"
+#include "shared/memory_registry.h"
+#include "shared/read_file.h"
+#include "shared/start_paths.h"
+#include "shared/version.h"
+#include "status/exports.h"
+#include "status/options.h"
+#include "status/read_only.h"
+#include "status/reports.h"
+#include "status/suite_status.h"
+#include "texts/error.h"
+#include "texts/paths.h"
+#include "texts/suite_texts.h"
+
+namespace trelin {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// In the error output, for a user who has been waiting for a second.
+class Progress {
+ public:
+  explicit Progress(std::size_t nAll) : nAll_(nAll), bSeen_(ErrorsAreSeen()) {}
+  ~Progress() {
+    if (bShown_) WriteErrorOutput("\r" + std::string(Width, ' ') + "\r");
+  }
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
+
+  void Tell(std::size_t nDone) {
+    if (!bSeen_ || Clock::now() < next_) return;
+    std::string sText = std::to_string(nDone) + " of " + std::to_string(nAll_) + " exports";
+    sText.resize(Width, ' ');
+    WriteErrorOutput("\r" + sText);
+    bShown_ = true;
+    next_ = Clock::now() + std::chrono::milliseconds(200);
+  }
+
+ private:
+  static constexpr std::size_t Width = 40;
+
+  std::size_t nAll_;
+  bool bSeen_;
+  bool bShown_ = false;
+  Clock::time_point next_ = Clock::now() + std::chrono::seconds(1);
+};
+
+std::string ListIn(const std::string& sPath) {
+  return StartPathTests().isFolder(sPath) ? InFolder(sPath, "TRELIN.CFG") : sPath;
+}
+
+std::string FolderOf(const std::string& sList) {
+  const std::size_t nName = sList.rfind('\\');
+  return nName == std::string::npos ? "." : sList.substr(0, nName + 1);
+}
+
+std::string Now() {
+  const std::time_t now = std::time(nullptr);
+  std::array<char, 32> text{};
+  std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S UTC", std::gmtime(&now));
+  return text.data();
+}
+
+std::string DigestOf(const std::string& sList) {
+  return Sha256Of(ReadWholeFile(*TheSystem().OpenInput(sList)).value_or(""));
+}
+
+void LookAtExports(const std::vector<std::string>& files, bool b32Bits, SuiteStatus& suite,
+                   StatusReport& report) {
+  Progress progress(files.size());
+  for (std::size_t n = 0; n < files.size(); ++n) {
+    progress.Tell(n);
+    try {
+      MemoryRegistry exported;
+      exported.ReplaceTree(ReadExport(files[n]));
+      ReadOnlyRegistry registry(exported, b32Bits);
+      const PlatformScope scope({&registry, &TheStringLibraries(), &TheSystem()});
+      report.workstations.push_back(suite.LookAt(WorkstationOf(files[n])));
+    } catch (const PlatformError& error) {
+      report.failures.emplace_back(error.what());
+    }
+  }
+}
+
+StatusReport MakeReport(const StatusOptions& options, const std::string& sList,
+                        const std::vector<std::string>& exports) {
+  SuiteStatus suite(sList, options.sCode);
+  StatusReport report;
+  report.bExports = options.bRecords;
+  report.products = suite.Products();
+  report.sList = WrittenByUser(sList);
+  report.sTime = Now();
+  if (options.format == StatusFormat::Html) report.sListDigest = DigestOf(sList);
+  if (options.bRecords)
+    LookAtExports(exports, options.b32Bits, suite, report);
+  else
+    report.workstations.push_back(suite.LookAt(ComputerName()));
+  return report;
+}
+
+std::string Written(const StatusReport& report, StatusFormat format) {
+  switch (format) {
+    case StatusFormat::Json:
+      return StatusAsJson(report);
+    case StatusFormat::Csv:
+      return StatusAsCsv(report);
+    case StatusFormat::Html:
+      return StatusAsHtml(report);
+    case StatusFormat::Text:
+      break;
+  }
+  return StatusAsText(report);
+}
+
+bool SomethingIsNeeded(const StatusReport& report) {
+  for (const Workstation& workstation : report.workstations)
+    for (std::size_t n = 0; n < report.products.size(); ++n)
+      if (IsNeeded(report.products[n], workstation.products[n])) return true;
+  return false;
+}
+
+void Complain(const std::string& sText) {
+  WriteErrorOutput(std::string(StatusTool) + ": " + Utf8Of(sText) + "\n");
+}
+
+int Run(const StatusOptions& options) {
+  const auto computer = OpenRegistry();
+  MemoryRegistry nothing;  // while the list is read for exports
+  ReadOnlyRegistry registry(options.bRecords ? static_cast<Registry&>(nothing) : *computer,
+                            options.b32Bits);
+  QuietSystem system(TheSystem(), options.bRecords);
+  const std::string sList = ListIn(options.sFolder);
+  const auto exports = ExportFiles(options.records);
+  const SuiteTexts texts(FolderOf(sList), StatusTool);
+  const PlatformScope scope({&registry, &TheStringLibraries(), &system});
+  const StatusReport report = MakeReport(options, sList, exports);
+  WriteOutput(Written(report, options.format));
+  for (const std::string& sFailure : report.failures) Complain(sFailure);
+  if (!report.failures.empty()) return FailureCode;
+  return SomethingIsNeeded(report) ? 1 : 0;
+}
+
+}  // namespace
+
+int RunCommand(const std::vector<std::string>& arguments) {
+  try {
+    const StatusOptions options = ParseStatusOptions(arguments);
+    if (options.bHelp) return WriteOutput(StatusHelp()), 0;
+    if (options.bVersion) return WriteOutput(std::string(StatusTool) + " " + Version + "\n"), 0;
+    return Run(options);
+  } catch (const UsageError& error) {
+    Complain(error.what() + std::string("\nTry trelin-status --help."));
+  } catch (const Error& error) {
+    Complain(error.Description());
+  } catch (const PlatformError& error) {
+    Complain(error.what());
+  }
+  return FailureCode;
+}
+
+}  // namespace trelin

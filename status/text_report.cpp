@@ -1,0 +1,95 @@
+// For a reader at a terminal, a line for each product and workstation:
+//
+//   Product             Code     Offered  Installed  State
+//   Inspection Station  INSPECT  2.1      2.0        An older revision is installed
+//
+// Of exports the workstation stands in front, and a summary behind all.
+
+#include <algorithm>
+#include <array>
+
+#include "seam/console.h"
+#include "status/reports.h"
+#include "suite/menu_item.h"
+#include "texts/string_resources.h"
+
+namespace trelin {
+
+namespace {
+
+using Row = std::vector<std::string>;
+
+Row RowOf(const StatusReport& report, const Workstation& workstation, std::size_t nProduct) {
+  const OfferedProduct& product = report.products[nProduct];
+  const ProductStatus& status = workstation.products[nProduct];
+  Row row = {product.sTitle, product.sCode, product.sRevision, status.installed.value_or("-"),
+             WordsFor(status, report.bExports)};
+  for (const UnmetPrerequisite& unmet : status.unmet)
+    row.back() += (&unmet == &status.unmet.front() ? ". " : " ") + unmet.sReason;
+  if (report.bExports) row.insert(row.begin(), workstation.sName);
+  return row;
+}
+
+// What a terminal would not show as one character.
+void ReplaceControls(std::string& sText) {
+  std::replace_if(
+      sText.begin(), sText.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
+}
+
+// Columns two spaces apart; the last one is not filled up.
+std::string InColumns(const std::vector<Row>& rows) {
+  std::vector<std::size_t> widths(rows[0].size());
+  for (const Row& row : rows)
+    for (std::size_t n = 0; n < row.size(); ++n) widths[n] = std::max(widths[n], row[n].size());
+  std::string sText;
+  for (const Row& row : rows) {
+    for (std::size_t n = 0; n + 1 < row.size(); ++n)
+      sText += row[n] + std::string(widths[n] + 2 - row[n].size(), ' ');
+    sText += row.back() + "\n";
+  }
+  return sText;
+}
+
+std::string Counted(std::size_t nCount, const char* pWhat) {
+  return std::to_string(nCount) + " " + pWhat + (nCount == 1 ? "" : "s");
+}
+
+// How many workstations have the product in which state, and which need it.
+std::string SummaryOf(const StatusReport& report, std::size_t nProduct) {
+  std::string sCounts, sNeedIt;
+  for (const ProductState state : AllStates)
+    if (const std::size_t nCount = CountOf(report, nProduct, state); nCount > 0)
+      sCounts += (sCounts.empty() ? "" : ", ") + std::to_string(nCount) + " x " +
+                 LoadResourceString(StatusText(state));
+  for (const Workstation& workstation : report.workstations)
+    if (IsNeeded(report.products[nProduct], workstation.products[nProduct]))
+      sNeedIt += (sNeedIt.empty() ? "" : ", ") + workstation.sName;
+  const OfferedProduct& product = report.products[nProduct];
+  return product.sTitle + " " + product.sRevision + ": " + sCounts +
+         (sNeedIt.empty() ? "" : "; needed by " + sNeedIt) + "\n";
+}
+
+std::string Summary(const StatusReport& report) {
+  std::string sSummary = "\n" + Counted(report.workstations.size(), "workstation");
+  if (!report.failures.empty())
+    sSummary += ", " + Counted(report.failures.size(), "export") + " not readable";
+  sSummary += "\n";
+  for (std::size_t n = 0; n < report.products.size() && !report.workstations.empty(); ++n)
+    sSummary += SummaryOf(report, n);
+  return sSummary;
+}
+
+}  // namespace
+
+std::string StatusAsText(const StatusReport& report) {
+  std::vector<Row> rows = {{"Product", "Code", "Offered", "Installed", "State"}};
+  if (report.bExports) rows[0].insert(rows[0].begin(), "Workstation");
+  for (const Workstation& workstation : report.workstations)
+    for (std::size_t n = 0; n < report.products.size(); ++n)
+      rows.push_back(RowOf(report, workstation, n));
+  for (Row& row : rows)
+    for (std::string& sCell : row) ReplaceControls(sCell);
+  return Utf8Of(InColumns(rows) + (report.bExports ? Summary(report) : ""));
+}
+
+}  // namespace trelin
