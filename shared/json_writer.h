@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace trelin {
 
@@ -35,6 +36,8 @@ class JsonWriter {
   }
 
   std::string Text() const { return sText_ + "\n"; }
+  // What there is so far, which Text then begins behind.
+  std::string Take() { return std::exchange(sText_, {}); }
 
  private:
   void StartValue();

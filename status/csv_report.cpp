@@ -27,8 +27,8 @@ std::string Line(const std::vector<std::string>& cells) {
 
 }  // namespace
 
-std::string StatusAsCsv(const StatusReport& report) {
-  std::string sText = "machine,code,title,offered,installed,state,fileChecked,unmet\r\n";
+void WriteStatusCsv(const StatusReport& report, const Output& write) {
+  write("machine,code,title,offered,installed,state,fileChecked,unmet\r\n");
   for (const Workstation& workstation : report.workstations) {
     for (std::size_t n = 0; n < report.products.size(); ++n) {
       const OfferedProduct& product = report.products[n];
@@ -37,12 +37,11 @@ std::string StatusAsCsv(const StatusReport& report) {
       std::string sUnmet;
       for (const UnmetPrerequisite& unmet : status.unmet)
         sUnmet += (sUnmet.empty() ? "" : " ") + unmet.sReason;
-      sText += Line({workstation.sName, product.sCode, product.sTitle, product.sRevision,
-                     status.installed.value_or(""), NameOf(status.state),
-                     bChecked ? "true" : "false", sUnmet});
+      write(Utf8Of(Line({workstation.sName, product.sCode, product.sTitle, product.sRevision,
+                         status.installed.value_or(""), NameOf(status.state),
+                         bChecked ? "true" : "false", sUnmet})));
     }
   }
-  return Utf8Of(sText);
 }
 
 }  // namespace trelin

@@ -166,19 +166,19 @@ std::string Heading(const std::string& sText) {
   return Element("th scope=\"col\" aria-sort=\"none\"", Element("button type=\"button\"", sText));
 }
 
-std::string Workstations(const StatusReport& report) {
+void WriteWorkstations(const StatusReport& report, const Output& write) {
   std::string sHead = Heading("Workstation");
   for (const OfferedProduct& product : report.products) sHead += Heading(Title(product));
-  std::string sRows;
+  write(Element("h2", "Workstations") + "\n" + Filter() + "<table id=\"workstations\">" +
+        Element("caption",
+                "The state of each product on each workstation, and the revision installed") +
+        Element("thead", Element("tr", sHead)) + "<tbody>\n");
   for (const Workstation& workstation : report.workstations) {
-    sRows += "<tr>" + Element("th scope=\"row\"", Escaped(workstation.sName));
-    for (const ProductStatus& status : workstation.products) sRows += Cell(status, report.bExports);
-    sRows += "</tr>\n";
+    std::string sRow = Element("th scope=\"row\"", Escaped(workstation.sName));
+    for (const ProductStatus& status : workstation.products) sRow += Cell(status, report.bExports);
+    write(Element("tr", sRow) + "\n");
   }
-  return Element("h2", "Workstations") + "\n" + Filter() + "<table id=\"workstations\">" +
-         Element("caption",
-                 "The state of each product on each workstation, and the revision installed") +
-         Element("thead", Element("tr", sHead)) + "<tbody>\n" + sRows + "</tbody></table>\n";
+  write("</tbody></table>\n");
 }
 
 std::string Failures(const StatusReport& report) {
@@ -191,12 +191,13 @@ std::string Failures(const StatusReport& report) {
 
 }  // namespace
 
-std::string StatusAsHtml(const StatusReport& report) {
-  return "<!DOCTYPE html>\n<html lang=\"en\">\n<head><meta charset=\"utf-8\">" +
-         Element("title", "Installed products, " + report.sTime) + Element("style", Style) +
-         "</head>\n<body>\n" + Element("h1", "Installed products") + "\n" + Origin(report) +
-         Failures(report) + Totals(report) + Workstations(report) + Element("script", Script) +
-         "</body>\n</html>\n";
+void WriteStatusHtml(const StatusReport& report, const Output& write) {
+  write("<!DOCTYPE html>\n<html lang=\"en\">\n<head><meta charset=\"utf-8\">" +
+        Element("title", "Installed products, " + report.sTime) + Element("style", Style) +
+        "</head>\n<body>\n" + Element("h1", "Installed products") + "\n" + Origin(report) +
+        Failures(report) + Totals(report));
+  WriteWorkstations(report, write);
+  write(Element("script", Script) + "</body>\n</html>\n");
 }
 
 }  // namespace trelin

@@ -46,7 +46,7 @@ void WriteProduct(const OfferedProduct& product, const ProductStatus& status, bo
 
 }  // namespace
 
-std::string StatusAsJson(const StatusReport& report) {
+void WriteStatusJson(const StatusReport& report, const Output& write) {
   constexpr int FormVersion = 1;
   JsonWriter json;
   json.Begin('{');
@@ -65,6 +65,7 @@ std::string StatusAsJson(const StatusReport& report) {
       WriteProduct(report.products[n], workstation.products[n], report.bExports, json);
     json.End(']');
     json.End('}');
+    write(json.Take());
   }
   json.End(']');
   json.Key("failures");
@@ -72,7 +73,7 @@ std::string StatusAsJson(const StatusReport& report) {
   for (const std::string& sFailure : report.failures) json.String(Utf8Of(sFailure));
   json.End(']');
   json.End('}');
-  return json.Text();
+  write(json.Text());
 }
 
 }  // namespace trelin

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -34,9 +35,12 @@ std::string WordsFor(const ProductStatus& status, bool bExport);
 // How many workstations have the product (from 0) in that state.
 std::size_t CountOf(const StatusReport& report, std::size_t nProduct, ProductState state);
 
-std::string StatusAsText(const StatusReport& report);
-std::string StatusAsJson(const StatusReport& report);
-std::string StatusAsCsv(const StatusReport& report);
-std::string StatusAsHtml(const StatusReport& report);
+// Takes a report piece by piece, as one of thousands of workstations is long.
+using Output = std::function<void(const std::string& sUtf8)>;
+
+void WriteStatusText(const StatusReport& report, const Output& write);
+void WriteStatusJson(const StatusReport& report, const Output& write);
+void WriteStatusCsv(const StatusReport& report, const Output& write);
+void WriteStatusHtml(const StatusReport& report, const Output& write);
 
 }  // namespace trelin

@@ -3,7 +3,9 @@
 #include <array>
 #include <chrono>
 #include <ctime>
+#include <map>
 #include <stdexcept>
+#include <utility>
 
 #include "seam/console.h"
 #include "seam/platform.h"
@@ -108,18 +110,30 @@ StatusReport MakeReport(const StatusOptions& options, const std::string& sList,
   return report;
 }
 
-std::string Written(const StatusReport& report, StatusFormat format) {
-  switch (format) {
-    case StatusFormat::Json:
-      return StatusAsJson(report);
-    case StatusFormat::Csv:
-      return StatusAsCsv(report);
-    case StatusFormat::Html:
-      return StatusAsHtml(report);
-    case StatusFormat::Text:
-      break;
+// Writes large pieces, each of whole lines.
+class BufferedOutput {
+ public:
+  void Add(const std::string& sLines) {
+    sPiece_ += sLines;
+    if (sPiece_.size() >= PieceBytes) Flush();
   }
-  return StatusAsText(report);
+  void Flush() { WriteOutput(std::exchange(sPiece_, {})); }
+
+ private:
+  static constexpr std::size_t PieceBytes = 65536;
+
+  std::string sPiece_;
+};
+
+void WriteReport(const StatusReport& report, StatusFormat format) {
+  static const std::map<StatusFormat, void (*)(const StatusReport&, const Output&)> writers = {
+      {StatusFormat::Text, WriteStatusText},
+      {StatusFormat::Json, WriteStatusJson},
+      {StatusFormat::Csv, WriteStatusCsv},
+      {StatusFormat::Html, WriteStatusHtml}};
+  BufferedOutput output;
+  writers.at(format)(report, [&output](const std::string& sLines) { output.Add(sLines); });
+  output.Flush();
 }
 
 bool SomethingIsNeeded(const StatusReport& report) {
@@ -144,7 +158,7 @@ int Run(const StatusOptions& options) {
   const SuiteTexts texts(FolderOf(sList), StatusTool);
   const PlatformScope scope({&registry, &TheStringLibraries(), &system});
   const StatusReport report = MakeReport(options, sList, exports);
-  WriteOutput(Written(report, options.format));
+  WriteReport(report, options.format);
   for (const std::string& sFailure : report.failures) Complain(sFailure);
   if (!report.failures.empty()) return FailureCode;
   return SomethingIsNeeded(report) ? 1 : 0;

@@ -36,18 +36,27 @@ void ReplaceControls(std::string& sText) {
       sText.begin(), sText.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
 }
 
-// Columns two spaces apart; the last one is not filled up.
-std::string InColumns(const std::vector<Row>& rows) {
-  std::vector<std::size_t> widths(rows[0].size());
-  for (const Row& row : rows)
-    for (std::size_t n = 0; n < row.size(); ++n) widths[n] = std::max(widths[n], row[n].size());
-  std::string sText;
-  for (const Row& row : rows) {
-    for (std::size_t n = 0; n + 1 < row.size(); ++n)
-      sText += row[n] + std::string(widths[n] + 2 - row[n].size(), ' ');
-    sText += row.back() + "\n";
+// Calls it for the head and each row, shown in characters of a terminal.
+template <class Use>
+void ForEachRow(const StatusReport& report, Use use) {
+  Row head = {"Product", "Code", "Offered", "Installed", "State"};
+  if (report.bExports) head.insert(head.begin(), "Workstation");
+  use(head);
+  for (const Workstation& workstation : report.workstations) {
+    for (std::size_t n = 0; n < report.products.size(); ++n) {
+      Row row = RowOf(report, workstation, n);
+      std::for_each(row.begin(), row.end(), ReplaceControls);
+      use(row);
+    }
   }
-  return sText;
+}
+
+// Columns two spaces apart; the last one is not filled up.
+std::string InColumns(const Row& row, const std::vector<std::size_t>& widths) {
+  std::string sLine;
+  for (std::size_t n = 0; n + 1 < row.size(); ++n)
+    sLine += row[n] + std::string(widths[n] + 2 - row[n].size(), ' ');
+  return sLine + row.back() + "\n";
 }
 
 std::string Counted(std::size_t nCount, const char* pWhat) {
@@ -81,15 +90,14 @@ std::string Summary(const StatusReport& report) {
 
 }  // namespace
 
-std::string StatusAsText(const StatusReport& report) {
-  std::vector<Row> rows = {{"Product", "Code", "Offered", "Installed", "State"}};
-  if (report.bExports) rows[0].insert(rows[0].begin(), "Workstation");
-  for (const Workstation& workstation : report.workstations)
-    for (std::size_t n = 0; n < report.products.size(); ++n)
-      rows.push_back(RowOf(report, workstation, n));
-  for (Row& row : rows)
-    for (std::string& sCell : row) ReplaceControls(sCell);
-  return Utf8Of(InColumns(rows) + (report.bExports ? Summary(report) : ""));
+void WriteStatusText(const StatusReport& report, const Output& write) {
+  std::vector<std::size_t> widths;
+  ForEachRow(report, [&widths](const Row& row) {
+    widths.resize(row.size());
+    for (std::size_t n = 0; n < row.size(); ++n) widths[n] = std::max(widths[n], row[n].size());
+  });
+  ForEachRow(report, [&](const Row& row) { write(Utf8Of(InColumns(row, widths))); });
+  if (report.bExports) write(Utf8Of(Summary(report)));
 }
 
 }  // namespace trelin

@@ -126,16 +126,24 @@ class StatusReports : public ProgramTest {
     report.sTime = "now";
   }
 
+  static std::string Told(void (*write)(const StatusReport&, const Output&),
+                          const StatusReport& told) {
+    std::string sAll;
+    write(told, [&sAll](const std::string& sPiece) { sAll += sPiece; });
+    return sAll;
+  }
+
   StatusReport report;
 };
 
 TEST_F(StatusReports, Text) {
-  EXPECT_EQ(StatusAsText({false, report.products, {report.workstations[0]}, {}, "", "", ""}),
-            "Product         Code  Offered  Installed  State\n"
-            "Pr\u00FCfstand, \"1\"  ONE   2.1      2.1        35016\n"
-            "Handbook                       -          35015\n");
+  EXPECT_EQ(
+      Told(WriteStatusText, {false, report.products, {report.workstations[0]}, {}, "", "", ""}),
+      "Product         Code  Offered  Installed  State\n"
+      "Pr\u00FCfstand, \"1\"  ONE   2.1      2.1        35016\n"
+      "Handbook                       -          35015\n");
   report.bExports = true;
-  EXPECT_EQ(StatusAsText(report),
+  EXPECT_EQ(Told(WriteStatusText, report),
             "Workstation  Product         Code  Offered  Installed  State\n"
             "PC           Pr\u00FCfstand, \"1\"  ONE   2.1      2.1        35016 (recorded, file "
             "not looked at)\n"
@@ -148,7 +156,7 @@ TEST_F(StatusReports, Text) {
 }
 
 TEST_F(StatusReports, Csv) {
-  EXPECT_EQ(StatusAsCsv(report),
+  EXPECT_EQ(Told(WriteStatusCsv, report),
             "machine,code,title,offered,installed,state,fileChecked,unmet\r\n"
             "PC,ONE,\"Pr\u00FCfstand, \"\"1\"\"\",2.1,2.1,installed,true,\r\n"
             "PC,,Handbook,,,not-installed,false,\r\n"
@@ -158,7 +166,7 @@ TEST_F(StatusReports, Csv) {
 
 TEST_F(StatusReports, Json) {
   report.bExports = true;
-  std::string sJson = StatusAsJson(report);
+  std::string sJson = Told(WriteStatusJson, report);
   for (const char* pPart :
        {"\"version\": 1,", "\"tool\": \"trelin-status\",", "\"time\": \"now\",",
         "\"name\": \"=<b>&\\u0009'\",", "\"title\": \"Pr\u00FCfstand, \\\"1\\\"\",",
@@ -168,7 +176,7 @@ TEST_F(StatusReports, Json) {
     EXPECT_NE(sJson.find(pPart), std::string::npos) << pPart;
   EXPECT_EQ(sJson.find("\"fileChecked\": true"), std::string::npos);
   report.bExports = false;
-  EXPECT_NE(StatusAsJson(report).find("\"fileChecked\": true"), std::string::npos);
+  EXPECT_NE(Told(WriteStatusJson, report).find("\"fileChecked\": true"), std::string::npos);
 }
 
 TEST(Exports, OfAFolderAListAndAFile) {
