@@ -24,7 +24,7 @@ configure_file(shipped/TRELIN.CFG ${documents}/TRELIN.CFG @ONLY NEWLINE_STYLE DO
 install(FILES ${documents}/TRELIN.CFG DESTINATION share/${PROJECT_NAME}/sample)
 
 # The pages for a suite's maintainer; they link to nothing else.
-foreach(page first-suite setup-list installation-records trelin-check trelin-status string-libraries shipping
+foreach(page first-suite setup-list installation-records trelin-check trelin-status many-workstations string-libraries shipping
     demonstration continuous-integration security)
   install(FILES docs/${page}.md DESTINATION share/doc/${PROJECT_NAME})
 endforeach()

@@ -11,6 +11,7 @@ namespace trelin {
 
 namespace {
 
+constexpr std::string_view Block = "BLOCK";
 constexpr std::size_t LastPosition = std::numeric_limits<std::int16_t>::max();
 
 [[noreturn]] void FailTooLong(std::int32_t lLine) {
@@ -31,16 +32,19 @@ std::string_view FirstWord(std::string_view sText, std::int32_t lLine) {
   return sText.substr(0, CheckPosition(sText.find(' '), lLine));
 }
 
-// In any letter case: a letter of ASCII is one bit away from its capital.
-bool IsKeyword(std::string_view sWord, std::string_view sKeyword) {
-  return std::equal(sWord.begin(), sWord.end(), sKeyword.begin(), sKeyword.end(),
-                    [](char c, char cCapital) { return (c & ~0x20) == cCapital; });
+// Whether the text's first word is that keyword, in any letter case: a letter of ASCII is
+// one bit away from its capital.
+bool BeginsWith(std::string_view sText, std::string_view sKeyword) {
+  const std::size_t nEnd = sKeyword.size();
+  return sText.size() >= nEnd && (sText.size() == nEnd || sText[nEnd] == ' ') &&
+         std::equal(sKeyword.begin(), sKeyword.end(), sText.begin(),
+                    [](char cCapital, char c) { return (c & ~0x20) == cCapital; });
 }
 
 // What stands behind the keyword of a block start: its type, its name.
 Statement SplitBlockStart(std::string_view sContent, std::string_view sBehind, std::int32_t lLine) {
   const std::string_view sType = FirstWord(sBehind, lLine);
-  const std::string_view sName = FirstWord(TrimSpaces(sBehind.substr(sType.size())), lLine);
+  const std::string_view sName = FirstWord(TrimLeft(sBehind.substr(sType.size())), lLine);
   return {Statement::Kind::StartBlock, sType, sName, sContent};
 }
 
@@ -56,18 +60,18 @@ std::string ReplaceTabs(std::string_view sLine, std::int32_t lLine) {
 Statement SplitStatement(std::string_view sLine, std::int32_t lLine) {
   const std::string_view sContent = TrimSpaces(sLine);
   if (sContent.empty() || sContent.front() == ';') return {Statement::Kind::None, {}, {}, sContent};
-  const std::string_view sWord = FirstWord(sContent, lLine);
-  if (IsKeyword(sWord, "BLOCK"))
-    return SplitBlockStart(sContent, TrimSpaces(sContent.substr(sWord.size())), lLine);
-  if (IsKeyword(sWord, "END")) return {Statement::Kind::EndBlock, {}, {}, sContent};
+  if (sContent.size() > LastPosition) FirstWord(sContent, lLine);  // must end before it
+  if (BeginsWith(sContent, Block))
+    return SplitBlockStart(sContent, TrimLeft(sContent.substr(Block.size())), lLine);
+  if (BeginsWith(sContent, "END")) return {Statement::Kind::EndBlock, {}, {}, sContent};
   return SplitEntry(sContent, lLine);
 }
 
 Statement SplitEntry(std::string_view sLine, std::int32_t lLine) {
   const std::size_t nEquals = CheckPosition(sLine.find('='), lLine);
   if (nEquals == std::string_view::npos) return {Statement::Kind::NotUnderstood, {}, {}, sLine};
-  return {Statement::Kind::KeyValue, TrimSpaces(sLine.substr(0, nEquals)),
-          TrimSpaces(sLine.substr(nEquals + 1)), sLine};
+  return {Statement::Kind::KeyValue, TrimRight(sLine.substr(0, nEquals)),
+          TrimLeft(sLine.substr(nEquals + 1)), sLine};
 }
 
 }  // namespace trelin

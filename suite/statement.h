@@ -28,7 +28,8 @@ std::string ReplaceTabs(std::string_view sLine, std::int32_t lLine);
 // A line without tabs.
 Statement SplitStatement(std::string_view sLine, std::int32_t lLine);
 
-// The same, for one that is known to be no block start and no block end.
+// The same, for one that is known to be no block start and no block end, without the
+// spaces around it.
 Statement SplitEntry(std::string_view sLine, std::int32_t lLine);
 
 }  // namespace trelin
