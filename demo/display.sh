@@ -4,17 +4,18 @@
 pids=()
 trap 'kill "${pids[@]}" 2>/dev/null || true' EXIT
 
-start_display() {
+open_display() {
   local number
   exec {answer}< <(exec Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp 2>/dev/null)
   pids+=($!)
   read -r -t 30 number <&"$answer"
   export DISPLAY=:$number
   unset QT_QPA_PLATFORM WAYLAND_DISPLAY
-  start_window_manager
 }
 
-start_window_manager() {
+# With a window manager.
+start_display() {
+  open_display
   icewm -t win95/default.theme -c /dev/null >/dev/null 2>&1 &
   pids+=($!)
 }
