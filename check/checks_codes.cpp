@@ -6,7 +6,9 @@
 #include <cstddef>
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -357,25 +359,26 @@ constexpr Rule RevisionOrder = {
 
 // Of revisions in the order of their texts, neighbours show whether all are in
 // the order of their numbers.
-void CheckRevisionOrder(const Suite& suite, Report& report) {
-  std::string sLastCode;
+void CheckOrderOf(std::span<const CodedBlock> ofOneCode, Report& report) {
   std::map<std::string_view, Place> revisions;
-  const auto checkOrder = [&] {
-    for (auto higher = revisions.begin(); higher != revisions.end(); ++higher) {
-      if (higher == revisions.begin()) continue;
-      const auto lower = std::prev(higher);
-      if (std::is_gt(CompareByNumbers(lower->first, higher->first)))
-        ReportOrder(sLastCode, *lower, *higher, report);
-    }
-    revisions.clear();
-  };
-  for (const auto& [sCode, pBlock] : BlocksByCode(suite.list)) {
-    if (sCode != sLastCode) checkOrder();
-    sLastCode = sCode;
+  for (const auto& [sCode, pBlock] : ofOneCode)
     if (const std::string_view sRevision = pBlock->Value("REVISION"); !sRevision.empty())
       revisions.emplace(sRevision, pBlock->PlaceOf("REVISION"));
+  for (auto higher = revisions.begin(); higher != revisions.end(); ++higher) {
+    if (higher == revisions.begin()) continue;
+    const auto lower = std::prev(higher);
+    if (std::is_gt(CompareByNumbers(lower->first, higher->first)))
+      ReportOrder(ofOneCode.front().sCode, *lower, *higher, report);
   }
-  checkOrder();
+}
+
+void CheckRevisionOrder(const Suite& suite, Report& report) {
+  const auto blocks = BlocksByCode(suite.list);
+  for (auto first = blocks.begin(); first != blocks.end();) {
+    const auto end = std::upper_bound(first, blocks.end(), *first, HasLowerCode);
+    CheckOrderOf({first, end}, report);
+    first = end;
+  }
 }
 
 }  // namespace

@@ -1,12 +1,9 @@
 #include "check/list_file.h"
 
-#include <cstddef>
-
 #include "seam/console.h"
 #include "seam/platform.h"
 #include "seam/platform_error.h"
 #include "shared/read_file.h"
-#include "shared/start_paths.h"
 #include "texts/paths.h"
 
 namespace trelin {
@@ -21,13 +18,9 @@ std::string ShownToUser(const std::string& sPath) {
   return WrittenByUser(sPath.starts_with(".\\") ? sPath.substr(2) : sPath);
 }
 
-ListFile::ListFile(const std::string& sPath)
-    : sPath_(StartPathTests().isFolder(sPath) ? InFolder(sPath, ListName) : sPath) {}
+ListFile::ListFile(const std::string& sPath) : sPath_(SetupListIn(sPath)) {}
 
-std::string ListFile::Folder() const {
-  const std::size_t nName = sPath_.rfind('\\');
-  return nName == std::string::npos ? "." : sPath_.substr(0, nName + 1);
-}
+std::string ListFile::Folder() const { return FolderOf(sPath_); }
 
 std::string ListFile::Name() const {
   return IsStandardInput() ? StandardInputName : sPath_.substr(sPath_.find_last_of("\\/") + 1);

@@ -7,8 +7,6 @@
 
 namespace trelin {
 
-constexpr const char* ListName = "TRELIN.CFG";
-
 // A path as the user writes it, without a "./" that says nothing.
 std::string ShownToUser(const std::string& sPath);
 

@@ -11,6 +11,7 @@
 
 #include "check/results.h"
 #include "seam/console.h"
+#include "texts/text.h"
 
 namespace trelin {
 
@@ -64,13 +65,6 @@ std::string Margin(const std::string& sNumber) {
   return std::string(NumberWidth - std::min(NumberWidth, sNumber.size()), ' ') + sNumber + " | ";
 }
 
-// What a terminal would not show as one character.
-std::string Shown(std::string sLine) {
-  std::replace_if(
-      sLine.begin(), sLine.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
-  return sLine;
-}
-
 // How many characters of a line are shown.
 std::size_t ShownWidth(const Terminal& terminal) {
   const auto nColumns = static_cast<std::size_t>(terminal.lColumns);
@@ -89,7 +83,7 @@ std::string SourceExcerpt(const SourceLines& lines, const Place& place, const Te
   const std::size_t nAt = nColumn - nBegin;
   const auto nLength = static_cast<std::size_t>(std::max(place.lLength, 1));
   const std::size_t nMarked = std::min(nLength, std::max(sPart.size(), nAt + 1) - nAt);
-  return Margin(std::to_string(place.lLine)) + Utf8Of(Shown(sPart)) + "\n" + Margin("") +
+  return Margin(std::to_string(place.lLine)) + Utf8Of(WithoutControls(sPart)) + "\n" + Margin("") +
          std::string(nAt, ' ') + "^" + std::string(nMarked - 1, '~') + "\n";
 }
 
@@ -115,18 +109,14 @@ std::string TextOf(const CheckedFile& file, const Finding& finding, const Termin
   return sText;
 }
 
-std::string Count(std::size_t nCount, const char* pWhat) {
-  return std::to_string(nCount) + " " + pWhat + (nCount == 1 ? "" : "s");
-}
-
 }  // namespace
 
 std::string TextReport(const Results& results, const Terminal& terminal) {
   std::string sReport;
   for (const CheckedFile& file : results)
     for (const Finding& finding : file.findings) sReport += TextOf(file, finding, terminal);
-  return sReport + Count(CountOf(results, Severity::Error), "error") + ", " +
-         Count(CountOf(results, Severity::Warning), "warning") + "\n";
+  return sReport + Counted(CountOf(results, Severity::Error), "error") + ", " +
+         Counted(CountOf(results, Severity::Warning), "warning") + "\n";
 }
 
 }  // namespace trelin

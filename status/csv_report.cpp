@@ -33,13 +33,12 @@ void WriteStatusCsv(const StatusReport& report, const Output& write) {
     for (std::size_t n = 0; n < report.products.size(); ++n) {
       const OfferedProduct& product = report.products[n];
       const ProductStatus& status = workstation.products[n];
-      const bool bChecked = !report.bExports && status.checkFile != CheckFile::NotRecorded;
       std::string sUnmet;
       for (const UnmetPrerequisite& unmet : status.unmet)
         sUnmet += (sUnmet.empty() ? "" : " ") + unmet.sReason;
       write(Utf8Of(Line({workstation.sName, product.sCode, product.sTitle, product.sRevision,
-                         status.installed.value_or(""), NameOf(status.state),
-                         bChecked ? "true" : "false", sUnmet})));
+                         status.installed.value_or(""), Reported(status.state).pName,
+                         IsFileChecked(status, report.bExports) ? "true" : "false", sUnmet})));
     }
   }
 }

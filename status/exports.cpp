@@ -18,12 +18,6 @@ namespace {
 
 constexpr std::string_view ExportEnd = ".REG";
 
-std::string BytesOf(const std::string& sFile) {
-  auto sBytes = ReadWholeFile(*TheSystem().OpenInput(sFile));
-  if (!sBytes) throw PlatformError("read the file", WrittenByUser(sFile), "it has more than 64 MB");
-  return std::move(*sBytes);
-}
-
 std::vector<std::string> FilesInFolder(const std::string& sFolder) {
   std::vector<std::string> files;
   const auto search = TheSystem().Search(InFolder(sFolder, "*.reg"));
@@ -46,7 +40,7 @@ std::vector<std::string> LinesOf(const std::string& sText) {
 
 void AddFiles(const std::string& sGiven, bool bLists, std::vector<std::string>& files) {
   if (bLists && sGiven.starts_with('@')) {
-    for (const std::string& sLine : LinesOf(BytesOf(sGiven.substr(1))))
+    for (const std::string& sLine : LinesOf(ReadBytes(sGiven.substr(1))))
       AddFiles(sLine, false, files);
   } else if (StartPathTests().isFolder(sGiven)) {
     const auto found = FilesInFolder(sGiven);
@@ -64,8 +58,14 @@ std::vector<std::string> ExportFiles(const std::vector<std::string>& given) {
   return files;
 }
 
+std::string ReadBytes(const std::string& sFile) {
+  auto sBytes = ReadWholeFile(*TheSystem().OpenInput(sFile));
+  if (!sBytes) throw PlatformError("read the file", WrittenByUser(sFile), "it has more than 64 MB");
+  return std::move(*sBytes);
+}
+
 std::unique_ptr<RegistryNode> ReadExport(const std::string& sFile) {
-  return ReadRegistryText(BytesOf(sFile), WrittenByUser(sFile));
+  return ReadRegistryText(ReadBytes(sFile), WrittenByUser(sFile));
 }
 
 std::string WorkstationOf(const std::string& sFile) {

@@ -13,6 +13,9 @@ namespace trelin {
 // PlatformError.
 std::vector<std::string> ExportFiles(const std::vector<std::string>& given);
 
+// Throws PlatformError, also for a file of more than 64 MB.
+std::string ReadBytes(const std::string& sFile);
+
 // The registry in an export. Throws PlatformError, with the line and what is wrong.
 std::unique_ptr<RegistryNode> ReadExport(const std::string& sFile);
 

@@ -68,23 +68,6 @@ for (const head of table.tHead.rows[0].cells)
 filter();
 )";
 
-// What a reader who sees no colours tells the states by, beside their words.
-const char* SignOf(ProductState state) {
-  switch (state) {
-    case ProductState::Installed:
-      return "\u2713";
-    case ProductState::Newer:
-      return "\u25B2";
-    case ProductState::Older:
-      return "\u25BC";
-    case ProductState::Incomplete:
-      return "!";
-    case ProductState::NotInstalled:
-      break;
-  }
-  return "\u2013";
-}
-
 // A text of the code page in UTF-8, of which no browser takes a part for its own.
 std::string Escaped(const std::string& sText) {
   std::string sSafe;
@@ -127,11 +110,12 @@ std::string Origin(const StatusReport& report) {
 
 std::string Totals(const StatusReport& report) {
   std::string sHead = Element("th scope=\"col\"", "Product");
-  for (const ProductState state : AllStates) sHead += Element("th scope=\"col\"", WordsOf(state));
+  for (const auto& [state, pName, pSign] : ReportedStates)
+    sHead += Element("th scope=\"col\"", WordsOf(state));
   std::string sRows;
   for (std::size_t n = 0; n < report.products.size(); ++n) {
     std::string sRow = Element("th scope=\"row\"", Title(report.products[n]));
-    for (const ProductState state : AllStates)
+    for (const auto& [state, pName, pSign] : ReportedStates)
       sRow += Element("td class=\"number\"", std::to_string(CountOf(report, n, state)));
     sRows += Element("tr", sRow) + "\n";
   }
@@ -143,20 +127,20 @@ std::string Totals(const StatusReport& report) {
 }
 
 std::string Cell(const ProductStatus& status, bool bExport) {
-  const auto rank = std::find(AllStates.begin(), AllStates.end(), status.state) - AllStates.begin();
-  std::string sInside =
-      std::string(SignOf(status.state)) + " " + Escaped(WordsFor(status, bExport));
+  const ReportedState& state = Reported(status.state);
+  const auto rank = &state - ReportedStates.data();
+  std::string sInside = std::string(state.pSign) + " " + Escaped(WordsFor(status, bExport));
   if (status.installed) sInside += ": " + Element("b", Escaped(*status.installed));
   for (const UnmetPrerequisite& unmet : status.unmet) sInside += "<br>" + Escaped(unmet.sReason);
-  return Element("td class=\"" + std::string(NameOf(status.state)) + "\" data-rank=\"" +
-                     std::to_string(rank) + "\"",
-                 sInside);
+  return Element(
+      "td class=\"" + std::string(state.pName) + "\" data-rank=\"" + std::to_string(rank) + "\"",
+      sInside);
 }
 
 std::string Filter() {
   std::string sStates = "<option value=\"\">any</option>";
-  for (const ProductState state : AllStates)
-    sStates += Element("option value=\"" + std::string(NameOf(state)) + "\"", WordsOf(state));
+  for (const auto& [state, pName, pSign] : ReportedStates)
+    sStates += Element("option value=\"" + std::string(pName) + "\"", WordsOf(state));
   return "<p class=\"filter\"><label>Workstation <input id=\"name\" type=\"search\"></label>"
          "<label>State of a product <select id=\"state\">" +
          sStates + "</select></label> <output id=\"shown\"></output></p>\n";

@@ -34,9 +34,9 @@ void WriteProduct(const OfferedProduct& product, const ProductStatus& status, bo
   json.Member("title", Utf8Of(product.sTitle));
   json.Member("offered", Utf8Of(product.sRevision));
   WriteRevision("installed", status.installed, json);
-  json.Member("state", NameOf(status.state));
+  json.Member("state", Reported(status.state).pName);
   json.Key("fileChecked");
-  json.Boolean(!bExport && status.checkFile != CheckFile::NotRecorded);
+  json.Boolean(IsFileChecked(status, bExport));
   json.Key("unmet");
   json.Begin('[');
   for (const UnmetPrerequisite& unmet : status.unmet) WriteUnmet(unmet, json);

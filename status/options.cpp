@@ -34,8 +34,6 @@ class StatusOptionReader {
       else
         TakePath(arguments_.Text());
     }
-    if (options_.bRecords && options_.records.empty())
-      throw UsageError("The option \"--records\" needs files.");
     return options_;
   }
 

@@ -7,26 +7,19 @@
 
 namespace trelin {
 
-const char* NameOf(ProductState state) {
-  switch (state) {
-    case ProductState::Installed:
-      return "installed";
-    case ProductState::Older:
-      return "older";
-    case ProductState::Newer:
-      return "newer";
-    case ProductState::Incomplete:
-      return "incomplete";
-    case ProductState::NotInstalled:
-      break;
-  }
-  return "not-installed";
+const ReportedState& Reported(ProductState state) {
+  return *std::find_if(ReportedStates.begin(), ReportedStates.end(),
+                       [state](const ReportedState& one) { return one.state == state; });
 }
 
 std::string WordsFor(const ProductStatus& status, bool bExport) {
   const bool bNotLookedAt = bExport && status.checkFile != CheckFile::NotRecorded;
   return LoadResourceString(StatusText(status.state)) +
          (bNotLookedAt ? " (recorded, file not looked at)" : "");
+}
+
+bool IsFileChecked(const ProductStatus& status, bool bExport) {
+  return !bExport && status.checkFile != CheckFile::NotRecorded;
 }
 
 std::size_t CountOf(const StatusReport& report, std::size_t nProduct, ProductState state) {

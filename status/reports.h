@@ -22,15 +22,28 @@ struct StatusReport {
   std::string sTime;                  // when this was found out
 };
 
-inline constexpr std::array AllStates = {ProductState::Installed, ProductState::Newer,
-                                         ProductState::Older, ProductState::Incomplete,
-                                         ProductState::NotInstalled};
+// A state as reports have it: for programs by name, for who sees no colours by sign.
+struct ReportedState {
+  ProductState state;
+  const char* pName;
+  const char* pSign;  // in UTF-8
+};
 
-// "not-installed" and the like, which reports for programs have.
-const char* NameOf(ProductState state);
+// In the order in which they are listed.
+inline constexpr std::array ReportedStates = {
+    ReportedState{ProductState::Installed, "installed", "\u2713"},
+    ReportedState{ProductState::Newer, "newer", "\u25B2"},
+    ReportedState{ProductState::Older, "older", "\u25BC"},
+    ReportedState{ProductState::Incomplete, "incomplete", "!"},
+    ReportedState{ProductState::NotInstalled, "not-installed", "\u2013"},
+};
+const ReportedState& Reported(ProductState state);
 
-// The menu's words for it; of a file that nobody looked at with a word on that.
+// The menu's words for its state; of a file that nobody looked at with a word on that.
 std::string WordsFor(const ProductStatus& status, bool bExport);
+
+// Whether a check file is recorded and was looked at.
+bool IsFileChecked(const ProductStatus& status, bool bExport);
 
 // How many workstations have the product (from 0) in that state.
 std::size_t CountOf(const StatusReport& report, std::size_t nProduct, ProductState state);

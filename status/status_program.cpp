@@ -11,8 +11,6 @@
 #include "seam/platform.h"
 #include "seam/platform_error.h"
 #include "shared/memory_registry.h"
-#include "shared/read_file.h"
-#include "shared/start_paths.h"
 #include "shared/version.h"
 #include "status/exports.h"
 #include "status/options.h"
@@ -57,24 +55,11 @@ class Progress {
   Clock::time_point next_ = Clock::now() + std::chrono::seconds(1);
 };
 
-std::string ListIn(const std::string& sPath) {
-  return StartPathTests().isFolder(sPath) ? InFolder(sPath, "TRELIN.CFG") : sPath;
-}
-
-std::string FolderOf(const std::string& sList) {
-  const std::size_t nName = sList.rfind('\\');
-  return nName == std::string::npos ? "." : sList.substr(0, nName + 1);
-}
-
 std::string Now() {
   const std::time_t now = std::time(nullptr);
   std::array<char, 32> text{};
   std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S UTC", std::gmtime(&now));
   return text.data();
-}
-
-std::string DigestOf(const std::string& sList) {
-  return Sha256Of(ReadWholeFile(*TheSystem().OpenInput(sList)).value_or(""));
 }
 
 void LookAtExports(const std::vector<std::string>& files, bool b32Bits, SuiteStatus& suite,
@@ -102,7 +87,7 @@ StatusReport MakeReport(const StatusOptions& options, const std::string& sList,
   report.products = suite.Products();
   report.sList = WrittenByUser(sList);
   report.sTime = Now();
-  if (options.format == StatusFormat::Html) report.sListDigest = DigestOf(sList);
+  if (options.format == StatusFormat::Html) report.sListDigest = Sha256Of(ReadBytes(sList));
   if (options.bRecords)
     LookAtExports(exports, options.b32Bits, suite, report);
   else
@@ -149,11 +134,10 @@ void Complain(const std::string& sText) {
 
 int Run(const StatusOptions& options) {
   const auto computer = OpenRegistry();
-  MemoryRegistry nothing;  // while the list is read for exports
-  ReadOnlyRegistry registry(options.bRecords ? static_cast<Registry&>(nothing) : *computer,
-                            options.b32Bits);
+  // While the list is read for exports, the empty one that is in use serves.
+  ReadOnlyRegistry registry(options.bRecords ? TheRegistry() : *computer, options.b32Bits);
   QuietSystem system(TheSystem(), options.bRecords);
-  const std::string sList = ListIn(options.sFolder);
+  const std::string sList = SetupListIn(options.sFolder);
   const auto exports = ExportFiles(options.records);
   const SuiteTexts texts(FolderOf(sList), StatusTool);
   const PlatformScope scope({&registry, &TheStringLibraries(), &system});

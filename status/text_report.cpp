@@ -12,6 +12,7 @@
 #include "status/reports.h"
 #include "suite/menu_item.h"
 #include "texts/string_resources.h"
+#include "texts/text.h"
 
 namespace trelin {
 
@@ -30,12 +31,6 @@ Row RowOf(const StatusReport& report, const Workstation& workstation, std::size_
   return row;
 }
 
-// What a terminal would not show as one character.
-void ReplaceControls(std::string& sText) {
-  std::replace_if(
-      sText.begin(), sText.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
-}
-
 // Calls it for the head and each row, shown in characters of a terminal.
 template <class Use>
 void ForEachRow(const StatusReport& report, Use use) {
@@ -45,7 +40,7 @@ void ForEachRow(const StatusReport& report, Use use) {
   for (const Workstation& workstation : report.workstations) {
     for (std::size_t n = 0; n < report.products.size(); ++n) {
       Row row = RowOf(report, workstation, n);
-      std::for_each(row.begin(), row.end(), ReplaceControls);
+      std::transform(row.begin(), row.end(), row.begin(), WithoutControls);
       use(row);
     }
   }
@@ -59,14 +54,10 @@ std::string InColumns(const Row& row, const std::vector<std::size_t>& widths) {
   return sLine + row.back() + "\n";
 }
 
-std::string Counted(std::size_t nCount, const char* pWhat) {
-  return std::to_string(nCount) + " " + pWhat + (nCount == 1 ? "" : "s");
-}
-
 // How many workstations have the product in which state, and which need it.
 std::string SummaryOf(const StatusReport& report, std::size_t nProduct) {
   std::string sCounts, sNeedIt;
-  for (const ProductState state : AllStates)
+  for (const auto& [state, pName, pSign] : ReportedStates)
     if (const std::size_t nCount = CountOf(report, nProduct, state); nCount > 0)
       sCounts += (sCounts.empty() ? "" : ", ") + std::to_string(nCount) + " x " +
                  LoadResourceString(StatusText(state));

@@ -1,6 +1,7 @@
 #include "texts/paths.h"
 
 #include "seam/platform.h"
+#include "shared/start_paths.h"
 #include "texts/text.h"
 
 namespace trelin {
@@ -11,6 +12,15 @@ std::string InFolder(const std::string& sFolder, const std::string& sFile) {
 
 std::string ProgramFile(const std::string& sFile) {
   return InFolder(TheSystem().ProgramFolder(), sFile);
+}
+
+std::string FolderOf(const std::string& sFile) {
+  const std::size_t nName = sFile.rfind('\\');
+  return nName == std::string::npos ? "." : sFile.substr(0, nName + 1);
+}
+
+std::string SetupListIn(const std::string& sPath) {
+  return StartPathTests().isFolder(sPath) ? InFolder(sPath, "TRELIN.CFG") : sPath;
 }
 
 std::string JoinPath(const std::string& sFolder, const std::string& sFile) {

@@ -11,6 +11,13 @@ std::string InFolder(const std::string& sFolder, const std::string& sFile);
 // The same for the program's own folder.
 std::string ProgramFile(const std::string& sFile);
 
+// The folder that a file is in, with the backslash at its end; "." for a name alone.
+std::string FolderOf(const std::string& sFile);
+
+// Whoever names a suite's folder means the setup list in it: the path of that, or of the
+// list itself.
+std::string SetupListIn(const std::string& sPath);
+
 // The path for a command line, from texts that users have written: the folder and
 // the name, both without leading and trailing spaces, with a backslash between
 // them as AddBackslash has it. The name is appended even when it is empty or itself

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,12 @@ inline std::string_view TrimLeft(std::string_view sText) {
 }
 
 inline std::string_view TrimSpaces(std::string_view sText) { return TrimRight(TrimLeft(sText)); }
+
+// A number of things, "1 error" or "2 errors".
+std::string Counted(std::size_t nCount, const std::string& sThing);
+
+// With a space for each character that a terminal would not show as one.
+std::string WithoutControls(std::string sText);
 
 // The text in upper case, as the system makes it.
 std::string UpperCase(std::string_view sText);

@@ -30,7 +30,8 @@ class StatusTest : public ProgramTest {
 
   // In short: "installed 2.1 needs ONE (-), THREE (2)".
   static std::string Told(const ProductStatus& status) {
-    std::string sTold = std::string(NameOf(status.state)) + " " + status.installed.value_or("-");
+    std::string sTold =
+        std::string(Reported(status.state).pName) + " " + status.installed.value_or("-");
     for (const UnmetPrerequisite& unmet : status.unmet)
       sTold += (&unmet == &status.unmet.front() ? " needs " : ", ") + unmet.sCode + " (" +
                unmet.installed.value_or("-") + ")";
