@@ -147,6 +147,17 @@ void frmMainMenu::RefreshRows() {
   }
 }
 
+namespace {
+
+// At its left and right. Without a colour of its own, the current row needs it.
+void CloseFrame(PictureBox& picBox) {
+  const Twips right = picBox.Width() - Screen::TwipsPerPixelX();
+  picBox.Line(0, 0, 0, picBox.Height(), picBox.ForeColor());
+  picBox.Line(right, 0, right, picBox.Height(), picBox.ForeColor());
+}
+
+}  // namespace
+
 void frmMainMenu::picListItem_Paint(std::int16_t Index) {
   PictureBox& picBox = picListItem[Index];
   DrawFocus(picBox, 3);
@@ -154,6 +165,7 @@ void frmMainMenu::picListItem_Paint(std::int16_t Index) {
   const Twips bottom = picBox.Height() - Screen::TwipsPerPixelY();
   picBox.Line(0, 0, picBox.Width(), 0, picBox.ForeColor());
   picBox.Line(0, bottom, picBox.Width(), bottom, picBox.ForeColor());
+  if (Screen::SystemColorsOnly()) CloseFrame(picBox);
 }
 
 void frmMainMenu::picIcon_Paint(std::int16_t Index) {

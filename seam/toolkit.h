@@ -33,6 +33,8 @@ constexpr std::uint32_t SystemColorBit = 0x80000000U;
 enum class Color : std::uint32_t {
   Cyan = 0x00FFFF00,
   ListMask = 0x00C0C0C0,  // RGB(192, 192, 192)
+  Highlight = 0x8000000D,
+  HighlightText = 0x8000000E,
   ButtonFace = 0x8000000F,
   ButtonShadow = 0x80000010,
   ButtonText = 0x80000012,
@@ -48,6 +50,10 @@ Twips Width();
 Twips Height();
 float TwipsPerPixelX();
 float TwipsPerPixelY();
+
+// Whether the user's colours leave no room for the program's own: high contrast is on, or
+// their button text is too light to be read on one of them. It may change at any time.
+bool SystemColorsOnly();
 }  // namespace Screen
 
 // A picture read from a file: BMP, ICO with its mask, GIF, JPEG or PNG.
@@ -164,8 +170,11 @@ class PictureBox : public Control {
 
   void SetBorder(BoxBorder border);
   void SetBackColor(Color color);  // repaints the box
-  Color BackColor() const;
-  Color ForeColor() const;  // button text
+  Color BackColor() const;         // as it was set
+
+  // That of the texts on it: button text. While there are only the system's colours,
+  // a background of another one is drawn as Highlight, and this is HighlightText.
+  Color ForeColor() const;
 
   // Draws a horizontal or vertical line, one pixel wide, from the first point
   // towards the second, whose pixel is left out. Only from OnPaint.

@@ -35,6 +35,9 @@ Twips Screen::Width() { return TwipsX(PrimaryScreen().geometry().width()); }
 
 Twips Screen::Height() { return TwipsY(PrimaryScreen().geometry().height()); }
 
+// The program has colours of its own here, see toolkit_setup.
+bool Screen::SystemColorsOnly() { return false; }
+
 int PixelsX(Twips x) { return static_cast<int>(std::lround(x / Screen::TwipsPerPixelX())); }
 
 int PixelsY(Twips y) { return static_cast<int>(std::lround(y / Screen::TwipsPerPixelY())); }

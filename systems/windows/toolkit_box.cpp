@@ -64,6 +64,15 @@ void BoxWindow::SetBackColor(Color color) {
   }
 }
 
+Color BoxWindow::ShownBackColor() const {
+  const bool bOfSystem = (static_cast<std::uint32_t>(backColor_) & SystemColorBit) != 0;
+  return bOfSystem || !Screen::SystemColorsOnly() ? backColor_ : Color::Highlight;
+}
+
+Color BoxWindow::ForeColor() const {
+  return ShownBackColor() == Color::Highlight ? Color::HighlightText : Color::ButtonText;
+}
+
 void BoxWindow::Refresh() { InvalidateRect(Handle(), nullptr, FALSE); }
 
 std::optional<LRESULT> BoxWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -101,7 +110,7 @@ std::optional<LRESULT> BoxWindow::Answer(UINT message, WPARAM wParam, LPARAM lPa
 
 void BoxWindow::Paint() {
   const PaintBuffer buffer(Handle());
-  Fill(buffer.Context(), buffer.Inside(), ToColorRef(backColor_));
+  Fill(buffer.Context(), buffer.Inside(), ToColorRef(ShownBackColor()));
   drawn_.reset();
   hContext_ = buffer.Context();
   DispatchPaint(box_.OnPaint);
@@ -202,7 +211,7 @@ void PictureBox::SetBackColor(Color color) { BoxOf(*this).SetBackColor(color); }
 
 Color PictureBox::BackColor() const { return BoxOf(*this).BackColor(); }
 
-Color PictureBox::ForeColor() const { return Color::ButtonText; }
+Color PictureBox::ForeColor() const { return BoxOf(*this).ForeColor(); }
 
 void PictureBox::Line(Twips x1, Twips y1, Twips x2, Twips y2, Color color) {
   const HDC hContext = BoxOf(*this).CurrentContext();

@@ -27,6 +27,8 @@ class BoxWindow : public ControlWindow {
   void SetBorder(BoxBorder border);
   void SetBackColor(Color color);
   Color BackColor() const { return backColor_; }
+  Color ShownBackColor() const;
+  Color ForeColor() const;
   void Refresh();
 
   // For accessibility clients; the window's text is the name.

@@ -1,5 +1,6 @@
 #include "systems/windows/toolkit_form.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "shared/at_exit.h"
@@ -23,6 +24,22 @@ DWORD StyleOf(FormBorder border) {
   return border == FormBorder::Sizable ? FixedStyle | WS_THICKFRAME : FixedStyle;
 }
 
+// Of the screen that the window stands on, without the task bar.
+SIZE RoomOnScreen(HWND hWindow) {
+  MONITORINFO screen{};
+  screen.cbSize = sizeof screen;
+  GetMonitorInfoA(MonitorFromWindow(hWindow, MONITOR_DEFAULTTONEAREST), &screen);
+  return {screen.rcWork.right - screen.rcWork.left, screen.rcWork.bottom - screen.rcWork.top};
+}
+
+// At which that length has no more than so many pixels; but nothing is made too small to
+// be read.
+UINT HighestDpi(LONG nPixels, Twips length) {
+  constexpr LONG Lowest = 72;
+  return static_cast<UINT>(
+      std::max(Lowest, static_cast<LONG>(static_cast<Twips>(nPixels) * TwipsPerInch / length)));
+}
+
 }  // namespace
 
 FormWindow& FormOf(const Form& form) { return static_cast<FormWindow&>(*form.Get().window); }
@@ -39,7 +56,7 @@ FormWindow::FormWindow(Form& form, FormBorder border, bool bShowInTaskbar, Twips
     owner_.reset(CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
                                  GetModuleHandleA(nullptr), nullptr));
   Create(FormClass, StyleOf(border), 0, FirstPlace, owner_.get());
-  dpi_ = WindowDpi(Handle());
+  dpi_ = FittingDpi(WindowDpi(Handle()));
   Resize();
 }
 
@@ -51,16 +68,29 @@ FormWindow::~FormWindow() {
 
 FormWindow* FormWindow::InUse() { return formInUse; }
 
-// So that the inside has its measures, whatever frame the system gives it.
-void FormWindow::Resize() {
+UINT FormWindow::FittingDpi(UINT dpi) const {
+  const SIZE frame = Frame();
+  const SIZE room = RoomOnScreen(Handle());
+  const UINT nHighest = std::min(HighestDpi(room.cx - frame.cx, clientWidth_),
+                                 HighestDpi(room.cy - frame.cy, clientHeight_));
+  return std::min(WithTextScale(dpi), nHighest);
+}
+
+// What lies around the inside.
+SIZE FormWindow::Frame() const {
   RECT inside{};
   RECT outside{};
   GetClientRect(Handle(), &inside);
   GetWindowRect(Handle(), &outside);
-  const int nWidth = outside.right - outside.left + Pixels(clientWidth_, dpi_) - inside.right;
-  const int nHeight = outside.bottom - outside.top + Pixels(clientHeight_, dpi_) - inside.bottom;
-  SetWindowPos(Handle(), nullptr, 0, 0, nWidth, nHeight,
-               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  return {outside.right - outside.left - inside.right,
+          outside.bottom - outside.top - inside.bottom};
+}
+
+// So that the inside has its measures, whatever frame the system gives it.
+void FormWindow::Resize() {
+  const SIZE frame = Frame();
+  SetWindowPos(Handle(), nullptr, 0, 0, Pixels(clientWidth_, dpi_) + frame.cx,
+               Pixels(clientHeight_, dpi_) + frame.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void FormWindow::ShowModal() {
@@ -142,10 +172,10 @@ void FormWindow::Tick(WPARAM id) {
 // A window of fixed size keeps its inside in twips; one that the user may have
 // sized takes the system's proposal.
 void FormWindow::ChangeDpi(UINT dpi, const RECT* pPlace) {
-  dpi_ = dpi;
   if (pPlace != nullptr)
     SetWindowPos(Handle(), nullptr, pPlace->left, pPlace->top, pPlace->right - pPlace->left,
                  pPlace->bottom - pPlace->top, SWP_NOZORDER | SWP_NOACTIVATE);
+  dpi_ = FittingDpi(dpi);
   if (border_ == FormBorder::FixedSingle) Resize();
   for (ControlWindow* pControl : Controls()) pControl->LayOut();
   RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);

@@ -30,7 +30,8 @@ class FormWindow : public NativeWindow {
   // The form that was shown last and is loaded or shown now, or null.
   static FormWindow* InUse();
 
-  // Of the screen that the window stands on.
+  // At which the window is laid out: that of its screen, more when the user wants texts
+  // larger, less when the window would not fit on the screen.
   UINT Dpi() const { return dpi_; }
 
   // Delivers input or a tick, unless another window's loop receives events.
@@ -75,6 +76,8 @@ class FormWindow : public NativeWindow {
   bool AnswerAccessKey(WPARAM character);
   void Tick(WPARAM id);
   void ChangeDpi(UINT dpi, const RECT* pPlace);
+  UINT FittingDpi(UINT dpi) const;
+  SIZE Frame() const;
   void Resize();
 
   Form& form_;

@@ -29,7 +29,7 @@ class LabelWindow : public ControlWindow {
   std::optional<LRESULT> Answer(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
-  Color BackColor() const;
+  const BoxWindow* Box() const;
   void Paint();
   void SetTooltip(const std::string& sText);
   LRESULT SetText(LPARAM lParam);
@@ -76,9 +76,9 @@ LRESULT LabelWindow::SetText(LPARAM lParam) {
   return result;
 }
 
-Color LabelWindow::BackColor() const {
-  const auto* pBox = dynamic_cast<BoxWindow*>(Of(GetAncestor(Handle(), GA_PARENT)));
-  return pBox != nullptr ? pBox->BackColor() : Color::ButtonFace;
+// That it lies in; null when that is the window.
+const BoxWindow* LabelWindow::Box() const {
+  return dynamic_cast<BoxWindow*>(Of(GetAncestor(Handle(), GA_PARENT)));
 }
 
 void LabelWindow::SetTooltip(const std::string& sText) {
@@ -90,9 +90,11 @@ void LabelWindow::SetTooltip(const std::string& sText) {
 void LabelWindow::Paint() {
   const PaintBuffer buffer(Handle());
   const HDC hContext = buffer.Context();
-  Fill(hContext, buffer.Inside(), ToColorRef(BackColor()));
+  const BoxWindow* const pBox = Box();
+  Fill(hContext, buffer.Inside(),
+       ToColorRef(pBox != nullptr ? pBox->ShownBackColor() : Color::ButtonFace));
   SelectObject(hContext, reinterpret_cast<HFONT>(SendMessageA(Handle(), WM_GETFONT, 0, 0)));
-  SetTextColor(hContext, ToColorRef(Color::ButtonText));
+  SetTextColor(hContext, ToColorRef(pBox != nullptr ? pBox->ForeColor() : Color::ButtonText));
   SetBkMode(hContext, TRANSPARENT);
   const SIZE size = {buffer.Inside().right, buffer.Inside().bottom};
   int nTop = 0;

@@ -11,8 +11,11 @@ namespace trelin {
 int Pixels(Twips twips, UINT dpi);  // the nearest pixel
 Twips ToTwips(int nPixels, UINT dpi);
 
-UINT SystemDpi();  // of the main screen when the program was started
-UINT WindowDpi(HWND hWindow);
+UINT SystemDpi();              // of the main screen when the program was started
+UINT WindowDpi(HWND hWindow);  // of its screen
+
+// The resolution at which texts have the size that the user has chosen for them.
+UINT WithTextScale(UINT dpi);
 
 COLORREF ToColorRef(Color color);
 

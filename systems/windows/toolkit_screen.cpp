@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 
 #include "systems/windows/toolkit_form.h"
@@ -22,7 +23,23 @@ UINT ScreenDpi() {
 
 float TwipsPerPixel() { return TwipsPerInch / static_cast<float>(ScreenDpi()); }
 
+bool HighContrast() {
+  HIGHCONTRASTA contrast = {sizeof contrast, 0, nullptr};
+  return SystemParametersInfoA(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) != FALSE &&
+         (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
+// As the eye takes red, green and blue, from 0 to 255.
+int Brightness(COLORREF color) {
+  return (299 * GetRValue(color) + 587 * GetGValue(color) + 114 * GetBValue(color)) / 1000;
+}
+
 }  // namespace
+
+bool Screen::SystemColorsOnly() {
+  constexpr int brightestOnCyan = 100;  // as grey, 4.5 times as dark, which is readable
+  return HighContrast() || Brightness(GetSysColor(COLOR_BTNTEXT)) > brightestOnCyan;
+}
 
 float Screen::TwipsPerPixelX() { return TwipsPerPixel(); }
 
@@ -51,6 +68,15 @@ UINT WindowDpi(HWND hWindow) {
   static const auto address = GetProcAddress(GetModuleHandleA("user32"), "GetDpiForWindow");
   static const auto get = reinterpret_cast<Function>(reinterpret_cast<void*>(address));
   return get != nullptr ? get(hWindow) : SystemDpi();
+}
+
+// Windows has had the setting since version 10: 100 to 225 percent.
+UINT WithTextScale(UINT dpi) {
+  DWORD lPercent = 0;
+  DWORD lSize = sizeof lPercent;
+  RegGetValueA(HKEY_CURRENT_USER, "Software\\Microsoft\\Accessibility", "TextScaleFactor",
+               RRF_RT_REG_DWORD, nullptr, &lPercent, &lSize);
+  return dpi * std::clamp<DWORD>(lPercent, 100, 225) / 100;
 }
 
 COLORREF ToColorRef(Color color) {

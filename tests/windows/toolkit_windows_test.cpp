@@ -1,6 +1,8 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <stdexcept>
 
 #include "app/agreement.h"
@@ -39,6 +41,97 @@ TEST(WindowsWindow, IsLaidOutAnewOnAScreenOfAnotherResolution) {
       GetObjectA(reinterpret_cast<HFONT>(SendMessageA(HandleOf(label), WM_GETFONT, 0, 0)),
                  sizeof font, &font);
       EXPECT_EQ(font.lfHeight, -(nDpi * 33 + 144) / 288) << nDpi;
+    }
+  });
+}
+
+void SetTextScale(DWORD lPercent) {
+  RegSetKeyValueA(HKEY_CURRENT_USER, "Software\\Microsoft\\Accessibility", "TextScaleFactor",
+                  REG_DWORD, &lPercent, sizeof lPercent);
+}
+
+TEST(WindowsWindow, IsAsLargeAsTextsAreToBeAndAsTheScreenHasRoomFor) {
+  const int nDpi = static_cast<int>(std::lround(1440 / Screen::TwipsPerPixelX()));
+  const Twips screen = Screen::Width();
+  const struct {
+    DWORD lPercent;
+    Twips width;
+    bool bFits;
+  } rows[] = {{100, 3000, true},  {150, 3000, true},           {225, 3000, true},
+              {1000, 3000, true}, {100, 1.1F * screen, false}, {200, 0.6F * screen, false}};
+  for (const auto& row : rows) {
+    SetTextScale(row.lPercent);
+    Form form(FormBorder::FixedSingle, true, row.width, 1440);
+    Driver::ShowModal(form, [&] {
+      SCOPED_TRACE(row.lPercent);
+      const PixelRect inside = Driver::Inside(form);
+      const int nLarger = static_cast<int>(std::min<DWORD>(row.lPercent, 225)) * nDpi / 100;
+      if (row.bFits)
+        EXPECT_EQ(inside.nHeight, nLarger);  // it is an inch high
+      else
+        EXPECT_LE(form.Width(), Screen::Width());
+      EXPECT_NEAR(inside.nWidth, static_cast<Twips>(inside.nHeight) * row.width / 1440,
+                  inside.nWidth / 40);
+    });
+  }
+  SetTextScale(100);
+}
+
+// The user's colours, until they are put back.
+class SystemColors {
+ public:
+  SystemColors(COLORREF face, COLORREF text) {
+    const COLORREF colors[] = {face, text, RGB(0, 0, 128), RGB(255, 255, 0)};
+    for (int i = 0; i < Count; ++i) before_[i] = GetSysColor(Indexes[i]);
+    SetSysColors(Count, Indexes, colors);
+  }
+  ~SystemColors() { SetSysColors(Count, Indexes, before_); }
+  SystemColors(const SystemColors&) = delete;
+  SystemColors& operator=(const SystemColors&) = delete;
+
+ private:
+  static constexpr int Count = 4;
+  static constexpr int Indexes[Count] = {COLOR_BTNFACE, COLOR_BTNTEXT, COLOR_HIGHLIGHT,
+                                         COLOR_HIGHLIGHTTEXT};
+  COLORREF before_[Count] = {};
+};
+
+// Also while it is shown, and not on what has the system's colours. Wine never has the
+// mark of high contrast set, so that only the texts' colour tells.
+TEST(WindowsWindow, ColorsOfTheProgramGiveWayToThoseOfTheUser) {
+  Form form(FormBorder::FixedSingle, true, 3000, 1440);
+  PictureBox boxes[] = {PictureBox(form), PictureBox(form)};
+  Label labels[] = {Label(boxes[0]), Label(boxes[1])};
+  for (int i = 0; i < 2; ++i) {
+    boxes[i].SetBounds(0, static_cast<Twips>(720 * i), 3000, 720);
+    labels[i].SetBounds(300, 150, 1440, 240);
+    labels[i].SetCaption("I");
+  }
+  boxes[0].SetBackColor(Color::Cyan);
+  const struct {
+    const char* sColors;
+    COLORREF face, text;
+    Color back, fore;  // of what the program has coloured
+  } rows[] = {
+      {"dark on light", RGB(255, 255, 255), RGB(0, 0, 0), Color::Cyan, Color::ButtonText},
+      {"light on dark", RGB(0, 0, 0), RGB(255, 255, 255), Color::Highlight, Color::HighlightText},
+  };
+  Driver::ShowModal(form, [&] {
+    for (const auto& row : rows) {
+      SCOPED_TRACE(row.sColors);
+      const SystemColors colors(row.face, row.text);
+      Driver::Wait(50);
+      EXPECT_EQ(boxes[0].ForeColor(), row.fore);
+      const Color expected[][2] = {{row.back, row.fore}, {Color::ButtonFace, Color::ButtonText}};
+      for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(Driver::PixelAt(boxes[i], 2, 2), Driver::RgbOf(expected[i][0]));
+        EXPECT_EQ(Driver::PixelAt(labels[i], 90, 2), Driver::RgbOf(expected[i][0]));
+        const auto pixels = Driver::PixelsOf(labels[i]);
+        const auto hasText = [&](const auto& line) {
+          return std::find(line.begin(), line.end(), Driver::RgbOf(expected[i][1])) != line.end();
+        };
+        EXPECT_TRUE(std::any_of(pixels.begin(), pixels.end(), hasText)) << "box " << i;
+      }
     }
   });
 }
