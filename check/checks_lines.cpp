@@ -55,11 +55,11 @@ void CheckCodePage(const Suite& suite, Report& report) {
     if (IsComment(sLine)) continue;
     const auto foreign = FindForeignText(sLine, bUtf8);
     if (!foreign) continue;
-    report.Error({l, static_cast<std::int32_t>(foreign->nOffset + nMark) + 1,
-                  static_cast<std::int32_t>(foreign->nLength)},
-                 "The text " + foreign->sReason + " and is not shown as it is meant.",
-                 std::string(foreign->bLacking ? "Write it in other characters. " : "") +
-                     "Save the file in the ANSI code page (Windows-1252).");
+    report.Error(
+        {l, static_cast<std::int32_t>(foreign->nOffset + nMark) + 1,
+         static_cast<std::int32_t>(foreign->nLength)},
+        "The text " + foreign->sReason + " and is not shown as it is meant.",
+        std::string(foreign->bLacking ? "Write it in other characters. " : "") + SaveInCodePage());
   }
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "seam/console.h"
 #include "shared/code_page.h"
 
 namespace trelin {
@@ -26,10 +27,16 @@ std::size_t Utf8Length(std::string_view sText, std::size_t nAt) {
   return nLength;
 }
 
+// A text in UTF-8; nothing when the code page lacks one of its characters.
+std::optional<std::string> WholeInCodePage(const std::string& sUtf8) {
+  std::string sText = AnsiOf(sUtf8);
+  return Utf8Of(sText) == sUtf8 ? std::optional(std::move(sText)) : std::nullopt;
+}
+
 // Whether UTF-8 is meant although the file is in the code page: the characters are
 // such as the code page has, too.
 bool IsMeantAsUtf8(std::string_view sLine) {
-  return IsUtf8(sLine) && ToUtf8(FromUtf8(sLine)) == sLine;
+  return IsUtf8(sLine) && (IsAscii(sLine) || WholeInCodePage(std::string(sLine)));
 }
 
 // The first character of a text in UTF-8 that the code page lacks.
@@ -38,15 +45,17 @@ std::optional<ForeignText> FindLacking(std::string_view sUtf8) {
   for (std::size_t n = 0; n < sUtf8.size(); n += nLength) {
     nLength = IsAsciiByte(Byte(sUtf8, n)) ? 1 : std::max<std::size_t>(1, Utf8Length(sUtf8, n));
     const std::string_view sCharacter = sUtf8.substr(n, nLength);
-    if (nLength > 1 && ToUtf8(FromUtf8(sCharacter)) != sCharacter)
+    if (nLength > 1 && !WholeInCodePage(std::string(sCharacter)))
       return ForeignText{n, nLength, "has a character that the ANSI code page lacks", true};
   }
   return std::nullopt;
 }
 
-// The five codes that Windows-1252 leaves open.
+// Codes that a code page leaves open stand for the control characters of that number.
 bool StandsForNothing(unsigned char c) {
-  return c == 0x81 || c == 0x8D || c == 0x8F || c == 0x90 || c == 0x9D;
+  if (c < 0x80 || c > 0x9F) return false;
+  const std::string sUtf8 = Utf8Of({static_cast<char>(c)});
+  return sUtf8.size() == 2 && sUtf8[0] == '\xC2';
 }
 
 char16_t UnitAt(std::string_view sFile, std::size_t n, bool bLowByteFirst) {
@@ -62,14 +71,6 @@ std::u16string Utf16Of(std::string_view sFile) {
   for (std::size_t n = bMarked ? 2 : 0; n + 1 < sFile.size(); n += 2)
     sUnits += UnitAt(sFile, n, bLowByteFirst);
   return sUnits;
-}
-
-std::optional<std::string> FromLosslessUtf16(std::u16string_view sUnits) {
-  std::string sText = FromUtf16(sUnits);
-  const bool bSame = std::equal(sText.begin(), sText.end(), sUnits.begin(), sUnits.end(),
-                                [](char c, char16_t unit) { return CodePoint1252(c) == unit; });
-  const bool bText = sText.find('\0') == std::string::npos;
-  return bSame && bText ? std::optional(std::move(sText)) : std::nullopt;
 }
 
 bool IsControl(unsigned char c) { return (c < 0x20 && c != '\t') || c == 0x7F; }
@@ -98,10 +99,17 @@ bool IsUtf8(std::string_view sText) {
 }
 
 std::optional<std::string> InCodePage(std::string_view sFile) {
-  if (IsUtf16(sFile)) return FromLosslessUtf16(Utf16Of(sFile));
+  if (IsUtf16(sFile)) {
+    const std::u16string sUnits = Utf16Of(sFile);
+    const bool bText = sUnits.find(u'\0') == std::u16string::npos;
+    return bText ? WholeInCodePage(Utf8FromUtf16(sUnits)) : std::nullopt;
+  }
   if (sFile.starts_with(Utf8Mark)) sFile.remove_prefix(Utf8Mark.size());
-  std::string sText = FromUtf8(sFile);
-  return IsUtf8(sFile) && ToUtf8(sText) == sFile ? std::optional(std::move(sText)) : std::nullopt;
+  return IsUtf8(sFile) ? WholeInCodePage(std::string(sFile)) : std::nullopt;
+}
+
+std::string SaveInCodePage() {
+  return "Save the file in the ANSI code page (Windows-" + std::to_string(AnsiCodePage()) + ").";
 }
 
 std::optional<ForeignText> FindForeignText(std::string_view sLine, bool bFileIsUtf8) {

@@ -17,6 +17,9 @@ bool IsUtf16(std::string_view sFile);
 // it is in neither, or has characters that the code page lacks.
 std::optional<std::string> InCodePage(std::string_view sFile);
 
+// The advice for one that is not in the code page, which names it.
+std::string SaveInCodePage();
+
 // A stretch of a text that is not in the ANSI code page, and why.
 struct ForeignText {
   std::size_t nOffset;

@@ -370,7 +370,7 @@ CheckedList ReadCheckedList(const std::string& sName, std::unique_ptr<InputFile>
                            Severity::Error,
                            {1, 1, 1},
                            "The file is UTF-16, of which the launcher understands no line.",
-                           "Save it in the ANSI code page (Windows-1252)."});
+                           SaveInCodePage()});
     return list;
   }
   ReadStatements(list);

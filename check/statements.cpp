@@ -84,7 +84,8 @@ class StatementReader {
                             {1, 1, static_cast<std::int32_t>(Utf8Mark.size())},
                             list_.LaunchersWords(FormatResourceString(number, 1)),
                             "The file begins with a UTF-8 byte order mark, which the launcher "
-                            "takes for text. Save it in the ANSI code page (Windows-1252)."});
+                            "takes for text. " +
+                                SaveInCodePage()});
     const std::string_view sBehind = sText.substr(Utf8Mark.size());
     const Statement statement = SplitStatement(sBehind, 1);
     if (statement.kind == Statement::Kind::NotUnderstood)

@@ -1,9 +1,12 @@
 // What trelin-check asks of a system's windows and disks. A target has none: no text is
-// too long, no picture loads, and files are those of the platform in use.
+// too long, no picture loads, files are those of the platform in use, and the code page is
+// Windows-1252.
 
+#include "seam/console.h"
 #include "seam/platform.h"
 #include "seam/platform_error.h"
 #include "seam/toolkit.h"
+#include "shared/code_page.h"
 #include "shared/start_paths.h"
 
 namespace trelin {
@@ -27,6 +30,10 @@ PathTests StartPathTests() {
   };
   return {isFile, [](const std::string&) { return false; }};
 }
+
+int AnsiCodePage() { return 1252; }
+std::string Utf8Of(const std::string& sText) { return ToUtf8(sText); }
+std::string AnsiOf(const std::string& sUtf8) { return FromUtf8(sUtf8); }
 
 int Picture::WidthPixels() const { return 0; }
 int Picture::HeightPixels() const { return 0; }

@@ -63,8 +63,13 @@ Terminal OutputTerminal();
 // Whether somebody sees at a terminal what goes to the output for errors.
 bool ErrorsAreSeen();
 
-// A text of the ANSI code page in UTF-8.
+// The number of this system's ANSI code page, such as 1252.
+int AnsiCodePage();
+
+// A text of the ANSI code page in UTF-8, and back: "?", or a similar one, stands for a
+// character that the code page lacks.
 std::string Utf8Of(const std::string& sText);
+std::string AnsiOf(const std::string& sUtf8);
 
 // Write a text in UTF-8 to the standard output, and to that for errors; a
 // console shows its letters, a file gets the bytes. Throws PlatformError when it cannot

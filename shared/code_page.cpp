@@ -44,7 +44,12 @@ void AppendUtf8(std::string& sOut, char32_t code) {
     sOut += static_cast<char>(0xC0 | (code >> 6));
     sOut += static_cast<char>(0x80 | (code & 0x3F));
   } else {
-    sOut += static_cast<char>(0xE0 | (code >> 12));
+    if (code < 0x10000) {
+      sOut += static_cast<char>(0xE0 | (code >> 12));
+    } else {
+      sOut += static_cast<char>(0xF0 | (code >> 18));
+      sOut += static_cast<char>(0x80 | ((code >> 12) & 0x3F));
+    }
     sOut += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
     sOut += static_cast<char>(0x80 | (code & 0x3F));
   }
@@ -84,6 +89,15 @@ std::size_t DecodeUtf8(std::string_view sText, char32_t& code) {
 
 bool IsPair(char16_t high, char16_t low) {
   return (high & 0xFC00) == 0xD800 && (low & 0xFC00) == 0xDC00;
+}
+
+// The first one of a text, which it loses; a surrogate that stands alone is its number.
+char32_t TakeCodePoint(std::u16string_view& sText) {
+  char32_t code = sText[0];
+  const bool bPair = sText.size() > 1 && IsPair(sText[0], sText[1]);
+  if (bPair) code = 0x10000 + ((code - 0xD800) << 10) + (sText[1] - 0xDC00U);
+  sText.remove_prefix(bPair ? 2 : 1);
+  return code;
 }
 
 }  // namespace
@@ -135,10 +149,13 @@ std::string FromUtf8(std::string_view sUtf8) {
 std::string FromUtf16(std::u16string_view sUtf16) {
   std::string sOut;
   sOut.reserve(sUtf16.size());
-  for (std::size_t i = 0; i < sUtf16.size(); ++i) {
-    sOut += FromCodePoint(sUtf16[i]);  // a surrogate: "?"
-    if (i + 1 < sUtf16.size() && IsPair(sUtf16[i], sUtf16[i + 1])) ++i;
-  }
+  while (!sUtf16.empty()) sOut += FromCodePoint(TakeCodePoint(sUtf16));
+  return sOut;
+}
+
+std::string Utf8FromUtf16(std::u16string_view sUtf16) {
+  std::string sOut;
+  while (!sUtf16.empty()) AppendUtf8(sOut, TakeCodePoint(sUtf16));
   return sOut;
 }
 

@@ -24,6 +24,7 @@ bool IsAscii(std::string_view sText);
 std::string ToUtf8(std::string_view sText1252);
 std::string FromUtf8(std::string_view sUtf8);  // bytes that are no UTF-8: one "?" each
 std::string FromUtf16(std::u16string_view sUtf16);
+std::string Utf8FromUtf16(std::u16string_view sUtf16);
 
 // The Unicode code point of one character of the code page. The five codes
 // that the code page leaves open stand for the control characters of the

@@ -81,6 +81,10 @@ Terminal OutputTerminal() {
   return {size.ws_col, pName != nullptr && std::string_view(pName) != "dumb"};
 }
 
+int AnsiCodePage() { return 1252; }
+
+std::string AnsiOf(const std::string& sUtf8) { return FromUtf8(sUtf8); }
+
 std::string Utf8Of(const std::string& sText) { return ToUtf8(sText); }
 
 void WriteOutput(const std::string& sUtf8) { Write(sUtf8, stdout); }

@@ -123,6 +123,10 @@ Terminal OutputTerminal() {
   return {info.srWindow.Right - info.srWindow.Left + 1, bColors};
 }
 
+int AnsiCodePage() { return static_cast<int>(GetACP()); }
+
+std::string AnsiOf(const std::string& sUtf8) { return FromWide(ToWide(sUtf8, CP_UTF8)); }
+
 std::string Utf8Of(const std::string& sText) { return FromWide(ToWide(sText), CP_UTF8); }
 
 void WriteOutput(const std::string& sUtf8) { Write(sUtf8, STD_OUTPUT_HANDLE); }
