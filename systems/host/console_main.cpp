@@ -6,6 +6,7 @@
 
 #include "seam/console.h"
 #include "seam/platform.h"
+#include "seam/platform_error.h"
 #include "shared/code_page.h"
 #include "shared/memory_registry.h"
 #include "systems/host/host_string_library.h"
@@ -30,6 +31,14 @@ QGuiApplication& WithoutDisplay() {
   return application;
 }
 
+std::string Argument(const char* pArgument) {
+  std::string sArgument = FromUtf8(pArgument);
+  if (ToUtf8(sArgument) != pArgument)
+    throw PlatformError("use the argument", sArgument,
+                        "it holds characters that the program cannot use");
+  return sArgument;
+}
+
 }  // namespace
 
 }  // namespace trelin
@@ -43,7 +52,7 @@ int main(int argc, char** argv) {
     trelin::WithoutDisplay();
 
     std::vector<std::string> arguments;
-    for (int i = 1; i < argc; ++i) arguments.push_back(trelin::FromUtf8(argv[i]));
+    for (int i = 1; i < argc; ++i) arguments.push_back(trelin::Argument(argv[i]));
     return trelin::RunCommand(arguments);
   } catch (const std::exception& error) {
     try {

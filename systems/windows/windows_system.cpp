@@ -18,6 +18,8 @@ namespace {
 // Behind it there is room for a backslash and ENU35000.DLL.
 constexpr std::size_t LongestFolder = MAX_PATH - 14;
 
+bool IsInCodePage(const std::wstring& sText) { return ToWide(FromWide(sText)) == sText; }
+
 std::wstring WideRunningProgram() {
   std::wstring sPath(MAX_PATH, L'\0');
   for (;;) {
@@ -37,10 +39,11 @@ std::wstring FolderOf(const std::wstring& sPath) {
 
 std::string FindProgramFolder() {
   const std::wstring sFolder = FolderOf(WideRunningProgram());
-  const std::string sPath = FromWide(sFolder);
-  if (ToWide(sPath) != sFolder) {
-    throw PlatformError("find the program's own folder", sPath,
-                        "its name holds characters that the program cannot use");
+  const std::string sPath = PathInCodePage(sFolder);
+  if (sPath.empty()) {
+    throw PlatformError("find the program's own folder", FromWide(sFolder),
+                        "its name holds characters that the program cannot use; please copy the "
+                        "suite to another folder");
   }
   if (sPath.size() > LongestFolder) {
     throw PlatformError("use the program's own folder", sPath,
@@ -51,6 +54,13 @@ std::string FindProgramFolder() {
 }
 
 }  // namespace
+
+std::string PathInCodePage(const std::wstring& sPath) {
+  if (IsInCodePage(sPath)) return FromWide(sPath);
+  std::wstring sShort(MAX_PATH, L'\0');
+  sShort.resize(GetShortPathNameW(sPath.c_str(), sShort.data(), MAX_PATH) % MAX_PATH);
+  return IsInCodePage(sShort) ? FromWide(sShort) : "";
+}
 
 std::string RunningProgram() { return FromWide(WideRunningProgram()); }
 

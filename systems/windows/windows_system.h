@@ -8,6 +8,11 @@ namespace trelin {
 // lacks is replaced.
 std::string RunningProgram();
 
+// A path in the ANSI code page. Where that lacks a letter, as perhaps of the user's name,
+// the short names that the system may have given to files and folders take the place of
+// theirs. Empty when there are none.
+std::string PathInCodePage(const std::wstring& sPath);
+
 // The Windows system that the program runs on.
 class WindowsSystem : public System {
  public:

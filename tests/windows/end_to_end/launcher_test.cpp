@@ -70,17 +70,26 @@ TEST_F(LauncherWindows, ASuiteIsInstalled) {
   EXPECT_EQ(launcher->WaitForEnd(), 0U);
 }
 
-TEST_F(LauncherWindows, FoldersThatItCannotUseAreNamed) {
+// Into a folder that is made for it.
+std::filesystem::path CopyTo(const std::filesystem::path& folder, const SuiteFolder& suite) {
+  std::filesystem::create_directories(folder);
+  std::filesystem::copy_file(suite / "trelin.exe", folder / "trelin.exe");
+  return folder / "trelin.exe";
+}
+
+// What the code page lacks is no reason to miss the program's own folder, and one not to
+// take a similar folder for that of the command line.
+TEST_F(LauncherWindows, FoldersOfUnusualNamesAreUsedOrNamed) {
   std::wstring sLong = (suite / "Long").wstring();
   sLong.append(200 - sLong.size(), L'x').append(L"\\").append(46, L'x');  // 247 characters
-  std::filesystem::create_directories(sLong);
-  std::filesystem::copy_file(suite / "trelin.exe", sLong + L"\\trelin.exe");
   const struct {
     std::filesystem::path program;
     const wchar_t* pArguments;
     const char* pText;
   } cases[] = {
-      {sLong + L"\\trelin.exe", L"", "\": its path is too long"},
+      {CopyTo(sLong, suite), L"", "\": its path is too long"},
+      {CopyTo(suite / "Disc 1" / L"\x0141\x03A9", suite), L"",
+       "The string library ENU35000.DLL is missing from the folder of Trelin"},
       {suite / "trelin.exe", L"D:\\\x03A9",
        "Could not use the folder on the command line \"D:\\O\": its name holds characters"},
   };
