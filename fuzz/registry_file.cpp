@@ -18,14 +18,14 @@ constexpr const char* FilePath = "records.reg";
 
 void CheckSame(const RegistryNode& one, const RegistryNode& other) {
   CheckEqual(one.Name(), other.Name(), "a key keeps its name and its place");
-  Check(one.Values() == other.Values(), "values keep names, types, bytes and order");
+  Check(one.AllValues() == other.AllValues(), "values keep names, types, bytes and order");
   Check(one.KeyCount() == other.KeyCount(), "every key comes back");
   for (std::size_t i = 0; i < one.KeyCount(); ++i) CheckSame(one.Key(i), other.Key(i));
 }
 
 // Everything can be found by its name, and belongs where it is.
 void CheckNode(const RegistryNode& node) {
-  for (const RegistryValue& value : node.Values())
+  for (const RegistryValue& value : node.AllValues())
     Check(node.FindValue(value.sName) == &value, "a value is found by its name");
   for (std::size_t i = 0; i < node.KeyCount(); ++i) {
     RegistryNode& key = node.Key(i);

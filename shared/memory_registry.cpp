@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "shared/at_exit.h"
 #include "shared/code_page.h"
 
 namespace trelin {
@@ -134,25 +135,26 @@ std::int32_t MemoryRegistry::OpenKey(RegistryKey hParent, const std::string& sPa
   return NewHandle(*node, lAccess, hKey);
 }
 
-std::int32_t MemoryRegistry::CreateLevel(RegistryNode*& node, std::string_view sName) const {
-  RegistryNode* child = node->FindKey(sName);
-  if (child == nullptr && Refuses(refusedCreation_, *node)) return RegistryAccessDenied;
-  node = child != nullptr ? child : &node->AddKey(sName);
-  return RegistrySuccess;
-}
-
+// As on Windows, a handle that was opened for reading serves as well.
 std::int32_t MemoryRegistry::CreateKey(RegistryKey hParent, const std::string& sPath,
                                        std::uint32_t lAccess, RegistryKey& hKey) {
   std::int32_t lResult = MemoryRegistry::OpenKey(hParent, sPath, lAccess, hKey);
   if (lResult != RegistryNotFound) return lResult;
-  // As on Windows, a handle that was opened for reading serves as well.
   Handle handle;
-  lResult = Resolve(hParent, handle);
-  RegistryNode* node = handle.node;
-  std::string_view sRest = sPath.c_str();
-  for (std::string_view sName; lResult == RegistrySuccess && NextLevel(sRest, sName);)
-    lResult = CreateLevel(node, sName);
-  return lResult == RegistrySuccess ? NewHandle(*node, lAccess, hKey) : lResult;
+  Resolve(hParent, handle);
+  RegistryNode* parent = handle.node;
+  std::string_view sRest = Name(sPath);
+  std::string_view sName;
+  for (RegistryNode* next = parent; next != nullptr && NextLevel(sRest, sName);)
+    if ((next = parent->FindKey(sName)) != nullptr) parent = next;
+  if (Refuses(refusedCreation_, *parent)) return RegistryAccessDenied;
+
+  RegistryNode* created = &parent->AddKey(sName);
+  const AtExit undo([&, &sFirst = created->Name()] {
+    if (lResult != RegistrySuccess) parent->RemoveKey(sFirst);
+  });
+  while (NextLevel(sRest, sName)) created = &created->AddKey(sName);
+  return lResult = NewHandle(*created, lAccess, hKey);
 }
 
 std::int32_t MemoryRegistry::CloseKey(RegistryKey hKey) noexcept {
@@ -210,8 +212,8 @@ std::int32_t MemoryRegistry::EnumValue(RegistryKey hKey, std::uint32_t lIndex, c
   Handle handle;
   std::int32_t lResult = Resolve(hKey, handle);
   if (lResult != RegistrySuccess) return lResult;
-  if (lIndex >= handle.node->Values().size()) return RegistryNoMoreItems;
-  const RegistryValue& value = handle.node->Values()[lIndex];
+  if (lIndex >= handle.node->AllValues().size()) return RegistryNoMoreItems;
+  const RegistryValue& value = handle.node->Value(lIndex);
   if (value.sName.size() >= lNameSize) return RegistryMoreData;
   lResult = CopyOut(value.sData, pData, lDataSize);
   if (lResult != RegistrySuccess) return lResult;
@@ -248,9 +250,11 @@ std::int32_t MemoryRegistry::QueryDefault(RegistryKey hKey, const std::string& s
 }
 
 void MemoryRegistry::ReplaceTree(std::unique_ptr<RegistryNode> root) {
-  std::swap(root_, root);
-  for (Handle& handle : handles_)
-    if (handle.node != nullptr) handle.node = Descend(root_.get(), handle.node->Path());
+  Handles handles = handles_;
+  for (Handle& handle : handles)
+    if (handle.node != nullptr) handle.node = Descend(root.get(), handle.node->Path());
+  handles_ = std::move(handles);
+  root_ = std::move(root);
 }
 
 void MemoryRegistry::SetText(const std::string& sPath, const std::string& sName,

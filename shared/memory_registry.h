@@ -88,7 +88,6 @@ class MemoryRegistry : public Registry {
   std::int32_t Resolve(RegistryKey hKey, Handle& handle) const;
   std::int32_t ResolveForWriting(RegistryKey hKey, RegistryNode*& node) const;
   std::int32_t Walk(RegistryKey hParent, const std::string& sPath, RegistryNode*& node) const;
-  std::int32_t CreateLevel(RegistryNode*& node, std::string_view sName) const;
   std::int32_t NewHandle(RegistryNode& node, std::uint32_t lAccess, RegistryKey& hKey);
   static bool Refuses(const FoldedSet& paths, const RegistryNode& node);
 

@@ -78,9 +78,9 @@ void AppendValue(std::string& sOut, const RegistryValue& value) {
 // A key without values appears only where no subkey implies it.
 void AppendKey(std::string& sOut, const RegistryNode& node, const std::string& sPath) {
   const bool bHive = node.Depth() == 1;
-  if (!node.Values().empty() || (node.KeyCount() == 0 && !bHive))
+  if (!node.AllValues().empty() || (node.KeyCount() == 0 && !bHive))
     sOut += "\n[" + ToUtf8(sPath) + "]\n";
-  for (const RegistryValue& value : node.Values()) AppendValue(sOut, value);
+  for (const RegistryValue& value : node.AllValues()) AppendValue(sOut, value);
   for (std::size_t i = 0; i < node.KeyCount(); ++i)
     AppendKey(sOut, node.Key(i), sPath + '\\' + node.Key(i).Name());
 }

@@ -1,7 +1,6 @@
 #include "shared/registry_node.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 #include "shared/code_page.h"
@@ -10,33 +9,34 @@ namespace trelin {
 
 namespace {
 
-// Among so many, comparing finds a key sooner than hashing its name.
+// Among so many, a key is found sooner by looking at each.
 constexpr std::size_t FewKeys = 8;
 
-bool FoldedLess(std::string_view sOne, std::string_view sOther) {
-  return std::lexicographical_compare(sOne.begin(), sOne.end(), sOther.begin(), sOther.end(),
-                                      [](char one, char other) {
-                                        return static_cast<unsigned char>(UpperCase1252(one)) <
-                                               static_cast<unsigned char>(UpperCase1252(other));
-                                      });
+bool IsSameLetter(char one, char other) {
+  return one == other || UpperCase1252(one) == UpperCase1252(other);
 }
+
+unsigned char Weight(char c) { return static_cast<unsigned char>(UpperCase1252(c)); }
 
 }  // namespace
 
-// FNV-1a.
-std::size_t FoldedHash::operator()(std::string_view sName) const {
-  std::uint64_t nHash = 0xCBF29CE484222325U;
-  for (const char c : sName)
-    nHash = (nHash ^ static_cast<unsigned char>(UpperCase1252(c))) * 0x100000001B3U;
-  return static_cast<std::size_t>(nHash);
+bool RegistryNode::IsBefore(std::string_view sOne, std::string_view sOther) {
+  const auto [one, other] =
+      std::mismatch(sOne.begin(), sOne.end(), sOther.begin(), sOther.end(), IsSameLetter);
+  if (one == sOne.end() || other == sOther.end()) return other != sOther.end();
+  return Weight(*one) < Weight(*other);
 }
 
-bool FoldedEqual::operator()(std::string_view sOne, std::string_view sOther) const {
+bool RegistryNode::IsSame(std::string_view sOne, std::string_view sOther) {
   return sOne.size() == sOther.size() &&
-         (sOne == sOther ||
-          std::equal(sOne.begin(), sOne.end(), sOther.begin(), [](char one, char other) {
-            return UpperCase1252(one) == UpperCase1252(other);
-          }));
+         (sOne == sOther || std::equal(sOne.begin(), sOne.end(), sOther.begin(), IsSameLetter));
+}
+
+// FNV-1a.
+std::size_t RegistryNode::HashOf(std::string_view sName) {
+  std::uint64_t nHash = 0xCBF29CE484222325U;
+  for (const char c : sName) nHash = (nHash ^ Weight(c)) * 0x100000001B3U;
+  return static_cast<std::size_t>(nHash);
 }
 
 std::unique_ptr<RegistryNode> RegistryNode::NewTree() {
@@ -59,68 +59,55 @@ std::size_t RegistryNode::Depth() const {
 }
 
 RegistryNode* RegistryNode::FindKey(std::string_view sName) const {
-  if (sorted_.size() <= FewKeys) {
-    const auto key = std::find_if(
-        sorted_.begin(), sorted_.end(),
-        [sName](const RegistryNode* node) { return FoldedEqual()(node->sName_, sName); });
-    return key == sorted_.end() ? nullptr : *key;
-  }
-  const auto found = keys_.find(sName);
-  return found == keys_.end() ? nullptr : found->second.get();
+  const auto found =
+      keys_.size() <= FewKeys
+          ? std::find_if(keys_.begin(), keys_.end(),
+                         [sName](const OwnedKey& key) { return IsSame(key->sName_, sName); })
+          : keys_.find(sName);
+  return found == keys_.end() ? nullptr : found->get();
 }
 
 RegistryNode& RegistryNode::AddKey(std::string_view sName) {
-  const auto [entry, bNew] = keys_.try_emplace(std::string(sName));
-  if (bNew) {
-    entry->second = std::make_unique<RegistryNode>(entry->first, this);
-    sorted_.insert(Place(sName), entry->second.get());
-  }
-  return *entry->second;
+  const auto place = keys_.lower_bound(sName);
+  if (place != keys_.end() && IsSame(NameOf(*place), sName)) return **place;
+  const auto added = keys_.emplace_hint(place, std::make_unique<RegistryNode>(sName, this));
+  keyPlaces_.Forget();
+  return **added;
 }
 
 void RegistryNode::RemoveKey(std::string_view sName) {
   const auto found = keys_.find(sName);
   if (found == keys_.end()) return;
-  sorted_.erase(Place(sName));
   keys_.erase(found);
-}
-
-std::vector<RegistryNode*>::iterator RegistryNode::Place(std::string_view sName) {
-  return std::lower_bound(
-      sorted_.begin(), sorted_.end(), sName,
-      [](const RegistryNode* node, std::string_view s) { return FoldedLess(node->sName_, s); });
+  keyPlaces_.Forget();
 }
 
 const RegistryValue* RegistryNode::FindValue(std::string_view sName) const {
-  const auto found = valueIndex_.find(sName);
-  return found == valueIndex_.end() ? nullptr : &values_[*found];
+  const auto found = valueTable_.find(sName);
+  return found == valueTable_.end() ? nullptr : &**found;
 }
 
-void RegistryNode::SetValue(const std::string& sName, std::uint32_t lType, std::string sData) {
-  const auto found = valueIndex_.find(std::string_view(sName));
-  if (found != valueIndex_.end()) {
-    RegistryValue& value = values_[*found];
-    value.lType = lType;
-    value.sData = std::move(sData);
+void RegistryNode::SetValue(std::string_view sName, std::uint32_t lType, std::string sData) {
+  const auto found = valueTable_.find(sName);
+  if (found != valueTable_.end()) {
+    (*found)->lType = lType;
+    (*found)->sData = std::move(sData);
     return;
   }
-  values_.push_back({sName, lType, std::move(sData)});
-  try {
-    valueIndex_.insert(values_.size() - 1);
-  } catch (...) {
-    values_.pop_back();
-    throw;
-  }
+  Values added;
+  added.push_back({std::string(sName), lType, std::move(sData)});
+  valueTable_.insert(added.begin());
+  values_.splice(values_.end(), added);
+  valuePlaces_.Forget();
 }
 
-// The values behind the removed one move up, so all positions are entered anew.
 bool RegistryNode::RemoveValue(std::string_view sName) {
-  const auto found = valueIndex_.find(sName);
-  if (found == valueIndex_.end()) return false;
-  const std::size_t nRemoved = *found;
-  valueIndex_.clear();
-  values_.erase(std::next(values_.begin(), static_cast<std::ptrdiff_t>(nRemoved)));
-  for (std::size_t i = 0; i < values_.size(); ++i) valueIndex_.insert(i);
+  const auto found = valueTable_.find(sName);
+  if (found == valueTable_.end()) return false;
+  const Values::iterator value = *found;
+  valueTable_.erase(found);
+  values_.erase(value);
+  valuePlaces_.Forget();
   return true;
 }
 

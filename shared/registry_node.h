@@ -2,12 +2,15 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <list>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <unordered_set>
-#include <vector>
+#include <utility>
+
+#include "shared/numbered_places.h"
 
 namespace trelin {
 
@@ -19,25 +22,16 @@ struct RegistryValue {
   bool operator==(const RegistryValue&) const = default;
 };
 
-// For tables of names that match in any letter case.
-struct FoldedHash {
-  using is_transparent = void;
-  std::size_t operator()(std::string_view sName) const;
-};
-struct FoldedEqual {
-  using is_transparent = void;
-  bool operator()(std::string_view sOne, std::string_view sOther) const;
-};
-
 // A key of a registry kept in memory, with its values and subkeys. Names match
 // in any letter case of the code page 1252 and keep the case they came with.
 // A key owns its subkeys; it is not copied or moved, as they point back to it.
+// What lacks the memory throws std::bad_alloc and has changed nothing.
 class RegistryNode {
  public:
-  explicit RegistryNode(std::string sName = "", RegistryNode* parent = nullptr)
-      : sName_(std::move(sName)),
-        parent_(parent),
-        valueIndex_(0, HashOfName{this}, EqualName{this}) {}
+  using Values = std::list<RegistryValue>;
+
+  explicit RegistryNode(std::string_view sName = "", RegistryNode* parent = nullptr)
+      : sName_(sName), parent_(parent) {}
   RegistryNode(const RegistryNode&) = delete;
   RegistryNode& operator=(const RegistryNode&) = delete;
 
@@ -50,48 +44,62 @@ class RegistryNode {
   std::size_t Depth() const;  // of a hive: 1
 
   // Subkeys, in the order of their names in upper case.
-  std::size_t KeyCount() const { return sorted_.size(); }
-  RegistryNode& Key(std::size_t nIndex) const { return *sorted_[nIndex]; }
+  std::size_t KeyCount() const { return keys_.size(); }
+  RegistryNode& Key(std::size_t nIndex) const { return **keyPlaces_.At(keys_, nIndex); }
   RegistryNode* FindKey(std::string_view sName) const;
   RegistryNode& AddKey(std::string_view sName);  // the existing one if there is one
   void RemoveKey(std::string_view sName);
 
   // Values, in the order of their creation.
-  const std::vector<RegistryValue>& Values() const { return values_; }
+  const Values& AllValues() const { return values_; }
+  const RegistryValue& Value(std::size_t nIndex) const { return *valuePlaces_.At(values_, nIndex); }
   const RegistryValue* FindValue(std::string_view sName) const;
-  void SetValue(const std::string& sName, std::uint32_t lType, std::string sData);
+  void SetValue(std::string_view sName, std::uint32_t lType, std::string sData);
   bool RemoveValue(std::string_view sName);  // false: there is none
 
  private:
-  // A set of positions in values_, found by the names that stand there.
-  struct HashOfName {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view sName) const { return FoldedHash()(sName); }
-    std::size_t operator()(std::size_t nValue) const {
-      return FoldedHash()(node->values_[nValue].sName);
-    }
-    const RegistryNode* node;
-  };
-  struct EqualName {
-    using is_transparent = void;
-    bool operator()(std::size_t nOne, std::size_t nOther) const { return nOne == nOther; }
-    bool operator()(std::string_view sName, std::size_t nValue) const {
-      return FoldedEqual()(sName, node->values_[nValue].sName);
-    }
-    bool operator()(std::size_t nValue, std::string_view sName) const {
-      return (*this)(sName, nValue);
-    }
-    const RegistryNode* node;
-  };
+  using OwnedKey = std::unique_ptr<RegistryNode>;
 
-  std::vector<RegistryNode*>::iterator Place(std::string_view sName);
+  static std::string_view NameOf(std::string_view sName) { return sName; }
+  static std::string_view NameOf(const OwnedKey& key) { return key->sName_; }
+  static std::string_view NameOf(Values::iterator value) { return value->sName; }
+
+  // Functions of names, for tables in which something is found by its name.
+  struct Before {
+    using is_transparent = void;
+    template <class One, class Other>
+    bool operator()(const One& one, const Other& other) const {
+      return IsBefore(NameOf(one), NameOf(other));
+    }
+  };
+  struct Same {
+    using is_transparent = void;
+    template <class One, class Other>
+    bool operator()(const One& one, const Other& other) const {
+      return IsSame(NameOf(one), NameOf(other));
+    }
+  };
+  struct Hash {
+    using is_transparent = void;
+    template <class Named>
+    std::size_t operator()(const Named& named) const {
+      return HashOf(NameOf(named));
+    }
+  };
+  static bool IsBefore(std::string_view sOne, std::string_view sOther);
+  static bool IsSame(std::string_view sOne, std::string_view sOther);
+  static std::size_t HashOf(std::string_view sName);
+
+  using Keys = std::set<OwnedKey, Before>;
+  using ValueTable = std::unordered_set<Values::iterator, Hash, Same>;
 
   std::string sName_;
   RegistryNode* parent_;
-  std::unordered_map<std::string, std::unique_ptr<RegistryNode>, FoldedHash, FoldedEqual> keys_;
-  std::vector<RegistryNode*> sorted_;  // what keys_ owns, in order
-  std::vector<RegistryValue> values_;
-  std::unordered_set<std::size_t, HashOfName, EqualName> valueIndex_;
+  Keys keys_;
+  NumberedPlaces<Keys> keyPlaces_;
+  Values values_;
+  ValueTable valueTable_;
+  NumberedPlaces<Values> valuePlaces_;
 };
 
 }  // namespace trelin
