@@ -92,8 +92,9 @@ std::string SimilarCode(const Products& products, const std::string& sCode) {
   if (products.size() > MostProducts) return sSimilar;
   for (const ListBlock* pProduct : products) {
     const std::string sKnown = CodeOf(*pProduct);
-    const std::size_t nDistance = EditDistance(sCode, sKnown);
-    if (sKnown.empty() || nDistance >= nNearest) continue;
+    if (sKnown.empty() || nNearest == 0) continue;
+    const std::size_t nDistance = EditDistance(sCode, sKnown, nNearest - 1);
+    if (nDistance >= nNearest) continue;
     nNearest = nDistance;
     sSimilar = sKnown;
   }

@@ -71,16 +71,16 @@ void ForEachWithout(const Suite& suite, const char* pKey, Use use) {
 std::optional<Correction> KeyMeant(BlockKind kind, const ListStatement& entry,
                                    std::set<std::string_view>& known) {
   constexpr std::size_t FewLetters = 2;
-  const auto& keys = KeysOf(kind);
-  const auto isNear = [&entry](const char* pKey) {
-    return EditDistance(entry.Key(), pKey) <= FewLetters;
-  };
-  const auto key = std::find_if(keys.begin(), keys.end(), isNear);
-  const bool bOnlyOne = std::count_if(keys.begin(), keys.end(), isNear) == 1;
-  if (!bOnlyOne || known.contains(*key) || !WhereKnown(std::string(entry.Key())).empty())
+  const char* pMeant = nullptr;
+  for (const char* pKey : KeysOf(kind)) {
+    if (!IsNear(entry.Key(), pKey, FewLetters)) continue;
+    if (pMeant != nullptr) return std::nullopt;
+    pMeant = pKey;
+  }
+  if (pMeant == nullptr || known.contains(pMeant) || !WhereKnown(std::string(entry.Key())).empty())
     return std::nullopt;
-  known.insert(*key);  // for the next one
-  return Correction{entry.KeyPlace(), *key};
+  known.insert(pMeant);  // for the next one
+  return Correction{entry.KeyPlace(), pMeant};
 }
 
 constexpr Rule UnknownKey = {

@@ -24,11 +24,9 @@ constexpr const char* Prerequisite = "DEPENDENCY";
 // in a few letters, or else the one that is expected there.
 std::string MeantType(std::string_view sType, const char* pExpected) {
   constexpr std::size_t FewLetters = 3;
-  constexpr std::size_t LongestType = 11;
   if (sType == Product || sType == Prerequisite) return std::string(sType);  // as most are
-  if (sType.size() > LongestType + FewLetters) return pExpected;
-  const std::string sNearest = NearestWord(sType, {Outer, Product, Prerequisite});
-  return EditDistance(sType, sNearest) <= FewLetters ? sNearest : pExpected;
+  const std::string sNearest = NearestWord(sType, {Outer, Product, Prerequisite}, FewLetters);
+  return sNearest.empty() ? pExpected : sNearest;
 }
 
 const char* ExpectedIn(BlockKind kind) {
@@ -340,11 +338,13 @@ class StructureReader {
 
   void SkipSecondList() {
     const std::size_t nSecond = list_.blocks.size();
+    const std::size_t nLastProduct = nLastProduct_;
     list_.blocks.emplace_back().start = NextPlace();
     ++nNext_;
     ReadBlock(nSecond);
     list_.blocks.erase(list_.blocks.begin() + static_cast<std::ptrdiff_t>(nSecond),
                        list_.blocks.end());
+    nLastProduct_ = nLastProduct;
   }
 
   CheckedList& list_;

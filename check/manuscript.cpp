@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "check/encoding.h"
+#include "shared/code_page.h"
 
 namespace trelin {
 
@@ -25,12 +26,20 @@ std::int32_t LineNumber(std::size_t nIndex) { return static_cast<std::int32_t>(n
 Manuscript::Manuscript(std::string_view sFile) : lines_(Split(sFile)) {
   bHasDiff_ = !IsUtf16(sFile) && std::none_of(lines_.begin(), lines_.end(),
                                               [](const Line& line) { return line.sEnd == "\r"; });
-  const auto sText = InCodePage(sFile);
-  if (!sText) return;
-  std::vector<Line> recoded = Split(*sText);
-  const bool bSameLines = !IsUtf16(sFile);
-  for (std::size_t n = 0; n < recoded.size(); ++n)
+  PutInCodePage();
+}
+
+void Manuscript::PutInCodePage() {
+  const std::string sText = Text();
+  const auto sRecoded = InCodePage(sText);
+  if (!sRecoded || *sRecoded == sText || (!IsAscii(*sRecoded) && IsUtf8(*sRecoded))) return;
+  std::vector<Line> recoded = Split(*sRecoded);
+  const bool bSameLines = !IsUtf16(sText);
+  bHasDiff_ = bHasDiff_ && bSameLines;
+  for (std::size_t n = 0; n < recoded.size(); ++n) {
     recoded[n].sBefore = bSameLines ? lines_[n].sBefore : "";
+    recoded[n].bNew = bSameLines && lines_[n].bNew;
+  }
   lines_ = std::move(recoded);
 }
 

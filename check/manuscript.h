@@ -12,9 +12,13 @@ namespace trelin {
 // A setup list while it is mended: its lines, each with its end, and what they were.
 class Manuscript {
  public:
-  // The bytes of the file. In UTF-8 or UTF-16 it is put into the ANSI code page, if
-  // that has all its characters.
+  // The bytes of the file, which is put into the ANSI code page.
   explicit Manuscript(std::string_view sFile);
+
+  // Takes a text in UTF-8 or UTF-16 into the ANSI code page, if that has all its
+  // characters. One that would read as UTF-8 there, too, stays: nobody knows which of the
+  // two is meant.
+  void PutInCodePage();
 
   // What the file is to be.
   std::string Text() const;

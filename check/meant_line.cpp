@@ -25,17 +25,17 @@ bool IsKeyOfAnyBlock(std::string_view sWord) {
 // The block type that a word is, but for a slip or two; a null pointer for none.
 const char* BlockTypeMeant(std::string_view sWord) {
   const auto kind = std::find_if(Kinds.begin(), Kinds.end(), [sWord](BlockKind known) {
-    return EditDistance(sWord, NameOf(known)) <= 2;
+    return IsNear(sWord, NameOf(known), 2);
   });
   return kind != Kinds.end() ? NameOf(*kind) : nullptr;
 }
 
 bool MeansBlock(std::string_view sWord, std::string_view sRest) {
-  return sWord.size() > 3 && !sRest.empty() && EditDistance(sWord, "BLOCK") <= 2;
+  return sWord.size() > 3 && !sRest.empty() && IsNear(sWord, "BLOCK", 2);
 }
 
 bool MeansEnd(std::string_view sWord) {
-  return sWord.starts_with("END") || (sWord.size() > 1 && EditDistance(sWord, "END") <= 1);
+  return sWord.starts_with("END") || (sWord.size() > 1 && IsNear(sWord, "END", 1));
 }
 
 std::string_view FirstWord(std::string_view sText, const char* pSeparators) {

@@ -54,6 +54,7 @@ Manuscript Mend(const std::string& sFile, Suite suite) {
   for (int n = 0; n < MostRounds; ++n) {
     suite.list = ReadCheckedList(suite.list.sName, std::make_unique<TextFile>(manuscript.Text()));
     if (!manuscript.Correct(CorrectionsOf(suite))) break;
+    manuscript.PutInCodePage();  // what kept a text from being read as UTF-8 may be gone
   }
   return manuscript;
 }

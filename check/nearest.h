@@ -7,14 +7,25 @@
 
 namespace trelin {
 
-// The number of letters to put in, leave out, replace or swap with their
-// neighbour that make one word of the other.
-std::size_t EditDistance(std::string_view sOne, std::string_view sOther);
+constexpr std::size_t AnyDistance = std::string_view::npos;
 
-// The word that is nearest to sWord; of equally near ones the first.
-std::string NearestWord(std::string_view sWord, std::span<const char* const> words);
-inline std::string NearestWord(std::string_view sWord, std::initializer_list<const char*> words) {
-  return NearestWord(sWord, std::span(words.begin(), words.size()));
+// The number of letters to put in, leave out, replace or swap with their
+// neighbour that make one word of the other; where that are more than nMost, some
+// number that is more.
+std::size_t EditDistance(std::string_view sOne, std::string_view sOther,
+                         std::size_t nMost = AnyDistance);
+
+inline bool IsNear(std::string_view sOne, std::string_view sOther, std::size_t nMost) {
+  return EditDistance(sOne, sOther, nMost) <= nMost;
+}
+
+// The word that is nearest to sWord, of equally near ones the first; empty when all are
+// farther than nMost.
+std::string NearestWord(std::string_view sWord, std::span<const char* const> words,
+                        std::size_t nMost = AnyDistance);
+inline std::string NearestWord(std::string_view sWord, std::initializer_list<const char*> words,
+                               std::size_t nMost = AnyDistance) {
+  return NearestWord(sWord, std::span(words.begin(), words.size()), nMost);
 }
 
 }  // namespace trelin
