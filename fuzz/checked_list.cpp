@@ -11,9 +11,9 @@
 #include "check/checks.h"
 #include "check/encoding.h"
 #include "check/list_reader.h"
+#include "fuzz/platform.h"
 #include "fuzz/target.h"
 #include "suite/setup_list.h"
-#include "testing/fake_platform.h"
 #include "texts/error.h"
 
 namespace trelin {
@@ -87,8 +87,7 @@ void CheckPlaces(const Findings& findings, const SourceLines& lines) {
 }  // namespace
 
 void Try(std::string_view sInput) {
-  FakePlatform platform;
-  platform.faults.bCounts = false;
+  FakePlatform& platform = CleanPlatform();
   platform.system.files[Path] = sInput;
   const std::string sFault = LaunchersFault();
   const std::size_t nComplaints =

@@ -3,6 +3,7 @@
 #include "shared/code_page.h"
 
 #include <algorithm>
+#include <bitset>
 #include <cstddef>
 #include <string>
 
@@ -22,9 +23,12 @@ std::u16string Units(std::string_view sBytes) {
 }
 
 bool IsCharacter(char16_t c) {
-  for (int i = 0; i < 256; ++i)
-    if (CodePoint1252(static_cast<char>(i)) == c) return true;
-  return false;
+  static const std::bitset<65536> characters = [] {
+    std::bitset<65536> all;
+    for (int i = 0; i < 256; ++i) all.set(CodePoint1252(static_cast<char>(i)));
+    return all;
+  }();
+  return characters[c];
 }
 
 void CheckUtf16(const std::u16string& sUnits) {

@@ -6,11 +6,12 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "fuzz/input.h"
+#include "fuzz/platform.h"
 #include "fuzz/target.h"
-#include "testing/fake_platform.h"
 
 namespace trelin {
 
@@ -49,7 +50,6 @@ class Session {
   explicit Session(Input& input) : input_(input) {
     for (std::size_t n = input_.Below(10); n > 0; --n)
       products_.push_back({input_.Flag(), input_.Flag(), input_.Below(10)});
-    platform_.faults.bCounts = false;
     platform_.system.files = {{"C:\\there", ""},
                               {"C:\\Suite\\TRELIN.CFG", SetupListText(products_)}};
     list_.Initialize();
@@ -117,9 +117,13 @@ class Session {
     static const std::array<std::string, 7> Revisions = {
         "", "1.0", "2.0", " 2.0  ", "2.0a", "10", std::string(300, '3')};
     static const std::array<std::string, 3> Files = {"", "C:\\there", "C:\\gone"};
-    const std::string sCode = CodeOf(1 + input_.Below(9));
-    platform_.registry.SetText(Log, sCode, Revisions.at(input_.Below(Revisions.size())));
-    platform_.registry.SetText(Log, sCode + "CheckFile", Files.at(input_.Below(Files.size())));
+    const std::size_t nCode = 1 + input_.Below(9);
+    const std::string& sRevision = Revisions.at(input_.Below(Revisions.size()));
+    const std::string& sFile = Files.at(input_.Below(Files.size()));
+    platform_.registry.SetText(Log, CodeOf(nCode), sRevision);
+    platform_.registry.SetText(Log, CodeOf(nCode) + "CheckFile", sFile);
+    records_.at(nCode) = {sRevision.size() > 255 ? "" : sRevision, sFile};
+    bRecorded_ = true;
   }
 
   void SwitchFaults() {
@@ -128,20 +132,12 @@ class Session {
     if (bRefused_) platform_.registry.RefuseAccess(Log);
   }
 
-  std::string Recorded(const std::string& sName) const {
-    const std::string sText = platform_.registry.Text(Log, sName).value_or("");
-    return sText.size() > 255 ? "" : sText;
-  }
-
-  bool LogOpens() const {
-    return !bRefused_ && platform_.registry.Find(RegistryKey::LocalMachine,
-                                                 "SOFTWARE\\Korvanta\\InstallLog") != nullptr;
-  }
+  bool LogOpens() const { return !bRefused_ && bRecorded_; }
 
   std::string ExpectedStatus(std::size_t nProduct) const {
     if (!products_[nProduct - 1].bCode || !LogOpens()) return Text(35015);
-    if (Recorded(CodeOf(nProduct) + "CheckFile") == "C:\\gone") return Text(35032);
-    const std::string sRevision = Recorded(CodeOf(nProduct));
+    const auto& [sRevision, sFile] = records_.at(nProduct);
+    if (sFile == "C:\\gone") return Text(35032);
     if (sRevision.empty()) return Text(35015);
     if (sRevision == "2.0" || sRevision == " 2.0  ") return Text(35016);
     return Text(sRevision == "2.0a" ? 35018 : 35017);
@@ -160,10 +156,9 @@ class Session {
   void Setup() {
     if (nCurrent_ == 0) return;
     const std::size_t nRequired = products_[nCurrent_ - 1].nRequired;
-    const std::string sRevision = Recorded(CodeOf(nRequired));
-    const bool bMet =
-        nRequired == 0 || (LogOpens() && Recorded(CodeOf(nRequired) + "CheckFile") == "C:\\there" &&
-                           (sRevision.find("2.0") != std::string::npos));
+    const auto& [sRevision, sFile] = records_.at(nRequired);
+    const bool bMet = nRequired == 0 || (LogOpens() && sFile == "C:\\there" &&
+                                         sRevision.find("2.0") != std::string::npos);
     Check(list_.ActiveItem()->CheckDependencies() == bMet, "a prerequisite is met or not");
     Check(bMet == list_.LastError().empty(), "a prerequisite that is not met has a reason");
     Check(list_.LastError().empty(), "reading an error consumes it");
@@ -195,7 +190,7 @@ class Session {
 
   Input& input_;
   std::vector<Product> products_;
-  FakePlatform platform_;
+  FakePlatform& platform_ = CleanPlatform();
   SetupList list_;
   ListModel model_{list_};
 
@@ -205,6 +200,8 @@ class Session {
   bool bCaptured_ = false;
   bool bPressed_ = false;
   bool bRefused_ = false;
+  bool bRecorded_ = false;
+  std::array<std::pair<std::string, std::string>, 10> records_;  // revision and check file
 };
 
 }  // namespace

@@ -7,8 +7,8 @@
 #include "check/encoding.h"
 #include "check/list_reader.h"
 #include "check/mend.h"
+#include "fuzz/platform.h"
 #include "fuzz/target.h"
-#include "testing/fake_platform.h"
 
 namespace trelin {
 
@@ -35,8 +35,7 @@ std::ptrdiff_t CountErrors(FakePlatform& platform, const std::string& sList) {
 }  // namespace
 
 void Try(std::string_view sInput) {
-  FakePlatform platform;
-  platform.faults.bCounts = false;
+  FakePlatform& platform = CleanPlatform();
   for (const char* pName : {"Setup.exe", "read me.exe", "a.bmp"})
     platform.system.files[std::string("C:\\Suite\\") + pName] = "";
   const std::string sBefore(sInput);

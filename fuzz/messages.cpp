@@ -9,8 +9,8 @@
 #include <string>
 
 #include "fuzz/input.h"
+#include "fuzz/platform.h"
 #include "fuzz/target.h"
-#include "testing/fake_platform.h"
 #include "texts/string_resources.h"
 
 namespace trelin {
@@ -23,7 +23,10 @@ std::optional<std::string> Replaced(const std::string& sSource, const std::strin
   std::string sResult;
   for (std::size_t i = 0; i < sSource.size();) {
     const bool bHere = sSource.compare(i, sFind.size(), sFind) == 0;
-    sResult += bHere ? sReplacement : std::string(1, sSource[i]);
+    if (bHere)
+      sResult += sReplacement;
+    else
+      sResult += sSource[i];
     i += bHere ? sFind.size() : 1;
     if (sResult.size() > LongestMessage) return std::nullopt;
   }
@@ -54,20 +57,21 @@ std::string Filled(std::string sText, const ArgumentArray& arguments) {
 }
 
 void CheckResources(const std::string& sTemplate, const ArgumentArray& arguments) {
-  FakePlatform platform;
-  platform.faults.bCounts = false;
-  platform.libraries.Own()[35008] = sTemplate;
+  FakeLibraries::Texts& texts = CleanPlatform().libraries.Own();
+  const std::string sMissing = texts[35000];
+  texts[35008] = sTemplate;
   const std::string sShown = sTemplate.substr(0, 1023);
   if (!sShown.empty())
     CheckEqual(Filled(sShown, arguments), FormatResourceString(35008, arguments),
                "a string is filled as a template is");
 
   // A string that does not exist, then one whose template does not exist either.
-  platform.libraries.Own()[35008].clear();
+  texts[35008].clear();
   CheckEqual("35000(35008)", LoadResourceString(35008), "a missing string is named");
-  platform.libraries.Own()[35000].clear();
+  texts[35000].clear();
   CheckEqual("Error: String Not Found", LoadResourceString(35008),
              "and a missing template as well");
+  texts[35000] = sMissing;
 }
 
 }  // namespace

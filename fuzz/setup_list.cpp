@@ -19,61 +19,52 @@ namespace trelin {
 
 namespace {
 
-struct Line {
-  std::string sText;               // tabs as spaces, trimmed
-  std::vector<std::string> words;  // the first two, in upper case
-};
+constexpr const char* Path = "C:\\Suite\\TRELIN.CFG";
 
-std::string UpperAscii(std::string sText) {
-  for (char& c : sText)
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+using Lines = std::vector<std::string_view>;  // trimmed
+
+std::string_view Trimmed(std::string_view sText) {
+  while (sText.starts_with(' ')) sText.remove_prefix(1);
+  while (sText.ends_with(' ')) sText.remove_suffix(1);
   return sText;
 }
 
-std::vector<std::string> Words(const std::string& sText) {
-  std::vector<std::string> words;
-  std::size_t nStart = sText.find_first_not_of(' ');
-  while (nStart != std::string::npos && words.size() < 2) {
-    const std::size_t nEnd = std::min(sText.find(' ', nStart), sText.size());
-    words.push_back(UpperAscii(sText.substr(nStart, nEnd - nStart)));
-    nStart = sText.find_first_not_of(' ', nEnd);
+// The lines of a file whose tabs are spaces.
+Lines LinesOf(std::string_view sFile) {
+  Lines lines;
+  for (std::size_t nStart = 0, nEnd = 0; nStart < sFile.size(); nStart = nEnd + 1) {
+    for (nEnd = nStart; nEnd < sFile.size() && sFile[nEnd] != '\r' && sFile[nEnd] != '\n';) ++nEnd;
+    lines.push_back(Trimmed(sFile.substr(nStart, nEnd - nStart)));
+    if (sFile.substr(nEnd).starts_with("\r\n")) ++nEnd;
   }
-  return words;
-}
-
-void AddLine(std::vector<Line>& lines, std::string sText) {
-  std::replace(sText.begin(), sText.end(), '\t', ' ');
-  sText.erase(0, sText.find_first_not_of(' '));
-  sText.erase(sText.find_last_not_of(' ') + 1);
-  lines.push_back({sText, Words(sText)});
-}
-
-std::vector<Line> Lines(std::string_view sFile) {
-  std::vector<Line> lines;
-  std::string sLine;
-  for (std::size_t i = 0; i < sFile.size(); ++i) {
-    const bool bLineFeed = sFile[i] == '\n';
-    if (bLineFeed && i > 0 && sFile[i - 1] == '\r') continue;
-    if (bLineFeed || sFile[i] == '\r')
-      AddLine(lines, std::exchange(sLine, {}));
-    else
-      sLine += sFile[i];
-  }
-  if (!sLine.empty()) AddLine(lines, sLine);
   return lines;
 }
 
-bool IsProduct(const Line& line) {
-  return line.words.size() == 2 && line.words[0] == "BLOCK" && line.words[1] == "APPLICATION";
+// Takes the first word off a trimmed text.
+std::string_view TakeWord(std::string_view& sText) {
+  const std::string_view sWord = sText.substr(0, sText.find(' '));
+  sText = Trimmed(sText.substr(sWord.size()));
+  return sWord;
+}
+
+bool IsWord(std::string_view sText, std::string_view sUpper) {
+  return std::equal(sText.begin(), sText.end(), sUpper.begin(), sUpper.end(), [](char c, char u) {
+    return c == u || (c >= 'a' && c <= 'z' && c - 'a' + 'A' == u);
+  });
+}
+
+bool IsProduct(std::string_view sLine) {
+  return IsWord(TakeWord(sLine), "BLOCK") && IsWord(TakeWord(sLine), "APPLICATION");
 }
 
 // Whether the line is of none of the kinds.
-bool IsFaulty(const Line& line) {
-  return !line.sText.empty() && line.sText[0] != ';' && line.words[0] != "BLOCK" &&
-         line.words[0] != "END" && line.sText.find('=') == std::string::npos;
+bool IsFaulty(std::string_view sLine) {
+  if (sLine.empty() || sLine[0] == ';' || sLine.find('=') != std::string_view::npos) return false;
+  const std::string_view sWord = TakeWord(sLine);
+  return !IsWord(sWord, "BLOCK") && !IsWord(sWord, "END");
 }
 
-void CheckError(const Error& error, const std::vector<Line>& lines) {
+void CheckError(const Error& error, const Lines& lines) {
   if (error.Number() == 5000) {
     CheckEqual("BlockParse.GetToken", error.Source(), "the source of error 5000");
     const auto faulty = std::find_if(lines.begin(), lines.end(), IsFaulty);
@@ -100,7 +91,7 @@ void CheckProduct(MenuItem& item) {
   Check(bMet == item.LastError().empty(), "the reason of a prerequisite that is not met is there");
 }
 
-void CheckList(SetupList& list, const std::vector<Line>& lines) {
+void CheckList(SetupList& list, const Lines& lines) {
   const std::int32_t lCount = list.MenuItems().Count();
   Check(lCount == std::count_if(lines.begin(), lines.end(), IsProduct), "every product is there");
   Check(list.TopIndex() == 0 && list.CurrentIndex() == 0 && list.DisplayItems() == 4,
@@ -131,7 +122,13 @@ std::string Describe(SetupList& list) {
   return sAll;
 }
 
-void Record(MemoryRegistry& registry) {
+// Every input meets the same records.
+struct RecordedPlatform : FakePlatform {
+  RecordedPlatform();
+};
+
+RecordedPlatform::RecordedPlatform() {
+  faults.bCounts = false;
   const std::string sLog = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvanta\\InstallLog";
   for (const auto& [sName, sValue] : {std::pair("RUNTIME", " 3.1"),
                                       {"RUNTIMECheckFile", "C:\\there"},
@@ -141,21 +138,23 @@ void Record(MemoryRegistry& registry) {
                                       {"", "1"},
                                       {"CheckFile", "C:\\there"}})
     registry.SetText(sLog, sName, sValue);
+  system.files["C:\\there"];
 }
 
 // What became of the file, in words.
-std::string Load(std::string_view sFile, std::size_t nPiece, const std::vector<Line>& lines) {
-  FakePlatform platform;
-  platform.faults.bCounts = false;
-  Record(platform.registry);
-  platform.system.files = {{"C:\\there", ""}, {"C:\\Suite\\TRELIN.CFG", std::string(sFile)}};
+std::string Load(std::string_view sFile, std::size_t nPiece, const Lines& lines) {
+  static RecordedPlatform platform;
+  platform.system.files[Path] = sFile;
   platform.system.nPiece = nPiece;
+  platform.system.nBeeps = 0;
+  platform.system.messages.clear();
+  platform.faults.log.clear();
 
   SetupList list;
   list.Initialize();
   std::string sOutcome;
   try {
-    list.LoadFromFile("C:\\Suite\\TRELIN.CFG");
+    list.LoadFromFile(Path);
     CheckList(list, lines);
     sOutcome = Describe(list);
   } catch (const Error& error) {
@@ -176,7 +175,9 @@ std::string Load(std::string_view sFile, std::size_t nPiece, const std::vector<L
 }  // namespace
 
 void Try(std::string_view sInput) {
-  const std::vector<Line> lines = Lines(sInput);
+  std::string sSpaced(sInput);
+  std::replace(sSpaced.begin(), sSpaced.end(), '\t', ' ');
+  const Lines lines = LinesOf(sSpaced);
   CheckEqual(Load(sInput, 65536, lines), Load(sInput, 1 + sInput.size() % 13, lines),
              "it does not count in which pieces the file is read");
 }

@@ -1,6 +1,6 @@
-// What trelin-check asks of a system's windows and disks. A target has none: no text is
-// too long, no picture loads, files are those of the platform in use, and the code page is
-// Windows-1252.
+// What trelin-check and trelin-status ask of a system's windows, disks and terminals. A
+// target has none: no text is too long, no picture loads, files are those of the platform
+// in use, nothing is written, and the code page is Windows-1252.
 
 #include "seam/console.h"
 #include "seam/platform.h"
@@ -31,9 +31,11 @@ PathTests StartPathTests() {
   return {isFile, [](const std::string&) { return false; }};
 }
 
+std::string WrittenByUser(const std::string& sPath) { return sPath; }
 int AnsiCodePage() { return 1252; }
 std::string Utf8Of(const std::string& sText) { return ToUtf8(sText); }
 std::string AnsiOf(const std::string& sUtf8) { return FromUtf8(sUtf8); }
+void WriteErrorOutput(const std::string& /*sUtf8*/) {}
 
 int Picture::WidthPixels() const { return 0; }
 int Picture::HeightPixels() const { return 0; }

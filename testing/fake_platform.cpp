@@ -59,7 +59,7 @@ class FakeSearch : public FileSearch, Opened {
 
 }  // namespace
 
-bool Faults::Fails(const std::string& sOperation, const std::string& sArgument,
+bool Faults::Fails(const char* sOperation, const std::string& sArgument,
                    const std::string& sKinds) {
   if (!bCounts) return false;
   calls.push_back({sOperation, sArgument, sKinds, log.size()});
@@ -75,7 +75,7 @@ bool Faults::Fails(const std::string& sOperation, const std::string& sArgument,
 }
 
 // The result of a call that fails; nothing when it goes on.
-std::optional<std::int32_t> FakeRegistry::Fault(const std::string& sOperation,
+std::optional<std::int32_t> FakeRegistry::Fault(const char* sOperation,
                                                 const std::string& sArgument,
                                                 std::int32_t lRefused) {
   try {
