@@ -140,13 +140,12 @@ std::int32_t MemoryRegistry::CreateKey(RegistryKey hParent, const std::string& s
                                        std::uint32_t lAccess, RegistryKey& hKey) {
   std::int32_t lResult = MemoryRegistry::OpenKey(hParent, sPath, lAccess, hKey);
   if (lResult != RegistryNotFound) return lResult;
-  Handle handle;
-  Resolve(hParent, handle);
-  RegistryNode* parent = handle.node;
+  RegistryNode* parent = nullptr;
+  if (Walk(hParent, "", parent) != RegistrySuccess) return lResult;
   std::string_view sRest = Name(sPath);
   std::string_view sName;
-  for (RegistryNode* next = parent; next != nullptr && NextLevel(sRest, sName);)
-    if ((next = parent->FindKey(sName)) != nullptr) parent = next;
+  RegistryNode* next = nullptr;
+  while (NextLevel(sRest, sName) && (next = parent->FindKey(sName)) != nullptr) parent = next;
   if (Refuses(refusedCreation_, *parent)) return RegistryAccessDenied;
 
   RegistryNode* created = &parent->AddKey(sName);

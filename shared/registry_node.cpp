@@ -94,11 +94,14 @@ void RegistryNode::SetValue(std::string_view sName, std::uint32_t lType, std::st
     (*found)->sData = std::move(sData);
     return;
   }
-  Values added;
-  added.push_back({std::string(sName), lType, std::move(sData)});
-  valueTable_.insert(added.begin());
-  values_.splice(values_.end(), added);
+  const auto added = values_.insert(values_.end(), {std::string(sName), lType, std::move(sData)});
   valuePlaces_.Forget();
+  try {
+    valueTable_.insert(added);
+  } catch (...) {
+    values_.erase(added);
+    throw;
+  }
 }
 
 bool RegistryNode::RemoveValue(std::string_view sName) {
