@@ -11,11 +11,13 @@
 namespace trelin {
 
 BenchFolder::BenchFolder()
-    : path_(std::filesystem::temp_directory_path() / ("trelin-bench-" + std::to_string(getpid()))) {
+    : path_(std::filesystem::temp_directory_path() / ("trelin-bench-" + std::to_string(getpid()))),
+      bOwn_(true) {
   std::filesystem::create_directory(path_);
 }
 
 BenchFolder::~BenchFolder() {
+  if (!bOwn_) return;
   std::error_code error;
   std::filesystem::remove_all(path_, error);
 }
@@ -26,10 +28,23 @@ void BenchFolder::Write(const std::string& sName, const std::string& sText) cons
   file << sText;
 }
 
-BenchPlatform::BenchPlatform() : system_(ProgramPath(folder / "")) {
-  std::filesystem::copy_file(TRELIN_BUILD_DIR "/ENU35000.DLL", folder / "ENU35000.DLL");
+namespace {
+
+void UseStringLibrary() {
   ResetStringResources();
   InitStringResources(1033);
+}
+
+}  // namespace
+
+BenchPlatform::BenchPlatform() : system_(ProgramPath(folder / "")) {
+  std::filesystem::copy_file(TRELIN_BUILD_DIR "/ENU35000.DLL", folder / "ENU35000.DLL");
+  UseStringLibrary();
+}
+
+BenchPlatform::BenchPlatform(std::filesystem::path suite)
+    : folder(std::move(suite)), system_(ProgramPath(folder / "")) {
+  UseStringLibrary();
 }
 
 }  // namespace trelin

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 
 #include "seam/platform.h"
 #include "systems/host/file_registry.h"
@@ -10,10 +11,11 @@
 
 namespace trelin {
 
-// A folder of the benchmark's own, removed at the end.
+// A folder of the benchmark's own, removed at the end, or one that is there and stays.
 class BenchFolder {
  public:
   BenchFolder();
+  explicit BenchFolder(std::filesystem::path path) : path_(std::move(path)) {}
   ~BenchFolder();
   BenchFolder(const BenchFolder&) = delete;
 
@@ -22,13 +24,16 @@ class BenchFolder {
 
  private:
   std::filesystem::path path_;
+  bool bOwn_ = false;
 };
 
 // The program's own implementations for this system, as its main sets them up,
-// in a folder with the built string library and an empty registry file.
+// in a folder with the built string library and an empty registry file, or in a folder
+// that has both.
 class BenchPlatform {
  public:
   BenchPlatform();
+  explicit BenchPlatform(std::filesystem::path suite);
 
   const BenchFolder folder;
   FileRegistry registry{folder / "registry.reg"};

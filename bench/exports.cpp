@@ -1,6 +1,7 @@
 // What trelin-status does with the exported records of 10,000 workstations.
 //
 //   bench_exports [OPTIONS OF GOOGLE BENCHMARK]
+//   bench_exports --make EXPORTS FOLDER     writes them, and the suite that they are of
 
 #include "status/exports.h"
 
@@ -8,6 +9,7 @@
 #include <glib.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <iostream>
 #include <string>
 
@@ -43,7 +45,7 @@ std::string SetupListText() {
 }
 
 // The same values as the registry editor writes them, and as an INI file.
-void WriteExports(const BenchFolder& folder) {
+void WriteExports(const BenchFolder& folder, int nWorkstations) {
   std::string sRecords = std::string(RegistryFileHeader) +
                          "\r\n\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvanta\\InstallLog]\r\n";
   std::string sIni = "[InstallLog]\r\n";
@@ -52,18 +54,16 @@ void WriteExports(const BenchFolder& folder) {
     sRecords += "\"" + Code(n) + "\"=\"2.1\"\r\n\"" + Code(n) + "CheckFile\"=\"" + sFile + "\"\r\n";
     sIni += Code(n) + "=2.1\r\n" + Code(n) + "CheckFile=" + sFile + "\r\n";
   }
-  for (int n = 0; n < Workstations; ++n) {
+  for (int n = 0; n < nWorkstations; ++n) {
     folder.Write(std::to_string(n) + ".reg", sRecords);
     folder.Write(std::to_string(n) + ".ini", sIni);
   }
+  folder.Write("TRELIN.CFG", SetupListText());
 }
 
 class Exports {
  public:
-  Exports() {
-    WriteExports(platform_.folder);
-    platform_.folder.Write("TRELIN.CFG", SetupListText());
-  }
+  Exports() { WriteExports(platform_.folder, Workstations); }
   std::string operator/(const std::string& sName) const { return platform_.folder / sName; }
 
  private:
@@ -102,6 +102,10 @@ void ReadWithGlib(benchmark::State& state, const Exports& exports) {
 }  // namespace trelin
 
 int main(int argc, char** argv) {
+  if (argc == 4 && std::string(argv[1]) == "--make") {
+    trelin::WriteExports(trelin::BenchFolder(std::filesystem::path(argv[3])), std::stoi(argv[2]));
+    return 0;
+  }
   const trelin::Exports exports;
   const auto measure = [&exports](const char* sName, auto work) {
     benchmark::RegisterBenchmark(sName, [&exports, work](auto& state) { work(state, exports); });

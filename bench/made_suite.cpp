@@ -21,10 +21,12 @@ std::string Number(std::int32_t nProduct) {
   return digits;
 }
 
+std::string MadeTitle(std::int32_t nProduct) { return "Inspection Station " + Number(nProduct); }
+
 Block Product(std::int32_t n) {
   const std::string sNumber = Number(n);
   Block block{"Product" + sNumber,
-              {{"PRODUCT", "Inspection Station " + sNumber},
+              {{"PRODUCT", MadeTitle(n)},
                {"DESCRIPTION", "Measures the parts of series " + sNumber + " against drawings"},
                {"IMAGE", "product" + sNumber + ".bmp"},
                {"PRODUCTCODE", MadeProductCode(n)},
@@ -35,13 +37,18 @@ Block Product(std::int32_t n) {
   return block;
 }
 
+Block Prerequisite(const char* sName, std::int32_t nProduct, const char* sRevision) {
+  return {sName,
+          {{"PRODUCTCODE", MadeProductCode(nProduct)},
+           {"REVISION", sRevision},
+           {"TITLE", MadeTitle(nProduct)}}};
+}
+
+// The first product has none, all others need it.
 std::vector<Block> Prerequisites(std::int32_t n) {
-  std::vector<Block> blocks{
-      {"Runtime", {{"PRODUCTCODE", "RUNTIME"}, {"REVISION", "1.0"}, {"TITLE", "Common Runtime"}}}};
-  if (n % 2 == 0)
-    blocks.push_back(
-        {"Previous",
-         {{"PRODUCTCODE", MadeProductCode(n - 1)}, {"REVISION", "2.0"}, {"TITLE", "Its Driver"}}});
+  std::vector<Block> blocks;
+  if (n > 1) blocks.push_back(Prerequisite("Runtime", 1, "1.0"));
+  if (n > 2 && n % 2 == 0) blocks.push_back(Prerequisite("Previous", n - 1, "2.0"));
   return blocks;
 }
 

@@ -17,12 +17,12 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "bench/bench_platform.h"
 #include "bench/made_suite.h"
+#include "bench/memory.h"
 #include "suite/setup_list.h"
 #include "systems/host/host_path.h"
 
@@ -150,23 +150,13 @@ void DoOnce(const std::string& sName, const std::string& sFile) {
   Require(false, "there is no such work");
 }
 
-// A figure of /proc/self/status, in bytes.
-double StatusBytes(const std::string& sName) {
-  std::ifstream file("/proc/self/status");
-  for (std::string sLine; std::getline(file, sLine);)
-    if (sLine.starts_with(sName + ":")) return 1024 * std::stod(sLine.substr(sName.size() + 1));
-  throw std::runtime_error(sName + " is not there");
-}
-
 void PrintGrowth() {
   const BenchPlatform platform;
   const std::string sList = platform.folder / "list.cfg";
   WriteFile(sList, MadeSetupList(Products));
-  malloc_trim(0);
-  const double before = StatusBytes("VmRSS");
-  std::ofstream("/proc/self/clear_refs") << "5";  // the peak counts from here
+  const MemoryGrowth growth;
   const Held held = ReadModel(sList);
-  std::cout << "memory/model/trelin\t" << StatusBytes("VmHWM") - before << "\n"
+  std::cout << "memory/model/trelin\t" << growth.Bytes() << "\n"
             << "memory/model/file\t" << std::filesystem::file_size(sList) << "\n"
             << "memory/model/values\t" << MadeValueBytes(Products) << "\n";
 }

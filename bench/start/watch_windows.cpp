@@ -1,10 +1,11 @@
 // Starts a program and measures when its windows are shown.
 //
-//   watch_windows WINDOWS PROGRAM
+//   watch_windows WINDOWS PROGRAM [hold]
 //
 // Prints one number a window: the milliseconds from just before the program is
 // started until that window is on the screen with its contents drawn. Each but
-// the last is answered with Enter at once. The program is ended afterwards.
+// the last is answered with Enter at once. The program is ended afterwards;
+// with hold, when the standard input ends.
 //
 // From outside a window counts as drawn when it is visible and the system has
 // nothing left for it to paint, nor for any window in it. It is asked every
@@ -101,7 +102,7 @@ void PressEnter() {
   keybd_event(VK_RETURN, 0, KEYEVENTF_KEYUP, 0);
 }
 
-void Watch(int nWindows, const char* pPath) {
+void Watch(int nWindows, const char* pPath, bool bHold) {
   std::set<HWND> drawn;
   const double start = NowMs();
   const Program program(pPath);
@@ -111,17 +112,19 @@ void Watch(int nWindows, const char* pPath) {
     if (i < nWindows) PressEnter();
     std::cout << shown - start << "\n";
   }
+  std::cout.flush();
+  if (bHold) std::cin.get();
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 3) {
-    std::cerr << "watch_windows WINDOWS PROGRAM\n";
+  if (argc != 3 && argc != 4) {
+    std::cerr << "watch_windows WINDOWS PROGRAM [hold]\n";
     return 2;
   }
   try {
-    Watch(std::stoi(argv[1]), argv[2]);
+    Watch(std::stoi(argv[1]), argv[2], argc == 4);
     return 0;
   } catch (const std::exception& error) {
     std::cerr << error.what() << "\n";

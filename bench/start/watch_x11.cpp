@@ -1,10 +1,11 @@
 // Starts a program on the X display and measures when its windows are shown.
 //
-//   watch_x11 WINDOWS PROGRAM
+//   watch_x11 WINDOWS PROGRAM [hold]
 //
 // Prints one number a window: the milliseconds from just before the program is
 // started until that window is on the screen with its contents drawn. Each but
-// the last is answered with Enter at once. The program is ended afterwards.
+// the last is answered with Enter at once. The program is ended afterwards;
+// with hold, when the standard input ends.
 //
 // From outside a window counts as drawn when it is mapped and the damage that
 // the display reports for it spans it whole. The windows of Qt have no
@@ -158,7 +159,7 @@ class Program {
   pid_t pid_;
 };
 
-void Watch(int nWindows, char* sPath) {
+void Watch(int nWindows, char* sPath, bool bHold) {
   Display display;
   const Clock::time_point start = Clock::now();
   const Program program(sPath);
@@ -168,17 +169,19 @@ void Watch(int nWindows, char* sPath) {
     if (i < nWindows) display.PressEnter(hWindow);
     std::cout << std::chrono::duration<double, std::milli>(shown - start).count() << "\n";
   }
+  std::cout.flush();
+  if (bHold) std::cin.get();
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 3) {
-    std::cerr << "watch_x11 WINDOWS PROGRAM\n";
+  if (argc != 3 && argc != 4) {
+    std::cerr << "watch_x11 WINDOWS PROGRAM [hold]\n";
     return 2;
   }
   try {
-    Watch(std::stoi(argv[1]), argv[2]);
+    Watch(std::stoi(argv[1]), argv[2], argc == 4);
     return 0;
   } catch (const std::exception& error) {
     std::cerr << error.what() << "\n";

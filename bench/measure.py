@@ -1,0 +1,108 @@
+"""Takes the figures: a name and the runs of each."""
+
+import json
+import os
+import re
+import statistics
+import tempfile
+from collections import defaultdict
+
+from common import BUILD, ENVIRONMENT, RUNS, WINDOWS_BUILD, output, run
+from growth import measure_work, suite_of
+
+ALTERNATING = "--benchmark_enable_random_interleaving=true"  # what is compared takes turns
+# Of some benchmarks a round is several works.
+WORKS_IN_A_ROUND = [(r"^check/(unchanged|system_calls)/.*/(\d+)$", None), (r"^menu/(scroll|select)/", 2)]
+COUNTED_PRODUCTS, COUNTED_ROUNDS = 500, 10
+
+
+def works_in(name):
+    for pattern, works in WORKS_IN_A_ROUND:
+        if found := re.search(pattern, name):
+            return works or int(found[2])
+    return 1
+
+
+class Results(defaultdict):
+    """The runs of each thing measured, by its name."""
+
+    def __init__(self):
+        super().__init__(list)
+
+    def add_lines(self, text):
+        for name, number in (line.split("\t") for line in text.splitlines()):
+            self[name].append(float(number))
+
+    def add_benchmark(self, program, chosen, *options, prefix="", variables={}):
+        command = [BUILD / program, "--benchmark_format=json", "--benchmark_min_time=0.3", f"--benchmark_repetitions={RUNS}"]
+        runs = json.loads(output(*command, f"--benchmark_filter={chosen}", *options, env={**ENVIRONMENT, **variables}))["benchmarks"]
+        for one in (one for one in runs if one["run_type"] == "iteration"):
+            assert one["time_unit"] == "ns" and "error_occurred" not in one, one
+            self[prefix + one["name"]].append(one["real_time"] / works_in(one["name"]))
+            if "parses" in one:
+                self[one["name"].replace("trelin", "parses")].append(one["parses"])
+
+    def median(self, name):
+        return statistics.median(self[name]) if self.get(name) else None
+
+
+def measure_reading(results):
+    results.add_benchmark("bench_reading", ".", ALTERNATING)
+    # What a kernel gives to every program that is set to do so.
+    large = {"GLIBC_TUNABLES": "glibc.malloc.hugetlb=1"}
+    results.add_benchmark("bench_reading", "model/trelin", prefix="large/", variables=large)
+    for _ in range(RUNS):
+        results.add_lines(output(BUILD / "bench_reading", "--memory", env=ENVIRONMENT))
+
+
+def system_calls(rounds):
+    """Of checking so often; the last rounds find the registry file settled."""
+    with tempfile.NamedTemporaryFile("r") as log:
+        run("strace", "-f", "-o", log.name, BUILD / "bench_checking", "--once", COUNTED_PRODUCTS, rounds, env=ENVIRONMENT)
+        return len(log.read().splitlines())
+
+
+def measure_checking(results):
+    for products in 1000, 32767:
+        results.add_benchmark("bench_checking", f"check/(unchanged|system_calls)/.*/{products}$", ALTERNATING)
+    results.add_benchmark("bench_checking", "check/(changed|parse)/.*/32767$")
+    unchanged, parse = (results.median(f"check/{what}/trelin/32767") for what in ("unchanged", "parse"))
+    results["check/expected/32767"].append(unchanged * 32767 + parse)
+    more = system_calls(2 + COUNTED_ROUNDS) - system_calls(2)
+    results["check/calls"].append(more / COUNTED_ROUNDS / COUNTED_PRODUCTS)
+
+
+def measure_menu(results):
+    results.add_benchmark("bench_menu", "pictures|load_list", ALTERNATING)
+    opened, loaded = (results.median(f"menu/{what}/trelin") for what in ("open_pictures", "load_list"))
+    results["menu/pictures_alone/trelin"].append(opened - loaded)
+    results.add_benchmark("bench_menu", "scroll|select|tick")
+
+
+def measure_tools(results):
+    results.add_benchmark("bench_exports", ".", ALTERNATING)
+    for products in 3277, 32767:
+        with suite_of(products) as suite:
+            for _ in range(RUNS):
+                for work in "trelin-check", "menu":
+                    results[f"growth/{work}/{products}"].append(measure_work(work, suite)[0])
+    results["growth/expected/32767"].append(10 * results.median("growth/trelin-check/3277"))
+
+
+def measure_starts(results, system, build, *before):
+    # The records of the suite are in a Windows installation of its own.
+    variables = {**os.environ, "WINE_NAME": "bench-wine"}
+    for script in "starts", "memory", "file_calls":
+        results.add_lines(output(*before, f"bench/start/{script}", system, build, RUNS, env=variables))
+
+
+def measure_host(results):
+    for measure in measure_reading, measure_checking, measure_menu, measure_tools:
+        measure(results)
+    measure_starts(results, "linux", BUILD)
+    results.add_lines(output("bench/start/idle", BUILD, RUNS))
+
+
+def measure_windows(results):
+    measure_starts(results, "wine", WINDOWS_BUILD, "tests/windows/in_wine")
+    results.add_lines(output("bench/start/size", WINDOWS_BUILD))
