@@ -76,7 +76,7 @@ def measure_menu(results):
     results.add_benchmark("bench_menu", "pictures|load_list", ALTERNATING)
     opened, loaded = (results.median(f"menu/{what}/trelin") for what in ("open_pictures", "load_list"))
     results["menu/pictures_alone/trelin"].append(opened - loaded)
-    results.add_benchmark("bench_menu", "scroll|select|tick")
+    results.add_benchmark("bench_menu", "scroll|select|tick", ALTERNATING)
 
 
 def measure_tools(results):
