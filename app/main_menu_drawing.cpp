@@ -79,6 +79,13 @@ void DrawFocus(PictureBox& picBox, Twips pixels) {
   picBox.DrawFocusRectangle(x, y, picBox.Width() - 2 * x, picBox.Height() - 2 * y);
 }
 
+// At the left and right of a row. Without a colour of its own, the current row needs it.
+void CloseFrame(PictureBox& picBox) {
+  const Twips right = picBox.Width() - Screen::TwipsPerPixelX();
+  picBox.Line(0, 0, 0, picBox.Height(), picBox.ForeColor());
+  picBox.Line(right, 0, right, picBox.Height(), picBox.ForeColor());
+}
+
 // Where an image begins that is centred in a box, in twips.
 std::int16_t CenteredOffset(Twips boxSize, std::int16_t nImagePixels, std::int16_t nTwipsPerPixel) {
   const std::int32_t lImage = std::int32_t{nImagePixels} * nTwipsPerPixel;
@@ -146,17 +153,6 @@ void frmMainMenu::RefreshRows() {
     picIcon[i].SetTabStop(i == nTabRow);
   }
 }
-
-namespace {
-
-// At its left and right. Without a colour of its own, the current row needs it.
-void CloseFrame(PictureBox& picBox) {
-  const Twips right = picBox.Width() - Screen::TwipsPerPixelX();
-  picBox.Line(0, 0, 0, picBox.Height(), picBox.ForeColor());
-  picBox.Line(right, 0, right, picBox.Height(), picBox.ForeColor());
-}
-
-}  // namespace
 
 void frmMainMenu::picListItem_Paint(std::int16_t Index) {
   PictureBox& picBox = picListItem[Index];

@@ -59,10 +59,10 @@ class FakeSearch : public FileSearch, Opened {
 
 }  // namespace
 
-bool Faults::Fails(const char* sOperation, const std::string& sArgument,
+bool Faults::Fails(const char* pOperation, const std::string& sArgument,
                    const std::string& sKinds) {
   if (!bCounts) return false;
-  calls.push_back({sOperation, sArgument, sKinds, log.size()});
+  calls.push_back({pOperation, sArgument, sKinds, log.size()});
   if (nFailing == 0 || calls.size() < nFailing || sKinds.find(cKind) == std::string::npos)
     return false;
   if (calls.size() > nFailing) {
@@ -70,16 +70,16 @@ bool Faults::Fails(const char* sOperation, const std::string& sArgument,
     nSecondFault = std::min(nSecondFault, log.size());
   }
   if (cKind == NoMemory) throw std::bad_alloc();
-  if (cKind == Broken) throw PlatformError(sOperation, sArgument, "it is broken");
+  if (cKind == Broken) throw PlatformError(pOperation, sArgument, "it is broken");
   return true;
 }
 
 // The result of a call that fails; nothing when it goes on.
-std::optional<std::int32_t> FakeRegistry::Fault(const char* sOperation,
+std::optional<std::int32_t> FakeRegistry::Fault(const char* pOperation,
                                                 const std::string& sArgument,
                                                 std::int32_t lRefused) {
   try {
-    return faults_.Fails(sOperation, sArgument, "RBM") ? std::optional(lRefused) : std::nullopt;
+    return faults_.Fails(pOperation, sArgument, "RBM") ? std::optional(lRefused) : std::nullopt;
   } catch (const PlatformError& error) {
     sTrouble_ = error.what();
     return RegistryUnusable;

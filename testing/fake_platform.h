@@ -33,7 +33,7 @@ class Faults {
 
   // Whether the call that is being made fails with its result. Throws when it
   // fails in another way.
-  bool Fails(const char* sOperation, const std::string& sArgument, const std::string& sKinds);
+  bool Fails(const char* pOperation, const std::string& sArgument, const std::string& sKinds);
 
   bool bCounts = true;       // else nothing fails, and no call is kept
   std::size_t nFailing = 0;  // the first call to fail, from 1; 0: none
@@ -63,7 +63,7 @@ class FakeRegistry : public MemoryRegistry {
   std::string Trouble() const override { return sTrouble_; }
 
  private:
-  std::optional<std::int32_t> Fault(const char* sOperation, const std::string& sArgument,
+  std::optional<std::int32_t> Fault(const char* pOperation, const std::string& sArgument,
                                     std::int32_t lRefused);
 
   Faults& faults_;

@@ -58,7 +58,8 @@ std::string FindProgramFolder() {
 std::string PathInCodePage(const std::wstring& sPath) {
   if (IsInCodePage(sPath)) return FromWide(sPath);
   std::wstring sShort(MAX_PATH, L'\0');
-  sShort.resize(GetShortPathNameW(sPath.c_str(), sShort.data(), MAX_PATH) % MAX_PATH);
+  const DWORD nLength = GetShortPathNameW(sPath.c_str(), sShort.data(), MAX_PATH);
+  sShort.resize(nLength < MAX_PATH ? nLength : 0);  // of a longer one, the room that it needs
   return IsInCodePage(sShort) ? FromWide(sShort) : "";
 }
 

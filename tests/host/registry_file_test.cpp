@@ -127,6 +127,18 @@ TEST(RegistryFile, WritesWhatPeopleCanReadAndReadsItAgain) {
   EXPECT_EQ(sText, WriteRegistryText(*ReadRegistryText(sText, "test.reg")));
 }
 
+TEST(RegistryFile, EveryByteComesBack) {
+  std::string sAll;
+  for (int i = 0; i < 256; ++i) sAll += static_cast<char>(i);
+  const std::string sName = sAll.substr(11) + sAll.substr(1, 9);  // no NUL, no line break
+  const auto tree = RegistryNode::NewTree();
+  for (const std::uint32_t lType : {0U, 1U, 2U, 3U, 4U, 7U, 0xFFFFFFFFU})
+    for (const std::string& sData : {sAll, std::string("text\0", 5), std::string("\r\x1F")})
+      tree->Key(0).SetValue(sName + std::to_string(tree->Key(0).AllValues().size()), lType, sData);
+  EXPECT_EQ(tree->Key(0).AllValues(),
+            ReadRegistryText(WriteRegistryText(*tree), "test.reg")->Key(0).AllValues());
+}
+
 }  // namespace
 
 }  // namespace trelin

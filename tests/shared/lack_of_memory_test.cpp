@@ -1,6 +1,7 @@
 #include <cstdlib>
 #include <new>
 
+#include "shared/at_exit.h"
 #include "shared/registry_file.h"
 #include "tests/shared/registry_contract.h"
 
@@ -30,6 +31,19 @@ namespace trelin {
 namespace {
 
 const std::string LongName(40, 'n');  // has memory of its own
+
+// Whether a change fails when only so many allocations succeed.
+template <class Change>
+bool LacksMemory(int nAllocations, const Change& change) {
+  const AtExit restore([] { nLeft = -1; });
+  nLeft = nAllocations;
+  try {
+    change();
+    return false;
+  } catch (const std::bad_alloc&) {
+    return true;
+  }
+}
 
 TEST(LackOfMemory, InTheMiddleLeavesTheRegistryAsItWas) {
   const struct {
@@ -61,16 +75,8 @@ TEST(LackOfMemory, InTheMiddleLeavesTheRegistryAsItWas) {
     const RegistryKey hKey = Create(registry, Hive, "SOFTWARE\\" + LongName);
     Set(registry, hKey, "v", "x");
     const std::string sBefore = WriteRegistryText(registry.Tree());
-    int nFailed = -1;
-    for (bool bFails = true; bFails;) {
-      nLeft = ++nFailed;
-      try {
-        c.change(registry, hKey);
-        bFails = false;
-      } catch (const std::bad_alloc&) {
-      }
-      nLeft = -1;
-      if (!bFails) break;
+    int nFailed = 0;
+    for (; LacksMemory(nFailed, [&] { c.change(registry, hKey); }); ++nFailed) {
       EXPECT_EQ(sBefore, WriteRegistryText(registry.Tree())) << c.sWhat << ", " << nFailed;
       EXPECT_EQ("x", Get(registry, hKey, "v")) << c.sWhat << ", " << nFailed;
     }
