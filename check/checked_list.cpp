@@ -11,7 +11,8 @@ namespace {
 template <class Keys>
 std::vector<const char*> NamesOf(const Keys& keys) {
   std::vector<const char*> names(keys.size());
-  std::transform(keys.begin(), keys.end(), names.begin(), [](const auto& key) { return key.pKey; });
+  std::transform(keys.begin(), keys.end(), names.begin(),
+                 [](const auto& key) { return key.sKey.data(); });
   return names;
 }
 

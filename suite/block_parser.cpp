@@ -1,10 +1,23 @@
 #include "suite/block_parser.h"
 
+#include <algorithm>
+#include <span>
+
 #include "seam/platform.h"
 #include "texts/error.h"
 #include "texts/messages.h"
 
 namespace trelin {
+
+namespace {
+
+// Whether upper case is the same, in every code page. Most keys are so, and the system
+// need not be asked.
+bool IsInCapitals(std::string_view sText) {
+  return std::all_of(sText.begin(), sText.end(), [](char c) { return c >= ' ' && c <= 'Z'; });
+}
+
+}  // namespace
 
 void BlockParser::OpenFile(const std::string& sFile, bool bWrite) {
   if (bWrite) throw Error(5000, "BlockParser.Open", "Not implemented at this time");
@@ -17,8 +30,7 @@ void BlockParser::CloseFile() { lines_.Close(); }
 BlockParser::Token BlockParser::GetToken() {
   std::string sExpanded;
   for (std::string_view sLine; lines_.NextLine(sLine);) {
-    if (sLine.find('\t') != std::string_view::npos)
-      sLine = sExpanded = ReplaceTabs(sLine, lCurrentLine_ + 1);
+    if (lines_.HasTab()) sLine = sExpanded = ReplaceTabs(sLine, lCurrentLine_ + 1);
     const Statement statement = SplitStatement(sLine, ++lCurrentLine_);
     if (statement.kind != Statement::Kind::None) return Take(statement);
   }
@@ -35,14 +47,20 @@ BlockParser::Token BlockParser::Take(const Statement& statement) {
     case Statement::Kind::EndBlock:
       return Token::EndBlock;
     case Statement::Kind::KeyValue:
-      sKey_ = statement.sWord;
-      TheSystem().MakeUpperCase(sKey_);
-      sValue_ = statement.sRest;
+      TakeEntry(statement);
       return Token::KeyValue;
     default:
       throw Error(5000, "BlockParse.GetToken",
                   FormatResourceString(TextNumber::LineNotUnderstood, lCurrentLine_));
   }
+}
+
+void BlockParser::TakeEntry(const Statement& statement) {
+  sEntry_ = statement.sContent;
+  const std::size_t nKey = statement.sWord.size();
+  if (!IsInCapitals(statement.sWord)) TheSystem().MakeUpperCase(std::span(sEntry_.data(), nKey));
+  sKey_ = std::string_view(sEntry_).substr(0, nKey);
+  sValue_ = std::string_view(sEntry_).substr(sEntry_.size() - statement.sRest.size());
 }
 
 bool BlockParser::TakeIf(const Statement& statement, Statement::Kind kind) {

@@ -37,9 +37,9 @@ class BlockParser {
   static constexpr Token TokenKeyValue() { return Token::KeyValue; }
   static constexpr Token TokenEndFile() { return Token::EndFile; }
 
-  // Of the last key line; of the last block start (also after its END).
-  const std::string& Key() const { return sKey_; }
-  const std::string& Value() const { return sValue_; }
+  // Of the last key line, until the next one; of the last block start (also after its END).
+  std::string_view Key() const { return sKey_; }
+  std::string_view Value() const { return sValue_; }
   const std::string& BlockName() const { return sBlockName_; }
   const std::string& BlockType() const { return sBlockType_; }
 
@@ -72,11 +72,13 @@ class BlockParser {
  private:
   // Sets the properties of the statement's kind.
   Token Take(const Statement& statement);
+  void TakeEntry(const Statement& statement);
   bool TakeIf(const Statement& statement, Statement::Kind kind);
 
   LineReader lines_;
   std::int32_t lCurrentLine_ = 0;
-  std::string sKey_, sValue_;
+  std::string sEntry_;              // the last key line
+  std::string_view sKey_, sValue_;  // in it
   std::string sBlockType_, sBlockName_;
 };
 

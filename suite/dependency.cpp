@@ -18,14 +18,14 @@ void Dependency::Initialize() {
 void Dependency::LoadFromFile(BlockParser& objParser) {
   ReadBlock(
       objParser,
-      [this](const std::string& sKey, const std::string& sValue) { ProcessKeyValue(sKey, sValue); },
+      [this](std::string_view sKey, std::string_view sValue) { ProcessKeyValue(sKey, sValue); },
       [&] {
         throw SetupListError(TextNumber::BlockInDependency, objParser.CurrentLine(),
                              objParser.BlockType());
       });
 }
 
-void Dependency::ProcessKeyValue(const std::string& sKey, const std::string& sValue) {
+void Dependency::ProcessKeyValue(std::string_view sKey, std::string_view sValue) {
   if (!SetByKey(*this, Keys, sKey, sValue)) TheSystem().Beep();
 }
 

@@ -43,7 +43,7 @@ class Dependency {
   static const std::array<BlockKey<Dependency>, 3> Keys;
 
  private:
-  void ProcessKeyValue(const std::string& sKey, const std::string& sValue);
+  void ProcessKeyValue(std::string_view sKey, std::string_view sValue);
 
   std::string sProductCode_;
   std::string sRevision_;

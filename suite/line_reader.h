@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "seam/system.h"
 
@@ -22,14 +23,18 @@ class LineReader {
   // Throws PlatformError when the file cannot be read.
   bool NextLine(std::string_view& sLine);
 
+  // Whether the last line has one.
+  bool HasTab() const { return bTab_; }
+
  private:
+  // Reads on behind the rest, which is moved to the buffer's beginning. False when there
+  // is no more.
   bool ReadOn();
 
   std::unique_ptr<InputFile> file_;
-  std::string sBuffer_;
-  std::size_t nNext_ = 0;      // in the buffer
-  std::string sBegun_;         // of a line that goes on behind the buffer
-  bool bAfterReturn_ = false;  // a line has ended at a CR: a LF that follows belongs to it
+  std::vector<char> buffer_;
+  std::string_view sRest_;  // in the buffer: what is read and not yet delivered
+  bool bTab_ = false;
 };
 
 }  // namespace trelin

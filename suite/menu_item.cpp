@@ -47,14 +47,14 @@ void MenuItem::Terminate() { objDependencies_.Terminate(); }
 void MenuItem::LoadFromFile(BlockParser& objParser) {
   ReadBlock(
       objParser,
-      [this](const std::string& sKey, const std::string& sValue) { ProcessKeyValue(sKey, sValue); },
+      [this](std::string_view sKey, std::string_view sValue) { ProcessKeyValue(sKey, sValue); },
       [&] {
         ExpectBlockType(objParser, "DEPENDENCY");
         objDependencies_.AddFromFile(objParser);
       });
 }
 
-void MenuItem::ProcessKeyValue(const std::string& sKey, const std::string& sValue) {
+void MenuItem::ProcessKeyValue(std::string_view sKey, std::string_view sValue) {
   if (!SetByKey(*this, Keys, sKey, sValue)) TheSystem().Beep();
 }
 

@@ -78,7 +78,7 @@ class MenuItem {
   static const std::array<BlockKey<MenuItem>, 8> Keys;
 
  private:
-  void ProcessKeyValue(const std::string& sKey, const std::string& sValue);
+  void ProcessKeyValue(std::string_view sKey, std::string_view sValue);
 
   std::string sProductCode_;
   std::string sRevision_;

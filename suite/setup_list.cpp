@@ -31,9 +31,7 @@ void SetupList::LoadFromFile(const std::string& sFile) {
     ExpectBlockType(objParser, "SETUPLIST");
     ReadBlock(
         objParser,
-        [this](const std::string& sKey, const std::string& sValue) {
-          ProcessKeyValue(sKey, sValue);
-        },
+        [this](std::string_view sKey, std::string_view sValue) { ProcessKeyValue(sKey, sValue); },
         [&] {
           ExpectBlockType(objParser, "APPLICATION");
           MenuItems_->AddFromFile(objParser);
@@ -44,7 +42,7 @@ void SetupList::LoadFromFile(const std::string& sFile) {
   CheckInstallations();
 }
 
-void SetupList::ProcessKeyValue(const std::string& sKey, const std::string& sValue) {
+void SetupList::ProcessKeyValue(std::string_view sKey, std::string_view sValue) {
   if (!SetByKey(*this, Keys, sKey, sValue))
     TheSystem().ShowMessage(FormatResourceString(TextNumber::UnknownKey,
                                                  LoadResourceString(TextNumber::MenuCaption), sKey),

@@ -67,7 +67,7 @@ class SetupList {
   static const std::array<BlockKey<SetupList>, 1> Keys;
 
  private:
-  void ProcessKeyValue(const std::string& sKey, const std::string& sValue);
+  void ProcessKeyValue(std::string_view sKey, std::string_view sValue);
 
   std::unique_ptr<MenuItemCollection> MenuItems_;
   std::string sTitle_;

@@ -23,14 +23,14 @@ class BlockParserTest : public ProgramTest {
     if (token == BlockParser::TokenEndFile()) return "eof";
     if (token == BlockParser::TokenEndBlock()) return "end";
     return token == BlockParser::TokenKeyValue()
-               ? parser.Key() + "=" + parser.Value()
+               ? std::string(parser.Key()).append("=").append(parser.Value())
                : "block " + parser.BlockType() + "|" + parser.BlockName();
   }
 
   // All properties, to see what a call changed.
   std::string Properties() const {
-    return parser.Key() + "|" + parser.Value() + "|" + parser.BlockType() + "|" +
-           parser.BlockName() + "|" + std::to_string(parser.CurrentLine());
+    return std::string(parser.Key()).append("|").append(parser.Value()) + "|" + parser.BlockType() +
+           "|" + parser.BlockName() + "|" + std::to_string(parser.CurrentLine());
   }
 
   BlockParser parser;
