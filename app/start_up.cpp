@@ -23,7 +23,6 @@ void StartUpSteps() {
   ResetStringResources();
   InitStringResources(LocaleId);
   WriteNoticeLines();
-  objMainMenu = std::make_unique<frmMainMenu>(sSourceFolder);
   objMicrosoft = std::make_unique<frmMicrosoft>();
 }
 
@@ -31,7 +30,10 @@ void StartUpSteps() {
 
 const std::string& SourceFolder() { return sSourceFolder; }
 
-frmMainMenu& MainMenu() { return *objMainMenu; }
+frmMainMenu& MainMenu() {
+  if (!objMainMenu) objMainMenu = std::make_unique<frmMainMenu>(sSourceFolder);
+  return *objMainMenu;
+}
 
 frmMicrosoft& Agreement() { return *objMicrosoft; }
 

@@ -8,9 +8,9 @@
 
 // The program's life:
 //
-//   Main -> StartUp     string library, notice lines, the two window objects
+//   Main -> StartUp     string library, notice lines, the agreement's window
 //        -> agreement   declined: the program ends
-//        -> menu        Initialize loads the setup list; shown until closed
+//        -> menu        its window is made; Initialize loads the setup list; shown until closed
 //        -> CleanUp
 namespace trelin {
 
@@ -18,7 +18,8 @@ namespace trelin {
 // is, or the program's folder when that is empty.
 const std::string& SourceFolder();
 
-// The window objects, from StartUp on.
+// The window objects, from StartUp on. The menu's is made when it is first asked for, so
+// that the agreement, which comes before it, does not wait for its thirty controls.
 frmMainMenu& MainMenu();
 frmMicrosoft& Agreement();
 

@@ -49,7 +49,10 @@ ControlWindow::ControlWindow(const char* pClass, DWORD style, DWORD extendedStyl
     : form_(&FormAbove(container)) {
   Create(pClass, ControlStyle | style, extendedStyle, RECT{}, container.Handle());
   SetFont(LabelFont());
+  form_->AddControl(*this);
 }
+
+ControlWindow::~ControlWindow() { form_->RemoveControl(*this); }
 
 void ControlWindow::SetBounds(Twips left, Twips top, Twips width, Twips height) {
   left_ = left;

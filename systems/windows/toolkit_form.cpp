@@ -177,7 +177,7 @@ void FormWindow::ChangeDpi(UINT dpi, const RECT* pPlace) {
                  pPlace->bottom - pPlace->top, SWP_NOZORDER | SWP_NOACTIVATE);
   dpi_ = FittingDpi(dpi);
   if (border_ == FormBorder::FixedSingle) Resize();
-  for (ControlWindow* pControl : Controls()) pControl->LayOut();
+  for (ControlWindow* pControl : controls_) pControl->LayOut();
   RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 

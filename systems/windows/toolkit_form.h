@@ -56,6 +56,10 @@ class FormWindow : public NativeWindow {
   bool AnswerKey(UINT message, WPARAM wParam, LPARAM lParam);
   bool AnswerWheel(HWND hReceiver, WPARAM wParam, LPARAM lParam);
 
+  // Each in the order in which they are made.
+  void AddControl(ControlWindow& control) { controls_.push_back(&control); }
+  void RemoveControl(ControlWindow& control) { std::erase(controls_, &control); }
+
   void AddTimer(Timer::Native& timer) { timers_.insert(&timer); }
   void RemoveTimer(Timer::Native& timer) { timers_.erase(&timer); }
 
@@ -67,7 +71,6 @@ class FormWindow : public NativeWindow {
   void Hide();
   void FocusFirst();
   void TakeFocus();
-  std::vector<ControlWindow*> Controls() const;
   // Where Tab leads, or null; from no control, the first.
   ControlWindow* NextStop(HWND hFocused, bool bNext) const;
   void MoveFocus(bool bNext);
@@ -89,6 +92,7 @@ class FormWindow : public NativeWindow {
   bool bLoaded_ = false;
   bool bShowsFocus_ = false;
   WindowLoop* loop_ = nullptr;  // while shown
+  std::vector<ControlWindow*> controls_;
   KeyButtons<ButtonWindow> buttons_;
   HWND hFocus_ = nullptr;  // the control that has the focus while the window is active
   std::set<Timer::Native*> timers_;

@@ -13,12 +13,6 @@ namespace trelin {
 
 namespace {
 
-BOOL CALLBACK CollectControl(HWND hWindow, LPARAM pControls) {
-  if (auto* pControl = dynamic_cast<ControlWindow*>(NativeWindow::Of(hWindow)))
-    reinterpret_cast<std::vector<ControlWindow*>*>(pControls)->push_back(pControl);
-  return TRUE;
-}
-
 bool CanHaveFocus(HWND hControl) {
   return hControl != nullptr && IsWindowVisible(hControl) && IsWindowEnabled(hControl);
 }
@@ -67,7 +61,7 @@ bool FormWindow::AnswerKeyDown(WPARAM key, bool bRepeated) {
 }
 
 bool FormWindow::AnswerAccessKey(WPARAM character) {
-  for (ControlWindow* pControl : Controls()) {
+  for (ControlWindow* pControl : controls_) {
     auto* const pButton = dynamic_cast<ButtonWindow*>(pControl);
     if (pButton == nullptr || !pButton->HasAccessKey(static_cast<char>(character))) continue;
     if (IsWindowEnabled(pButton->Handle())) GiveFocus(pButton->Handle());
@@ -99,20 +93,14 @@ ButtonWindow* FormWindow::FocusedButton() const {
 
 void FormWindow::ShowDefaultButton() {
   const ButtonWindow* const pEnter = buttons_.EnterButton(FocusedButton());
-  for (ControlWindow* pControl : Controls()) {
+  for (ControlWindow* pControl : controls_) {
     if (auto* pButton = dynamic_cast<ButtonWindow*>(pControl))
       pButton->ShowAsDefault(pButton == pEnter && IsWindowEnabled(pButton->Handle()));
   }
 }
 
-std::vector<ControlWindow*> FormWindow::Controls() const {
-  std::vector<ControlWindow*> controls;
-  EnumChildWindows(Handle(), CollectControl, reinterpret_cast<LPARAM>(&controls));
-  return controls;
-}
-
 ControlWindow* FormWindow::NextStop(HWND hFocused, bool bNext) const {
-  std::vector<ControlWindow*> stops = Controls();
+  std::vector<ControlWindow*> stops = controls_;
   std::erase_if(stops, [](auto* pControl) { return !pControl->IsTabStop(); });
   std::vector<int> indexes;
   for (const ControlWindow* pStop : stops) indexes.push_back(*pStop->TabIndex());

@@ -22,6 +22,8 @@ bool IsRelease(UINT message);
 // when the form comes to a screen of another resolution.
 class ControlWindow : public NativeWindow {
  public:
+  ~ControlWindow() override;
+
   void SetBounds(Twips left, Twips top, Twips width, Twips height);
   void LayOut();  // anew, when the form's resolution has changed
 
