@@ -68,6 +68,7 @@ void BoxArea::Refresh() {
 }
 
 void BoxArea::paintEvent(QPaintEvent* /*pEvent*/) {
+  if (!box_.OnPaint) return QPainter(this).fillRect(rect(), ToQColor(backColor_));
   if (!bPainted_ || painted_.size() != size()) Paint();
   QPainter(this).drawPixmap(0, 0, painted_);
 }
