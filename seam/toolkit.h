@@ -220,6 +220,8 @@ struct LabelFont {
   float points = 8.25F;  // of MS Sans Serif or the nearest sans serif there is
   bool bBold = false;
   bool bUnderline = false;
+
+  bool operator==(const LabelFont&) const = default;
 };
 
 // How many lines of the text, wrapped at its width, a label of that size on a screen of

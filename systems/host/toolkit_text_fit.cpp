@@ -2,7 +2,10 @@
 
 #include <QFontMetrics>
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <string_view>
+#include <vector>
 
 #include "seam/toolkit.h"
 #include "systems/host/toolkit_font.h"
@@ -15,10 +18,11 @@ namespace {
 constexpr float UsualDpi = 96;
 constexpr float PointsPerInch = 72;
 
-// Halves the range in which the answer lies.
+// Most texts fit as a whole; else halves the range in which the answer lies.
 std::size_t CountFittingIn(const QFontMetrics& metrics, const QString& text, int nWidth) {
+  if (metrics.horizontalAdvance(text) <= nWidth) return static_cast<std::size_t>(text.size());
   qsizetype nFitting = 0;
-  for (qsizetype nTooMany = text.size() + 1; nTooMany - nFitting > 1;) {
+  for (qsizetype nTooMany = text.size(); nTooMany - nFitting > 1;) {
     const qsizetype nMiddle = nFitting + (nTooMany - nFitting) / 2;
     const bool bFits = metrics.horizontalAdvance(text.first(nMiddle)) <= nWidth;
     (bFits ? nFitting : nTooMany) = nMiddle;
@@ -37,6 +41,49 @@ int UsualPixels(float size, float sizesPerInch) {
   return static_cast<int>(std::lround(size * UsualDpi / sizesPerInch));
 }
 
+QFont UsualFont(const LabelFont& font) {
+  QFont usual = FontOf(font);
+  usual.setPixelSize(UsualPixels(font.points, PointsPerInch));
+  return usual;
+}
+
+// How wide each character of the code page is at the most, wherever it stands: a pair of
+// them is kerned by less than a pixel. A control character has no width.
+class CharacterWidths {
+ public:
+  explicit CharacterWidths(const LabelFont& font) : font_(font) {
+    constexpr int FirstPrinted = ' ';
+    const QFontMetrics metrics(UsualFont(font));
+    for (int n = FirstPrinted; n < static_cast<int>(widths_.size()); ++n)
+      widths_[n] = metrics.horizontalAdvance(ToQString({static_cast<char>(n)})) + 1;
+  }
+
+  const LabelFont& Font() const { return font_; }
+
+  // False also for some texts that fit: these are to be measured.
+  bool ShowFit(std::string_view sText, int nWidth) const {
+    for (const char c : sText) {
+      const int nCharacter = widths_[static_cast<unsigned char>(c)];
+      if (nCharacter == 0 || nCharacter > nWidth) return false;
+      nWidth -= nCharacter;
+    }
+    return true;
+  }
+
+ private:
+  LabelFont font_;
+  std::array<int, 256> widths_{};
+};
+
+// Those of each font are measured once: the menu has few.
+const CharacterWidths& WidthsIn(const LabelFont& font) {
+  static std::vector<CharacterWidths> all;
+  const auto known = std::find_if(all.begin(), all.end(), [&font](const CharacterWidths& widths) {
+    return widths.Font() == font;
+  });
+  return known != all.end() ? *known : all.emplace_back(font);
+}
+
 }  // namespace
 
 LabelLines LinesIn(const QString& text, const QFont& font, QSize size) {
@@ -45,14 +92,15 @@ LabelLines LinesIn(const QString& text, const QFont& font, QSize size) {
                         FittingIn(metrics, size.width()));
 }
 
+// To measure a text in whole takes fifty times as long as to add up its characters.
 std::int32_t LabelLinesCutOff(const std::string& sText, const LabelFont& font, Twips width,
                               Twips height) {
-  QFont usual = FontOf(font);
-  usual.setPixelSize(UsualPixels(font.points, PointsPerInch));
-  const QFontMetrics metrics(usual);
+  const int nWidth = UsualPixels(width, TwipsPerInch);
+  if (WidthsIn(font).ShowFit(sText, nWidth)) return 0;
+  const QFontMetrics metrics(UsualFont(font));
   return LinesBeyond(ToQString(sText).toStdU16String(),
                      UsualPixels(height, TwipsPerInch) / metrics.height(),
-                     FittingIn(metrics, UsualPixels(width, TwipsPerInch)));
+                     FittingIn(metrics, nWidth));
 }
 
 }  // namespace trelin
