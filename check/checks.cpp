@@ -46,9 +46,11 @@ std::vector<const Rule*> AllRules() {
       &rule::AfterEnd,      &rule::MissingEnd,  &rule::ByteOrderMark, &rule::IdleAllowance,
   };
   for (const auto& checks : ListChecks())
-    for (const Check& check : checks)
-      for (const Rule* pRule : {check.pRule, check.pOther})
+    for (const Check& check : checks) {
+      AddOnce(rules, check.pRule);
+      for (const Rule* pRule : check.others)
         if (pRule != nullptr) AddOnce(rules, pRule);
+    }
   for (const Rule* pRule : LibraryRules()) AddOnce(rules, pRule);
   return rules;
 }

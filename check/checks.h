@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <span>
 #include <string>
 #include <utility>
@@ -40,12 +41,12 @@ class Report {
   Findings& findings_;
 };
 
-// A rule and the function that reports what breaks it; the other rule, if any, that the
+// A rule and the function that reports what breaks it; the other rules, if any, that the
 // function reports under, too.
 struct Check {
   const Rule* pRule;
   void (*run)(const Suite& suite, Report& report);
-  const Rule* pOther = nullptr;
+  std::array<const Rule*, 3> others = {};
 };
 
 // The checks of a list that has been read, by what they look at: a new one needs

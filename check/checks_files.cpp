@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -85,37 +86,44 @@ std::string OpenFailure(const std::string& sPath) {
   return "";
 }
 
-// Remembers what it found out about the last path, as many products may name one.
-template <class Found>
+// Remembers what it found out about the last text, as many products may name one file.
+template <class Find>
 class Remembered {
  public:
-  explicit Remembered(Found (*find)(const std::string&)) : find_(find) {}
+  explicit Remembered(Find find) : find_(std::move(find)) {}
 
-  Found operator()(const std::string& sPath) {
-    if (sPath_ != sPath) {
-      found_ = find_(sPath);
-      sPath_ = sPath;
+  const auto& operator()(const std::string& sText) {
+    if (sText_ != sText) {
+      found_ = find_(sText);
+      sText_ = sText;
     }
     return found_;
   }
 
  private:
-  Found (*find_)(const std::string&);
-  std::optional<std::string> sPath_;
-  Found found_;
+  Find find_;
+  std::optional<std::string> sText_;
+  std::invoke_result_t<Find, const std::string&> found_{};
 };
 
 std::string ReadMeLine(const Suite& suite, const std::string& sValue) {
   return JoinPath(suite.sFolder, sValue);
 }
 
-// The program as it stands in a read-me entry, taken apart as the launcher does
-// when it starts it; empty when there is none.
-std::string ReadMeProgram(const Suite& suite, const std::string& sValue) {
+// A read-me entry, taken apart as the launcher does when it starts it.
+struct ReadMe {
+  std::string sProgram;  // as it stands in the entry; empty when there is none
+  std::string sArguments;
+};
+
+PathTests TestsThatRemember() { return {Remembered(IsProgram), Remembered(IsFolder)}; }
+
+ReadMe FindReadMe(const Suite& suite, const std::string& sValue, const PathTests& tests) {
   const std::string sLine = ReadMeLine(suite, sValue);
-  const CommandLine command = ResolveCommandLine(sLine, {IsProgram, IsFolder});
-  if (!IsProgram(command.sProgram)) return "";
-  return sValue.substr(0, command.sProgram.size() - (sLine.size() - sValue.size()));
+  CommandLine command = ResolveCommandLine(sLine, tests);
+  if (!tests.isFile(command.sProgram)) return {};
+  return {sValue.substr(0, command.sProgram.size() - (sLine.size() - sValue.size())),
+          std::move(command.sArguments)};
 }
 
 // Other files that the same entry might mean: shorter parts of the name that
@@ -131,45 +139,30 @@ std::vector<std::string> OtherReadMes(const Suite& suite, const std::string& sPr
   return others;
 }
 
-bool EndsWithAnyCase(const std::string& sName, std::string_view sUpperEnd) {
-  if (sName.size() < sUpperEnd.size()) return false;
-  return UpperCase(sName.substr(sName.size() - sUpperEnd.size())) == sUpperEnd;
-}
-
 // Kinds of files that Windows opens with another program, which the launcher
 // does not look for.
-constexpr std::array NoPrograms = {".MSI", ".MSP", ".MSU",  ".ZIP", ".7Z",  ".CAB",  ".ISO", ".TXT",
-                                   ".PDF", ".HTM", ".HTML", ".RTF", ".DOC", ".DOCX", ".CHM", ".HLP",
-                                   ".PS1", ".VBS", ".JS",   ".REG", ".INF", ".LNK",  ".URL", ".MD"};
+constexpr std::array<std::string_view, 24> NoPrograms = {
+    ".MSI", ".MSP", ".MSU",  ".ZIP", ".7Z",  ".CAB",  ".ISO", ".TXT",
+    ".PDF", ".HTM", ".HTML", ".RTF", ".DOC", ".DOCX", ".CHM", ".HLP",
+    ".PS1", ".VBS", ".JS",   ".REG", ".INF", ".LNK",  ".URL", ".MD"};
 
-void ReportNoProgram(const std::string& sProgram, const Place& place, Report& report) {
-  for (const char* pEnd : NoPrograms) {
-    if (!EndsWithAnyCase(sProgram, pEnd)) continue;
-    const bool bInstallerFile = std::string_view(pEnd).starts_with(".MS");
-    report.Error(
-        place,
-        "\"" + sProgram + "\" is no program by its name, and the launcher starts programs only.",
-        bInstallerFile ? "Name a program that starts msiexec with it."
-                       : "Name a program that opens it.");
-  }
+constexpr Rule NotAProgram = {
+    "not-a-program", "A file to start is no program by its name.",
+    "The launcher starts programs. It does not look for the program that opens a file."};
+
+void ReportNoProgram(const std::string& sProgram, const Place& place, Report report) {
+  const std::size_t nDot = std::min(sProgram.rfind('.'), sProgram.size());
+  const std::string sEnd = UpperCase(std::string_view(sProgram).substr(nDot));
+  if (std::find(NoPrograms.begin(), NoPrograms.end(), sEnd) == NoPrograms.end()) return;
+  report.Error(
+      place,
+      "\"" + sProgram + "\" is no program by its name, and the launcher starts programs only.",
+      sEnd.starts_with(".MS") ? "Name a program that starts msiexec with it."
+                              : "Name a program that opens it.");
 }
 
 constexpr Rule PictureMissing = {"picture-missing", "A picture file does not open.",
                                  "The product shows the launcher's own picture."};
-
-void CheckPicturesThere(const Suite& suite, Report& report) {
-  Remembered failure(OpenFailure);
-  ForEachFile(suite, "IMAGE", [&](const std::string& sValue, const Place& place) {
-    const std::string sFailure = failure(PicturePath(suite, sValue));
-    if (sFailure.empty()) return;
-    report
-        .Error(place, "The picture is missing: the product shows the launcher's own. " + sFailure,
-               PathHint(sValue, "the folder of the list"))
-        .correction = WithoutQuotes(sValue, place, [&](const std::string& sMeant) {
-      return failure(PicturePath(suite, sMeant)).empty();
-    });
-  });
-}
 
 constexpr Rule PictureUnreadable = {"picture-unreadable", "A picture does not load.",
                                     "The product shows the launcher's own picture."};
@@ -189,49 +182,70 @@ std::string LooksScaled(const Picture& picture) {
                             : "it looks coarse.");
 }
 
-struct LoadedPicture {
-  std::string sFailure;  // of a file that is there
+struct PictureFaults {
+  std::string sMissing;     // why it does not open
+  std::string sUnreadable;  // why what is there does not load
   std::string sLooks;
 };
 
-LoadedPicture LoadPicture(const std::string& sPath) try {
-  return {"", LooksScaled(Picture::LoadFromFile(sPath))};
+PictureFaults FaultsOfPicture(const std::string& sPath) try {
+  return {"", "", LooksScaled(Picture::LoadFromFile(sPath))};
 } catch (const PlatformError& error) {
-  return {OpenFailure(sPath).empty() ? error.what() : "", ""};
+  const std::string sMissing = OpenFailure(sPath);
+  return {sMissing, sMissing.empty() ? error.what() : "", ""};
 }
 
-void CheckPicturesLoad(const Suite& suite, Report& report) {
-  Remembered loaded(LoadPicture);
+void ReportMissingPicture(const Suite& suite, const std::string& sValue, const Place& place,
+                          const std::string& sReason, Report& report) {
+  report
+      .Error(place, "The picture is missing: the product shows the launcher's own. " + sReason,
+             PathHint(sValue, "the folder of the list"))
+      .correction = WithoutQuotes(sValue, place, [&suite](const std::string& sMeant) {
+    return OpenFailure(PicturePath(suite, sMeant)).empty();
+  });
+}
+
+void CheckPictures(const Suite& suite, Report& report) {
+  Remembered faultsOf(FaultsOfPicture);
   ForEachFile(suite, "IMAGE", [&](const std::string& sValue, const Place& place) {
-    const auto [sFailure, sLooks] = loaded(PicturePath(suite, sValue));
-    if (!sFailure.empty())
-      report.Error(place,
-                   "The picture does not load: the product shows the launcher's own. " + sFailure,
-                   "Use a BMP, ICO, GIF, JPEG or PNG file, 32 by 32 pixels.");
-    if (!sLooks.empty())
-      report.Under(PictureSize).Warn(place, sLooks, "Draw it in 32 by 32 pixels.");
+    const PictureFaults& faults = faultsOf(PicturePath(suite, sValue));
+    if (!faults.sMissing.empty())
+      ReportMissingPicture(suite, sValue, place, faults.sMissing, report);
+    if (!faults.sUnreadable.empty())
+      report.Under(PictureUnreadable)
+          .Error(place,
+                 "The picture does not load: the product shows the launcher's own. " +
+                     faults.sUnreadable,
+                 "Use a BMP, ICO, GIF, JPEG or PNG file, 32 by 32 pixels.");
+    if (!faults.sLooks.empty())
+      report.Under(PictureSize).Warn(place, faults.sLooks, "Draw it in 32 by 32 pixels.");
   });
 }
 
 constexpr Rule InstallerMissing = {"installer-missing", "An installer is not in the source folder.",
                                    "Setup of the product ends in an error."};
 
-void CheckInstallersThere(const Suite& suite, Report& report) {
-  Remembered failure(+[](const std::string& sPath) {
+void ReportMissingInstaller(const Suite& suite, const std::string& sValue, const Place& place,
+                            const std::string& sReason, Report& report) {
+  const std::string sFirstWord = sValue.substr(0, sValue.find(' '));
+  const bool bArguments = sFirstWord != sValue && IsProgram(InstallerPath(suite, sFirstWord));
+  report
+      .Error(place, "The installer is missing from the source folder. " + sReason,
+             bArguments ? "An installer gets no arguments: the whole text is taken for its name."
+                        : PathHint(sValue, "the source folder"))
+      .correction = WithoutQuotes(sValue, place, [&suite](const std::string& sMeant) {
+    return IsProgram(InstallerPath(suite, sMeant));
+  });
+}
+
+void CheckInstallers(const Suite& suite, Report& report) {
+  Remembered failure([](const std::string& sPath) {
     return IsProgram(sPath) ? std::string() : OpenFailure(sPath);
   });
   ForEachFile(suite, "INSTALLFILE", [&](const std::string& sValue, const Place& place) {
-    const std::string sFailure = failure(InstallerPath(suite, sValue));
-    if (sFailure.empty()) return;
-    const std::string sFirstWord = sValue.substr(0, sValue.find(' '));
-    const bool bArguments = sFirstWord != sValue && IsProgram(InstallerPath(suite, sFirstWord));
-    report
-        .Error(place, "The installer is missing from the source folder. " + sFailure,
-               bArguments ? "An installer gets no arguments: the whole text is taken for its name."
-                          : PathHint(sValue, "the source folder"))
-        .correction = WithoutQuotes(sValue, place, [&](const std::string& sMeant) {
-      return IsProgram(InstallerPath(suite, sMeant));
-    });
+    const std::string& sFailure = failure(InstallerPath(suite, sValue));
+    if (!sFailure.empty()) ReportMissingInstaller(suite, sValue, place, sFailure, report);
+    ReportNoProgram(sValue, place, report.Under(NotAProgram));
   });
 }
 
@@ -239,17 +253,15 @@ constexpr Rule ReadMeMissing = {"read-me-missing",
                                 "A read-me program is not in the folder of the list.",
                                 "Read Me of the product ends in an error."};
 
-void CheckReadMesThere(const Suite& suite, Report& report) {
-  ForEachFile(suite, "READMEFILE", [&](const std::string& sValue, const Place& place) {
-    if (!ReadMeProgram(suite, sValue).empty()) return;
-    report
-        .Error(place,
-               "The read-me program is missing from the folder of the list. " +
-                   OpenFailure(ReadMeLine(suite, sValue)),
-               PathHint(sValue, "the folder of the list"))
-        .correction = WithoutQuotes(sValue, place, [&](const std::string& sMeant) {
-      return !ReadMeProgram(suite, sMeant).empty();
-    });
+void ReportMissingReadMe(const Suite& suite, const std::string& sValue, const Place& place,
+                         Report& report) {
+  report
+      .Error(place,
+             "The read-me program is missing from the folder of the list. " +
+                 OpenFailure(ReadMeLine(suite, sValue)),
+             PathHint(sValue, "the folder of the list"))
+      .correction = WithoutQuotes(sValue, place, [&suite](const std::string& sMeant) {
+    return !FindReadMe(suite, sMeant, {IsProgram, IsFolder}).sProgram.empty();
   });
 }
 
@@ -259,20 +271,18 @@ constexpr Rule ReadMeAmbiguous = {
     "Where the program's name ends and its arguments begin is taken from which files there are, so "
     "another file may be started."};
 
-void CheckReadMesClear(const Suite& suite, Report& report) {
-  ForEachFile(suite, "READMEFILE", [&](const std::string& sValue, const Place& place) {
-    const std::string sProgram = ReadMeProgram(suite, sValue);
-    if (NameIn(sProgram).find(' ') == std::string::npos) return;
-    std::string sOthers;
-    for (const std::string& sOther : OtherReadMes(suite, sProgram))
-      sOthers += (sOthers.empty() ? " It could also be \"" : ", \"") + sOther + "\"";
-    report.Warn(place,
-                "The name of the read-me program has spaces, where its arguments might begin: the "
-                "launcher takes \"" +
-                    sProgram + "\", the longest part that is a file." + sOthers +
-                    (sOthers.empty() ? "" : "."),
-                "Give the program a name without spaces.");
-  });
+void ReportAmbiguousReadMe(const Suite& suite, const std::string& sProgram, const Place& place,
+                           Report report) {
+  if (NameIn(sProgram).find(' ') == std::string::npos) return;
+  std::string sOthers;
+  for (const std::string& sOther : OtherReadMes(suite, sProgram))
+    sOthers += (sOthers.empty() ? " It could also be \"" : ", \"") + sOther + "\"";
+  report.Warn(place,
+              "The name of the read-me program has spaces, where its arguments might begin: the "
+              "launcher takes \"" +
+                  sProgram + "\", the longest part that is a file." + sOthers +
+                  (sOthers.empty() ? "" : "."),
+              "Give the program a name without spaces.");
 }
 
 constexpr Rule ArgumentMissing = {"argument-missing",
@@ -287,32 +297,26 @@ bool NamesFile(std::string_view sArgument) {
          sArgument.find(':') == std::string_view::npos;
 }
 
-void CheckReadMeArguments(const Suite& suite, Report& report) {
-  ForEachFile(suite, "READMEFILE", [&](const std::string& sValue, const Place& place) {
-    if (ReadMeProgram(suite, sValue).empty()) return;
-    const CommandLine command =
-        ResolveCommandLine(ReadMeLine(suite, sValue), {IsProgram, IsFolder});
-    for (const std::string& sArgument : SplitArguments(command.sArguments)) {
-      if (!NamesFile(sArgument) || StartPathTests().isFile(InFolder(suite.sFolder, sArgument)))
-        continue;
-      report.Warn(place,
-                  "The read-me program is given \"" + sArgument +
-                      "\", and there is no such file in the folder of the list.",
-                  "");
-    }
-  });
+void ReportMissingArguments(const Suite& suite, const std::string& sArguments, const Place& place,
+                            Report report) {
+  for (const std::string& sArgument : SplitArguments(sArguments)) {
+    if (!NamesFile(sArgument) || StartPathTests().isFile(InFolder(suite.sFolder, sArgument)))
+      continue;
+    report.Warn(place,
+                "The read-me program is given \"" + sArgument +
+                    "\", and there is no such file in the folder of the list.",
+                "");
+  }
 }
 
-constexpr Rule NotAProgram = {
-    "not-a-program", "A file to start is no program by its name.",
-    "The launcher starts programs. It does not look for the program that opens a file."};
-
-void CheckPrograms(const Suite& suite, Report& report) {
-  ForEachFile(suite, "INSTALLFILE", [&](const std::string& sValue, const Place& place) {
-    ReportNoProgram(sValue, place, report);
-  });
+void CheckReadMes(const Suite& suite, Report& report) {
+  const PathTests tests = TestsThatRemember();
   ForEachFile(suite, "READMEFILE", [&](const std::string& sValue, const Place& place) {
-    ReportNoProgram(ReadMeProgram(suite, sValue), place, report);
+    const auto [sProgram, sArguments] = FindReadMe(suite, sValue, tests);
+    if (sProgram.empty()) return ReportMissingReadMe(suite, sValue, place, report);
+    ReportAmbiguousReadMe(suite, sProgram, place, report.Under(ReadMeAmbiguous));
+    ReportMissingArguments(suite, sArguments, place, report.Under(ArgumentMissing));
+    ReportNoProgram(sProgram, place, report.Under(NotAProgram));
   });
 }
 
@@ -347,8 +351,9 @@ std::vector<Correction> FileNamesAsOnDisk(const Suite& suite) {
   ForEachFile(suite, "INSTALLFILE", [&](const std::string& sValue, const Place& place) {
     AddSpelling(InstallerPath(suite, sValue), sValue, place, spellings);
   });
+  const PathTests tests = TestsThatRemember();
   ForEachFile(suite, "READMEFILE", [&](const std::string& sValue, const Place& place) {
-    const std::string sProgram = ReadMeProgram(suite, sValue);
+    const std::string sProgram = FindReadMe(suite, sValue, tests).sProgram;
     AddSpelling(ReadMeLine(suite, sProgram), sProgram, place, spellings);
   });
   return spellings;
@@ -356,13 +361,9 @@ std::vector<Correction> FileNamesAsOnDisk(const Suite& suite) {
 
 std::span<const Check> FileChecks() {
   static constexpr std::array Table = {
-      Check{&PictureMissing, CheckPicturesThere},
-      Check{&PictureUnreadable, CheckPicturesLoad, &PictureSize},
-      Check{&InstallerMissing, CheckInstallersThere},
-      Check{&ReadMeMissing, CheckReadMesThere},
-      Check{&ReadMeAmbiguous, CheckReadMesClear},
-      Check{&ArgumentMissing, CheckReadMeArguments},
-      Check{&NotAProgram, CheckPrograms},
+      Check{&PictureMissing, CheckPictures, {&PictureUnreadable, &PictureSize}},
+      Check{&InstallerMissing, CheckInstallers, {&NotAProgram}},
+      Check{&ReadMeMissing, CheckReadMes, {&ReadMeAmbiguous, &ArgumentMissing, &NotAProgram}},
   };
   return Table;
 }

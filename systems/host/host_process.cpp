@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -178,15 +179,17 @@ std::string StartReason(const std::string& sHostPath, int lReason) {
   return SystemReason(lReason);
 }
 
-bool IsFile(const std::string& sPath) {
-  std::error_code error;
-  return std::filesystem::is_regular_file(HostPath(sPath), error);
+// Most files have the letter case that they are asked for in.
+bool IsOfType(const std::string& sPath, mode_t type) {
+  struct stat status = {};
+  const bool bFound =
+      stat(WrittenPath(sPath).c_str(), &status) == 0 || stat(HostPath(sPath).c_str(), &status) == 0;
+  return bFound && (status.st_mode & S_IFMT) == type;
 }
 
-bool IsFolder(const std::string& sPath) {
-  std::error_code error;
-  return std::filesystem::is_directory(HostPath(sPath), error);
-}
+bool IsFile(const std::string& sPath) { return IsOfType(sPath, S_IFREG); }
+
+bool IsFolder(const std::string& sPath) { return IsOfType(sPath, S_IFDIR); }
 
 }  // namespace
 

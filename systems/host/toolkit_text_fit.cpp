@@ -47,27 +47,25 @@ QFont UsualFont(const LabelFont& font) {
   return usual;
 }
 
-// How wide each character of the code page is at the most, wherever it stands: a pair of
-// them is kerned by less than a pixel. A control character has no width.
+// How wide characters of the code page are at the most, wherever they stand: a pair of
+// them is kerned by less than a pixel. Each is measured when it first comes.
 class CharacterWidths {
  public:
-  explicit CharacterWidths(const LabelFont& font) : font_(font) {
-    constexpr int FirstPrinted = ' ';
-    const QFontMetrics metrics(UsualFont(font));
-    for (int n = FirstPrinted; n < static_cast<int>(widths_.size()); ++n)
-      widths_[n] = metrics.horizontalAdvance(ToQString({static_cast<char>(n)})) + 1;
-  }
+  explicit CharacterWidths(const LabelFont& font) : font_(font) {}
 
   const LabelFont& Font() const { return font_; }
 
-  // False also for some texts that fit: these are to be measured.
-  bool ShowFit(std::string_view sText, int nWidth) const {
+  // False also for some texts that fit, and those with control characters: they are to be
+  // measured.
+  bool ShowFit(std::string_view sText, int nWidth) {
     for (const char c : sText) {
-      const int nCharacter = widths_[static_cast<unsigned char>(c)];
-      if (nCharacter == 0 || nCharacter > nWidth) return false;
-      nWidth -= nCharacter;
+      const auto nCode = static_cast<unsigned char>(c);
+      if (nCode < ' ') return false;
+      int& nMost = widths_[nCode];
+      if (nMost == 0) nMost = QFontMetrics(UsualFont(font_)).horizontalAdvance(ToQString({c})) + 1;
+      nWidth -= nMost;
     }
-    return true;
+    return nWidth >= 0;
   }
 
  private:
@@ -75,8 +73,8 @@ class CharacterWidths {
   std::array<int, 256> widths_{};
 };
 
-// Those of each font are measured once: the menu has few.
-const CharacterWidths& WidthsIn(const LabelFont& font) {
+// The menu has few fonts.
+CharacterWidths& WidthsIn(const LabelFont& font) {
   static std::vector<CharacterWidths> all;
   const auto known = std::find_if(all.begin(), all.end(), [&font](const CharacterWidths& widths) {
     return widths.Font() == font;
