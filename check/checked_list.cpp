@@ -9,10 +9,9 @@ namespace trelin {
 namespace {
 
 template <class Keys>
-std::vector<const char*> NamesOf(const Keys& keys) {
-  std::vector<const char*> names(keys.size());
-  std::transform(keys.begin(), keys.end(), names.begin(),
-                 [](const auto& key) { return key.sKey.data(); });
+std::vector<std::string_view> NamesOf(const Keys& keys) {
+  std::vector<std::string_view> names(keys.size());
+  std::transform(keys.begin(), keys.end(), names.begin(), [](const auto& key) { return key.sKey; });
   return names;
 }
 
@@ -58,11 +57,11 @@ const char* NameOf(BlockKind kind) {
   return "of an unknown type";
 }
 
-const std::vector<const char*>& KeysOf(BlockKind kind) {
+const std::vector<std::string_view>& KeysOf(BlockKind kind) {
   static const auto ofList = NamesOf(SetupList::Keys);
   static const auto ofProduct = NamesOf(MenuItem::Keys);
   static const auto ofPrerequisite = NamesOf(Dependency::Keys);
-  static const std::vector<const char*> none;
+  static const std::vector<std::string_view> none;
   switch (kind) {
     case BlockKind::SetupList:
       return ofList;
@@ -76,9 +75,11 @@ const std::vector<const char*>& KeysOf(BlockKind kind) {
   return none;
 }
 
-bool IsKeyOf(BlockKind kind, std::string_view sKey) {
+std::optional<std::size_t> KeyNumber(BlockKind kind, std::string_view sKey) {
   const auto& keys = KeysOf(kind);
-  return std::any_of(keys.begin(), keys.end(), [sKey](const char* pKey) { return sKey == pKey; });
+  const auto key = std::find(keys.begin(), keys.end(), sKey);
+  if (key == keys.end()) return std::nullopt;
+  return static_cast<std::size_t>(key - keys.begin());
 }
 
 std::string CheckedList::LaunchersWords(std::string sMessage) const {

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 #include <deque>
-#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -61,9 +61,14 @@ struct ListBlock {
   Place PlaceOf(std::string_view sKey) const;
 };
 
-const char* NameOf(BlockKind kind);                      // "APPLICATION"
-const std::vector<const char*>& KeysOf(BlockKind kind);  // those that the launcher knows
-bool IsKeyOf(BlockKind kind, std::string_view sKey);
+const char* NameOf(BlockKind kind);                           // "APPLICATION"
+const std::vector<std::string_view>& KeysOf(BlockKind kind);  // those that the launcher knows
+
+// The number of the key among these; nothing for another one.
+std::optional<std::size_t> KeyNumber(BlockKind kind, std::string_view sKey);
+inline bool IsKeyOf(BlockKind kind, std::string_view sKey) {
+  return KeyNumber(kind, sKey).has_value();
+}
 
 // A setup list with the places of everything in it, and what was wrong in its
 // format. What can be read is there also behind a fault. Texts are parts of the

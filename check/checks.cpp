@@ -20,6 +20,11 @@ std::array<std::span<const Check>, 5> ListChecks() {
   return {LineChecks(), KeyChecks(), CodeChecks(), FileChecks(), FitChecks()};
 }
 
+void SortByPlaces(Findings& findings) {
+  if (!std::is_sorted(findings.begin(), findings.end(), StandsBefore))
+    std::stable_sort(findings.begin(), findings.end(), StandsBefore);
+}
+
 void AddOnce(std::vector<const Rule*>& rules, const Rule* pRule) {
   if (std::find(rules.begin(), rules.end(), pRule) == rules.end()) rules.push_back(pRule);
 }
@@ -34,9 +39,9 @@ Findings CheckSuite(const Suite& suite) {
       check.run(suite, report);
     }
   }
-  std::stable_sort(findings.begin(), findings.end(), StandsBefore);
+  SortByPlaces(findings);
   ApplyAllowances(suite.list, findings);
-  std::stable_sort(findings.begin(), findings.end(), StandsBefore);
+  SortByPlaces(findings);
   return findings;
 }
 

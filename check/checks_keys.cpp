@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <limits>
-#include <map>
 #include <optional>
 #include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "check/checks.h"
 #include "check/nearest.h"
@@ -24,7 +24,7 @@ namespace {
 std::string NearestKey(BlockKind kind, const std::string& sKey) {
   if (kind == BlockKind::Application && (sKey == "TITLE" || sKey == "NAME")) return "PRODUCT";
   if (kind == BlockKind::Dependency && (sKey == "PRODUCT" || sKey == "NAME")) return "TITLE";
-  return NearestWord(sKey, KeysOf(kind));
+  return std::string(NearestWord(sKey, KeysOf(kind)));
 }
 
 // Where the key belongs, if it is known at all.
@@ -71,16 +71,16 @@ void ForEachWithout(const Suite& suite, const char* pKey, Use use) {
 std::optional<Correction> KeyMeant(BlockKind kind, const ListStatement& entry,
                                    std::set<std::string_view>& known) {
   constexpr std::size_t FewLetters = 2;
-  const char* pMeant = nullptr;
-  for (const char* pKey : KeysOf(kind)) {
-    if (!IsNear(entry.Key(), pKey, FewLetters)) continue;
-    if (pMeant != nullptr) return std::nullopt;
-    pMeant = pKey;
+  std::string_view sMeant;
+  for (const std::string_view sKey : KeysOf(kind)) {
+    if (!IsNear(entry.Key(), sKey, FewLetters)) continue;
+    if (!sMeant.empty()) return std::nullopt;
+    sMeant = sKey;
   }
-  if (pMeant == nullptr || known.contains(pMeant) || !WhereKnown(std::string(entry.Key())).empty())
+  if (sMeant.empty() || known.contains(sMeant) || !WhereKnown(std::string(entry.Key())).empty())
     return std::nullopt;
-  known.insert(pMeant);  // for the next one
-  return Correction{entry.KeyPlace(), pMeant};
+  known.insert(sMeant);  // for the next one
+  return Correction{entry.KeyPlace(), std::string(sMeant)};
 }
 
 constexpr Rule UnknownKey = {
@@ -97,14 +97,15 @@ std::set<std::string_view> KnownKeys(const ListBlock& block) {
 
 void CheckUnknownKeys(const Suite& suite, Report& report) {
   for (const ListBlock& block : suite.list.blocks) {
-    std::set<std::string_view> known = KnownKeys(block);
+    std::optional<std::set<std::string_view>> known;  // most blocks do without it
     for (const ListStatement* pEntry : block.entries) {
       if (block.kind == BlockKind::Unknown || IsKeyOf(block.kind, pEntry->Key())) continue;
+      if (!known) known = KnownKeys(block);
       const std::string sKey(pEntry->Key());
       report
           .Error(pEntry->KeyPlace(), UnknownKeyMessage(suite.list, block.kind, sKey),
                  UnknownKeyHint(block.kind, sKey))
-          .correction = KeyMeant(block.kind, *pEntry, known);
+          .correction = KeyMeant(block.kind, *pEntry, *known);
     }
   }
 }
@@ -114,14 +115,20 @@ constexpr Rule RepeatedKey = {
     "The later value counts, and the earlier one is lost without a word."};
 
 void CheckRepeatedKeys(const Suite& suite, Report& report) {
+  std::vector<std::int32_t> firstLines;  // by the number of the key
   for (const ListBlock& block : suite.list.blocks) {
-    std::map<std::string_view, std::int32_t> lines;  // by key
+    firstLines.assign(KeysOf(block.kind).size(), 0);
     for (const ListStatement* pEntry : block.entries) {
-      const auto [first, bNew] = lines.emplace(pEntry->Key(), pEntry->lLine);
-      if (bNew || !IsKeyOf(block.kind, pEntry->Key())) continue;
+      const auto nKey = KeyNumber(block.kind, pEntry->Key());
+      if (!nKey) continue;
+      const std::int32_t lFirst = firstLines[*nKey];
+      if (lFirst == 0) {
+        firstLines[*nKey] = pEntry->lLine;
+        continue;
+      }
       report.Warn(pEntry->KeyPlace(),
                   std::string(pEntry->Key()) + " is given twice in this block, first in line " +
-                      std::to_string(first->second) + ". The later value counts.",
+                      std::to_string(lFirst) + ". The later value counts.",
                   "Remove one of the two lines.");
     }
   }

@@ -75,6 +75,11 @@ std::u16string Utf16Of(std::string_view sFile) {
 
 bool IsControl(unsigned char c) { return (c < 0x20 && c != '\t') || c == 0x7F; }
 
+bool IsPlain(std::string_view sText) {
+  return std::all_of(sText.begin(), sText.end(),
+                     [](char c) { return (c >= ' ' && c < 0x7F) || c == '\t'; });
+}
+
 std::string InHex(unsigned char c) {
   const char* const pDigits = "0123456789ABCDEF";
   return {pDigits[c >> 4U], pDigits[c & 0xFU]};
@@ -113,6 +118,7 @@ std::string SaveInCodePage() {
 }
 
 std::optional<ForeignText> FindForeignText(std::string_view sLine, bool bFileIsUtf8) {
+  if (IsPlain(sLine)) return std::nullopt;  // as most are
   const bool bUtf8 = bFileIsUtf8 || IsMeantAsUtf8(sLine);
   if (auto lacking = bUtf8 ? FindLacking(sLine) : std::nullopt) return lacking;
   for (std::size_t n = 0; n < sLine.size(); ++n) {

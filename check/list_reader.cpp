@@ -22,10 +22,10 @@ constexpr const char* Prerequisite = "DEPENDENCY";
 
 // The block type that a word most probably stands for: one that it differs from
 // in a few letters, or else the one that is expected there.
-std::string MeantType(std::string_view sType, const char* pExpected) {
+std::string_view MeantType(std::string_view sType, const char* pExpected) {
   constexpr std::size_t FewLetters = 3;
-  if (sType == Product || sType == Prerequisite) return std::string(sType);  // as most are
-  const std::string sNearest = NearestWord(sType, {Outer, Product, Prerequisite}, FewLetters);
+  if (sType == Product || sType == Prerequisite) return sType;  // as most are
+  const std::string_view sNearest = NearestWord(sType, {Outer, Product, Prerequisite}, FewLetters);
   return sNearest.empty() ? pExpected : sNearest;
 }
 
@@ -131,9 +131,9 @@ class StructureReader {
   std::int32_t NextLine() const { return Next().lLine; }
   Place NextPlace() const { return list_.PlaceInLine(NextLine()); }
 
-  void AddFault(const Rule* pRule, const Place& place, const std::string& sMessage,
-                const std::string& sHint) {
-    list_.faults.push_back({pRule, Severity::Error, place, list_.LaunchersWords(sMessage), sHint});
+  void AddFault(const Rule* pRule, const Place& place, std::string sMessage, std::string sHint) {
+    list_.faults.push_back({pRule, Severity::Error, place,
+                            list_.LaunchersWords(std::move(sMessage)), std::move(sHint)});
   }
 
   // Up to the first block's start line, and over it if it is that of the outer
@@ -248,7 +248,7 @@ class StructureReader {
     const std::string_view sType = Next().Key();
     OpenBlock opened;
     if (!Accepts(around.kind, sType)) {
-      const std::string sMeant = MeantType(sType, "");
+      const std::string_view sMeant = MeantType(sType, "");
       const bool bEndMissing =
           ClosesBlock(around.kind, sMeant) && !depths_.IsNested(nNext_, open_.size());
       opened.bStrange = sMeant.empty();
@@ -256,7 +256,7 @@ class StructureReader {
         opened.nFault = list_.faults.size();
         ReportInner(around, bEndMissing);
         if (!bEndMissing && Accepts(around.kind, sMeant))
-          list_.faults.back().correction = {Next().KeyPlace(), sMeant};
+          list_.faults.back().correction = {Next().KeyPlace(), std::string(sMeant)};
       }
       if (bEndMissing) CloseUpTo(sMeant, opened.nFault);
     }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <span>
-#include <string>
 #include <string_view>
 
 namespace trelin {
@@ -21,10 +21,11 @@ inline bool IsNear(std::string_view sOne, std::string_view sOther, std::size_t n
 
 // The word that is nearest to sWord, of equally near ones the first; empty when all are
 // farther than nMost.
-std::string NearestWord(std::string_view sWord, std::span<const char* const> words,
-                        std::size_t nMost = AnyDistance);
-inline std::string NearestWord(std::string_view sWord, std::initializer_list<const char*> words,
-                               std::size_t nMost = AnyDistance) {
+std::string_view NearestWord(std::string_view sWord, std::span<const std::string_view> words,
+                             std::size_t nMost = AnyDistance);
+inline std::string_view NearestWord(std::string_view sWord,
+                                    std::initializer_list<std::string_view> words,
+                                    std::size_t nMost = AnyDistance) {
   return NearestWord(sWord, std::span(words.begin(), words.size()), nMost);
 }
 

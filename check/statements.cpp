@@ -47,9 +47,9 @@ class StatementReader {
     return sLine.find('\t') == std::string_view::npos ? sLine : Keep(ReplaceTabs(sLine, lLine_));
   }
 
-  void AddFault(const Rule* pRule, const std::string& sMessage, const std::string& sHint = "") {
-    list_.faults.push_back(
-        {pRule, Severity::Error, list_.PlaceInLine(lLine_), list_.LaunchersWords(sMessage), sHint});
+  void AddFault(const Rule* pRule, std::string sMessage, std::string sHint = "") {
+    list_.faults.push_back({pRule, Severity::Error, list_.PlaceInLine(lLine_),
+                            list_.LaunchersWords(std::move(sMessage)), std::move(sHint)});
   }
 
   // A part of sText, which has the columns of the line at hand.

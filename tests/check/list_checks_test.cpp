@@ -325,8 +325,12 @@ TEST(NearestWord, CountsWhatATypistDoes) {
   } cases[] = {
       {"", "ABC", 3},    {"ABC", "ABC", 0}, {"ABC", "AC", 1},           {"ABC", "ABXC", 1},
       {"ABC", "AXC", 1}, {"ABC", "ACB", 1}, {"REVISON", "REVISION", 1}, {"ABCD", "BADC", 2}};
-  for (const auto& c : cases)
+  for (const auto& c : cases) {
     EXPECT_EQ(EditDistance(c.pOne, c.pOther), c.nDistance) << c.pOne << " " << c.pOther;
+    for (std::size_t nMost = 0; nMost < 4; ++nMost)
+      EXPECT_EQ(IsNear(c.pOne, c.pOther, nMost), c.nDistance <= nMost)
+          << c.pOne << " " << c.pOther << " " << nMost;
+  }
 }
 
 }  // namespace
