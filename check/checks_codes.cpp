@@ -43,6 +43,7 @@ using Products = std::vector<const ListBlock*>;
 // same one the first.
 std::unordered_map<std::string, std::size_t> ByCode(const Products& products) {
   std::unordered_map<std::string, std::size_t> numbers;
+  numbers.reserve(products.size());
   for (std::size_t n = 0; n < products.size(); ++n)
     if (std::string sCode = CodeOf(*products[n]); !sCode.empty())
       numbers.emplace(std::move(sCode), n);

@@ -23,16 +23,21 @@ std::size_t FolderEnd(const std::string& sText, const PathTests& path) {
   return nEnd == std::string::npos ? 0 : nEnd;
 }
 
-// sText neither begins nor ends with a space; nor does a part of it.
+// Where the next shorter part ends, at a space; 0 for none.
+std::size_t ShorterEnd(const std::string& sText, std::size_t nEnd) {
+  const std::size_t nSpace = sText.rfind(' ', std::min(nEnd - 1, LongestPath));
+  return nSpace == std::string::npos ? 0 : sText.find_last_not_of(' ', nSpace) + 1;
+}
+
+// sText neither begins nor ends with a space; nor does a part of it. Most are a program
+// without arguments, for which no folder is asked for.
 std::size_t UnquotedProgramEnd(const std::string& sText, const PathTests& path) {
+  const std::size_t nAll = sText.size();
+  if (nAll == 0 || (nAll <= LongestPath && path.isFile(sText))) return nAll;
   const std::size_t nFolder = FolderEnd(sText, path);
-  for (std::size_t nEnd = sText.size(); nEnd > nFolder;) {
-    if (nEnd <= LongestPath && path.isFile(sText.substr(0, nEnd))) return nEnd;
-    const std::size_t nSpace = sText.rfind(' ', std::min(nEnd - 1, LongestPath));
-    if (nSpace == std::string::npos) break;
-    nEnd = sText.find_last_not_of(' ', nSpace) + 1;
-  }
-  return sText.size();
+  for (std::size_t n = ShorterEnd(sText, nAll); n > nFolder; n = ShorterEnd(sText, n))
+    if (n <= LongestPath && path.isFile(sText.substr(0, n))) return n;
+  return nAll;
 }
 
 // Reads the arguments of a command line, one Next a call.
