@@ -102,6 +102,7 @@ void frmMainMenu::LoadIcons() {
   const std::int32_t lCount = objSetupList->MenuItems().Count();
   for (std::int32_t i = 1; i <= lCount; ++i) {
     const std::string sImageFile = objSetupList->MenuItems().Item(i)->ImageFile();
+    if (sImageFile.empty()) continue;
     const auto [key, bNew] = keys.try_emplace(sImageFile, ImageKey(i));
     if (bNew)
       LoadIcon(key->second, sImageFile);
@@ -111,7 +112,7 @@ void frmMainMenu::LoadIcons() {
 }
 
 // A file that is missing or no picture adds nothing: the product keeps the
-// default image.
+// default image, as one does that names no file.
 void frmMainMenu::LoadIcon(const std::string& sKey, const std::string& sImageFile) {
   try {
     imlIcons.Add(sKey, Picture::LoadFromFile(ProgramFile(sImageFile)));

@@ -34,12 +34,31 @@ class HostFile : public InputFile {
   std::string sHostPath_;
 };
 
-FileDescriptor OpenForReading(const std::string& sHostPath) {
+FileDescriptor OpenForReading(const std::string& sHostPath, int nMoreFlags) {
   int hFile = -1;
   do {
-    hFile = open(sHostPath.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+    hFile = open(sHostPath.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | nMoreFlags);
   } while (hFile < 0 && errno == EINTR);
   return FileDescriptor(hFile);
+}
+
+// A path that was tried last, and why it failed, an errno value.
+struct Tried {
+  std::string sHostPath;
+  int lReason;  // 0: it did not fail
+};
+
+// Tries sPath as it is written, which most files are, and then in the letter case of
+// what is there. attempt takes a path of this system and is true unless errno says why.
+template <class Attempt>
+Tried TryInAnyCase(const std::string& sPath, const Attempt& attempt) {
+  std::string sWritten = WrittenPath(sPath);
+  if (attempt(sWritten)) return {std::move(sWritten), 0};
+  const int lReason = errno;
+  std::string sOther = PathInOtherCase(sWritten);
+  if (sOther == sWritten) return {std::move(sWritten), lReason};
+  const bool bDone = attempt(sOther);
+  return {std::move(sOther), bDone ? 0 : errno};
 }
 
 bool MatchesPattern(const std::string& sName, const std::string& sPattern) {
@@ -124,18 +143,13 @@ class OneFileSearch : public FileSearch {
   std::optional<std::string> sName_;
 };
 
-// The file's name when it is one that a search finds; no folder is read. Most
-// files have the letter case that they are asked for in.
+// The file's name when it is one that a search finds.
 std::optional<std::string> FindNormalFile(const std::string& sPath) {
-  std::string sHostPath = WrittenPath(sPath);
   struct stat status = {};
-  bool bFound = stat(sHostPath.c_str(), &status) == 0;
-  if (!bFound) {
-    sHostPath = HostPath(sPath);
-    bFound = stat(sHostPath.c_str(), &status) == 0;
-  }
+  const auto [sHostPath, lReason] = TryInAnyCase(
+      sPath, [&status](const std::string& sTried) { return stat(sTried.c_str(), &status) == 0; });
   const std::string_view sName = std::string_view(sHostPath).substr(sHostPath.rfind('/') + 1);
-  if (!bFound || !S_ISREG(status.st_mode) || sName.starts_with('.')) return std::nullopt;
+  if (lReason != 0 || !S_ISREG(status.st_mode) || sName.starts_with('.')) return std::nullopt;
   return FromUtf8(sName);
 }
 
@@ -170,21 +184,19 @@ bool WriteAll(int hFile, std::string_view sBytes) {
   return true;
 }
 
-std::unique_ptr<InputFile> OpenHostFile(const std::string& sPath) {
+std::unique_ptr<InputFile> OpenHostFile(const std::string& sPath, HostFileKinds kinds) {
   const char* const pOperation = "open the file";
   RefuseNul(pOperation, sPath);
-  // Most files have the letter case that they are asked for in.
-  std::string sHostPath = WrittenPath(sPath);
-  FileDescriptor file = OpenForReading(sHostPath);
-  if (file.Get() < 0) {
-    sHostPath = HostPath(sPath);
-    file = OpenForReading(sHostPath);
-  }
+  const bool bAny = kinds == HostFileKinds::Any;
+  FileDescriptor file;
   struct stat status = {};
-  if (file.Get() < 0 || fstat(file.Get(), &status) != 0) {
-    throw HostError(pOperation, sHostPath, errno);
-  }
+  const auto [sHostPath, lReason] = TryInAnyCase(sPath, [&](const std::string& sTried) {
+    file = OpenForReading(sTried, bAny ? 0 : O_NONBLOCK);  // which waits for no writer of a pipe
+    return file.Get() >= 0 && fstat(file.Get(), &status) == 0;
+  });
+  if (lReason != 0) throw HostError(pOperation, sHostPath, lReason);
   if (S_ISDIR(status.st_mode)) throw HostError(pOperation, sHostPath, EISDIR);
+  if (!bAny && !S_ISREG(status.st_mode)) throw HostError(pOperation, sHostPath, EINVAL);
   return std::make_unique<HostFile>(std::move(file), sHostPath);
 }
 

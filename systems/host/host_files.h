@@ -30,8 +30,12 @@ class FileDescriptor {
 // False, with the reason in errno, when not all was written.
 bool WriteAll(int hFile, std::string_view sBytes);
 
+// Regular: a pipe or device does not open either, and no writer of a pipe is waited for.
+enum class HostFileKinds { Any, Regular };
+
 // System::OpenInput. A folder does not open.
-std::unique_ptr<InputFile> OpenHostFile(const std::string& sPath);
+std::unique_ptr<InputFile> OpenHostFile(const std::string& sPath,
+                                        HostFileKinds kinds = HostFileKinds::Any);
 
 // The standard input, as a file of its own.
 std::unique_ptr<InputFile> OpenHostStandardInput();

@@ -19,11 +19,13 @@ bool Exists(const std::string& sHostPath) {
   return lstat(sHostPath.c_str(), &status) == 0;
 }
 
-// sWritten has slashes. Goes up only as far as the folders are not there as
-// they are written.
-std::string FindPath(const std::string& sWritten) {
+std::string FindPath(const std::string& sWritten);
+
+// sWritten has slashes and is not there. Goes up only as far as the folders are not
+// there as they are written.
+std::string FindInOtherCase(const std::string& sWritten) {
   const std::size_t nEnd = sWritten.find_last_not_of('/') + 1;  // before trailing slashes
-  if (nEnd == 0 || Exists(sWritten)) return sWritten;
+  if (nEnd == 0) return sWritten;
   const std::size_t nName = sWritten.rfind('/', nEnd - 1) + 1;
   const std::string sName = sWritten.substr(nName, nEnd - nName);
   std::string sFolder = sWritten.substr(0, nName);
@@ -33,6 +35,15 @@ std::string FindPath(const std::string& sWritten) {
     sEntry = Exists(sFolder + sName) ? sName : FindFolderEntry(sFolder, sName);
   }
   return sFolder + sEntry.value_or(sName) + sWritten.substr(nEnd);
+}
+
+std::string FindPath(const std::string& sWritten) {
+  return Exists(sWritten) ? sWritten : FindInOtherCase(sWritten);
+}
+
+// Not cut at a NUL character, and not too long for the system.
+bool IsNameable(const std::string& sWritten) {
+  return sWritten.size() < PATH_MAX && sWritten.find('\0') == std::string::npos;
 }
 
 }  // namespace
@@ -45,8 +56,11 @@ std::string WrittenPath(const std::string& sPath) {
 
 std::string HostPath(const std::string& sPath) {
   const std::string sWritten = WrittenPath(sPath);
-  const bool bNameable = sWritten.size() < PATH_MAX && sWritten.find('\0') == std::string::npos;
-  return bNameable ? FindPath(sWritten) : sWritten;
+  return IsNameable(sWritten) ? FindPath(sWritten) : sWritten;
+}
+
+std::string PathInOtherCase(const std::string& sWritten) {
+  return IsNameable(sWritten) ? FindInOtherCase(sWritten) : sWritten;
 }
 
 std::string ProgramPath(const std::string& sHostPath) {

@@ -21,6 +21,10 @@ std::string HostPath(const std::string& sPath);
 // sPath in this system's words, letter case as it is written.
 std::string WrittenPath(const std::string& sPath);
 
+// HostPath for the WrittenPath of something that was looked for and is not there as it
+// is written: it is not asked for again.
+std::string PathInOtherCase(const std::string& sWritten);
+
 // The path of the program for sHostPath.
 std::string ProgramPath(const std::string& sHostPath);
 

@@ -1,25 +1,19 @@
 #include "systems/host/host_string_library.h"
 
-#include <filesystem>
 #include <optional>
-#include <system_error>
 
 #include "seam/platform_error.h"
 #include "shared/code_page.h"
 #include "shared/read_file.h"
 #include "systems/host/host_files.h"
-#include "systems/host/host_path.h"
 
 namespace trelin {
 
 namespace {
 
-// A pipe is not even opened: that would wait for its writer.
 std::optional<PeStringTable> ReadTable(const std::string& sPath) {
-  std::error_code error;
-  if (!std::filesystem::is_regular_file(HostPath(sPath), error)) return std::nullopt;
   try {
-    std::optional<std::string> sFile = ReadWholeFile(*OpenHostFile(sPath));
+    std::optional<std::string> sFile = ReadWholeFile(*OpenHostFile(sPath, HostFileKinds::Regular));
     return sFile ? PeStringTable::Parse(std::move(*sFile)) : std::nullopt;
   } catch (const PlatformError&) {
     return std::nullopt;  // not to be read

@@ -1,12 +1,14 @@
 #include "systems/windows/windows_string_library.h"
 
+#include <windows.h>
+
 #include <optional>
 #include <utility>
 
 #include "seam/platform_error.h"
-#include "shared/pe_string_table.h"
 #include "shared/read_file.h"
 #include "systems/windows/windows_files.h"
+#include "systems/windows/windows_text.h"
 
 namespace trelin {
 
@@ -22,31 +24,36 @@ std::string FullPath(const std::string& sPath) {
   return sFull;
 }
 
-// The system takes the insides of a library on trust when it looks for a text.
-bool IsSound(const std::string& sPath) {
+std::optional<PeStringTable> ReadTable(const std::string& sPath) {
   try {
     std::optional<std::string> sFile = ReadWholeFile(*OpenWindowsFile(sPath));
-    return sFile && PeStringTable::Parse(std::move(*sFile));
+    return sFile ? PeStringTable::Parse(std::move(*sFile)) : std::nullopt;
   } catch (const PlatformError&) {
-    return false;  // not there, or not to be read
+    return std::nullopt;  // not there, or not to be read
   }
+}
+
+std::string FromUnits(const std::u16string& sText) {
+  return FromWide({reinterpret_cast<const wchar_t*>(sText.data()), sText.size()});
 }
 
 }  // namespace
 
 LibraryHandle WindowsStringLibraryLoader::Load(const std::string& sPath) {
   const std::string sFull = FullPath(sPath);
-  if (sFull.empty() || !IsSound(sFull)) return 0;
-  ModuleOwner module(LoadLibraryExA(
-      sFull.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE_EXCLUSIVE | LOAD_LIBRARY_AS_IMAGE_RESOURCE));
-  return module ? libraries_.Keep(std::move(module)) : 0;
+  if (sFull.empty()) return 0;
+  std::optional<PeStringTable> table = ReadTable(sFull);
+  return table ? libraries_.Keep(std::move(*table)) : 0;
 }
 
 std::int32_t WindowsStringLibraryLoader::LoadText(LibraryHandle hLibrary, std::int32_t lId,
                                                   char* pBuffer, std::int32_t lSize) {
-  if (const ModuleOwner* pModule = libraries_.Begin(hLibrary, pBuffer, lSize))
-    return LoadStringA(pModule->get(), static_cast<std::uint16_t>(lId), pBuffer, lSize);
-  return 0;
+  const PeStringTable* const pTable = libraries_.Begin(hLibrary, pBuffer, lSize);
+  if (pTable == nullptr) return 0;
+  const std::string sText = FromUnits(pTable->Text(static_cast<std::uint16_t>(lId)));
+  const std::size_t nCount = sText.copy(pBuffer, static_cast<std::size_t>(lSize) - 1);
+  pBuffer[nCount] = '\0';
+  return static_cast<std::int32_t>(nCount);
 }
 
 }  // namespace trelin

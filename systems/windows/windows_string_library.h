@@ -1,22 +1,16 @@
 #pragma once
 
-#include <windows.h>
-
 #include <cstdint>
-#include <memory>
 #include <string>
 
 #include "shared/library_table.h"
+#include "shared/pe_string_table.h"
 
 namespace trelin {
 
-struct ModuleCloser {
-  void operator()(HMODULE hModule) const { FreeLibrary(hModule); }
-};
-using ModuleOwner = std::unique_ptr<HINSTANCE__, ModuleCloser>;
-
-// Has the system load the libraries as data: nothing in them runs, whatever
-// processor they are for. The file of a loaded library stays open.
+// Reads the string tables straight from the files. The system's own loader would open
+// each file twice more, and takes the insides of a library on trust. A library is read
+// once, when it is loaded, and its file closed again. Files of more than 64 MB do not load.
 class WindowsStringLibraryLoader : public StringLibraryLoader {
  public:
   LibraryHandle Load(const std::string& sPath) override;
@@ -27,7 +21,7 @@ class WindowsStringLibraryLoader : public StringLibraryLoader {
                         std::int32_t lSize) override;
 
  private:
-  LibraryTable<ModuleOwner> libraries_;
+  LibraryTable<PeStringTable> libraries_;
 };
 
 }  // namespace trelin

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <string>
+#include <string_view>
 
 // Texts in a code page, which is the system's ANSI one or CP_UTF8, and in the
 // system's wide characters (UTF-16).
@@ -20,7 +21,7 @@ Wide ToWide(const std::string& sText, UINT codePage = CP_ACP) {
 }
 
 // A character that the code page lacks becomes a similar one or "?".
-inline std::string FromWide(const std::wstring& sWide, UINT codePage = CP_ACP) {
+inline std::string FromWide(std::wstring_view sWide, UINT codePage = CP_ACP) {
   const auto nLength = static_cast<int>(sWide.size());
   const int nSize =
       WideCharToMultiByte(codePage, 0, sWide.data(), nLength, nullptr, 0, nullptr, nullptr);

@@ -86,7 +86,6 @@ const Outcome outcomes[] = {
 
     {R"(ProgramFolder  #3 .*|(OpenInput|Read) C:\\Suite\\gear.bmp .*)", {{"n1 n2", "n2"}}},
     {R"(ProgramFolder  #4 .*|(OpenInput|Read) C:\\Suite\\optics.ico .*)", {{"n1 n2", "n1"}}},
-    {R"(ProgramFolder  #5 .*|OpenInput C:\\Suite\\ .*)", {}},  // the others have no picture
     {R"(StartProgram (.*p2.*) #0 B)",
      {{Setup, "35014 16: Could not StartProgram \"$1\": it is broken.\n"}}},
     {R"(StartProgram (.*me.*) #0 B)",

@@ -30,6 +30,7 @@ TEST(HostFilesTest, FindsWhatThisSystemTakesForFiles) {
   EXPECT_EQ(found("*."), (Names{"Link"}));
   for (const char* sName : {".hidden", "pipe", "Link/*"}) EXPECT_EQ(found(sName), Names{}) << sName;
   EXPECT_THROW(found("loop/*"), PlatformError);
+  EXPECT_THROW(OpenHostFile(folder / "pipe", HostFileKinds::Regular), PlatformError);  // at once
   EXPECT_TRUE(SearchHostFiles("*")->Next()) << "in the current folder";
 }
 
