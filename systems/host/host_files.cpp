@@ -51,7 +51,7 @@ struct Tried {
 // Tries sPath as it is written, which most files are, and then in the letter case of
 // what is there. attempt takes a path of this system and is true unless errno says why.
 template <class Attempt>
-Tried TryInAnyCase(const std::string& sPath, const Attempt& attempt) {
+Tried TryInAnyCase(std::string_view sPath, const Attempt& attempt) {
   std::string sWritten = WrittenPath(sPath);
   if (attempt(sWritten)) return {std::move(sWritten), 0};
   const int lReason = errno;
@@ -144,7 +144,7 @@ class OneFileSearch : public FileSearch {
 };
 
 // The file's name when it is one that a search finds.
-std::optional<std::string> FindNormalFile(const std::string& sPath) {
+std::optional<std::string> FindNormalFile(std::string_view sPath) {
   struct stat status = {};
   const auto [sHostPath, lReason] = TryInAnyCase(
       sPath, [&status](const std::string& sTried) { return stat(sTried.c_str(), &status) == 0; });
@@ -162,11 +162,13 @@ Folder OpenFolder(const std::string& sHostPath) {
   return folder;
 }
 
-// sPath as Windows searches for it: without the spaces and dots at its end, but
-// for a dot behind a star.
-std::string SearchedPath(const std::string& sPath) {
-  const std::string sTaken = sPath.substr(0, sPath.find_last_not_of(" .") + 1);
-  return sTaken.ends_with('*') && sPath.ends_with('.') ? sTaken + '.' : sTaken;
+// sPath as Windows searches for it.
+std::string_view WithoutSpacesAndDots(std::string_view sPath) {
+  return sPath.substr(0, sPath.find_last_not_of(" .") + 1);
+}
+
+bool HasWildcard(std::string_view sPath) {
+  return sPath.find('*') != std::string_view::npos || sPath.find('?') != std::string_view::npos;
 }
 
 }  // namespace
@@ -208,10 +210,11 @@ std::unique_ptr<InputFile> OpenHostStandardInput() {
 
 std::unique_ptr<FileSearch> SearchHostFiles(const std::string& sGiven) {
   RefuseNul("search for the file", sGiven);
-  const std::string sPath = SearchedPath(sGiven);
-  if (sPath.find_first_of("*?") == std::string::npos)
-    return std::make_unique<OneFileSearch>(FindNormalFile(sPath));
-  const std::size_t nName = sPath.find_last_of("\\/") + 1;  // 0 without a separator
+  const std::string_view sTaken = WithoutSpacesAndDots(sGiven);
+  if (!HasWildcard(sTaken)) return std::make_unique<OneFileSearch>(FindNormalFile(sTaken));
+  std::string sPath(sTaken);
+  if (sTaken.ends_with('*') && sGiven.ends_with('.')) sPath += '.';  // which counts
+  const std::size_t nName = sPath.find_last_of("\\/") + 1;           // 0 without a separator
   const std::string sPattern = sPath.substr(nName);
   const std::string sFolder = nName == 0 ? "." : HostPath(sPath.substr(0, nName));
   Folder folder = sPattern.empty() ? nullptr : OpenFolder(sFolder);

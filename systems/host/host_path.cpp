@@ -48,7 +48,7 @@ bool IsNameable(const std::string& sWritten) {
 
 }  // namespace
 
-std::string WrittenPath(const std::string& sPath) {
+std::string WrittenPath(std::string_view sPath) {
   std::string sWritten = ToUtf8(sPath);
   std::replace(sWritten.begin(), sWritten.end(), '\\', '/');
   return sWritten;
@@ -85,9 +85,9 @@ PlatformError HostError(const std::string& sOperation, const std::string& sHostP
   return {sOperation, ShownPath(sHostPath), SystemReason(lReason)};
 }
 
-void RefuseNul(const std::string& sOperation, const std::string& sPath) {
+void RefuseNul(const char* pOperation, const std::string& sPath) {
   if (sPath.find('\0') == std::string::npos) return;
-  throw PlatformError(sOperation, ShownPath(HostPath(sPath)), "it holds a NUL character");
+  throw PlatformError(pOperation, ShownPath(HostPath(sPath)), "it holds a NUL character");
 }
 
 }  // namespace trelin

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "seam/platform_error.h"
 
@@ -19,7 +20,7 @@ namespace trelin {
 std::string HostPath(const std::string& sPath);
 
 // sPath in this system's words, letter case as it is written.
-std::string WrittenPath(const std::string& sPath);
+std::string WrittenPath(std::string_view sPath);
 
 // HostPath for the WrittenPath of something that was looked for and is not there as it
 // is written: it is not asked for again.
@@ -38,6 +39,6 @@ PlatformError HostError(const std::string& sOperation, const std::string& sHostP
 
 // The system would cut a path at a NUL character. Throws PlatformError when
 // sPath, a path of the program or a command line, holds one.
-void RefuseNul(const std::string& sOperation, const std::string& sPath);
+void RefuseNul(const char* pOperation, const std::string& sPath);
 
 }  // namespace trelin

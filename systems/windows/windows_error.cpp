@@ -19,7 +19,7 @@ PlatformError WindowsError(const std::string& sOperation, const std::string& sPa
   return {sOperation, sPath, SystemReason(lReason)};
 }
 
-void RefuseNul(const std::string& sOperation, const std::string& sPath) {
+void RefuseNul(const char* pOperation, const std::string& sPath) {
   if (sPath.find('\0') == std::string::npos) return;
   std::string sShown = sPath;
   std::replace(sShown.begin(), sShown.end(), '\0', '?');

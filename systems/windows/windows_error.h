@@ -17,6 +17,6 @@ PlatformError WindowsError(const std::string& sOperation, const std::string& sPa
 
 // The system would cut a path at a NUL character. Throws PlatformError when
 // sPath, a path or a command line, holds one.
-void RefuseNul(const std::string& sOperation, const std::string& sPath);
+void RefuseNul(const char* pOperation, const std::string& sPath);
 
 }  // namespace trelin
