@@ -1,6 +1,8 @@
 #include "check/nearest.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -8,9 +10,21 @@ namespace trelin {
 
 namespace {
 
-// No distance is less.
-std::size_t SizeDifference(std::string_view sOne, std::string_view sOther) {
-  return std::max(sOne.size(), sOther.size()) - std::min(sOne.size(), sOther.size());
+// Which letters a word has, one bit for each; some share one.
+std::uint64_t LettersOf(std::string_view sWord) {
+  std::uint64_t letters = 0;
+  for (const char c : sWord) letters |= std::uint64_t{1} << (static_cast<unsigned char>(c) % 64U);
+  return letters;
+}
+
+// No distance is less: letters that one word has and the other lacks take a change each,
+// and so does a difference in length.
+std::size_t LeastDistance(std::string_view sOne, std::string_view sOther) {
+  const std::uint64_t one = LettersOf(sOne), other = LettersOf(sOther);
+  const auto nLacking =
+      static_cast<std::size_t>(std::max(std::popcount(one & ~other), std::popcount(other & ~one)));
+  const auto [nLess, nMore] = std::minmax({sOne.size(), sOther.size()});
+  return std::max(nLacking, nMore - nLess);
 }
 
 }  // namespace
@@ -18,7 +32,7 @@ std::size_t SizeDifference(std::string_view sOne, std::string_view sOther) {
 // The optimal string alignment distance, row by row, as far beside the diagonal as nMost
 // letters lead. No row has less than the least of the two above it.
 std::size_t EditDistance(std::string_view sOne, std::string_view sOther, std::size_t nMost) {
-  if (SizeDifference(sOne, sOther) > nMost) return nMost + 1;
+  if (LeastDistance(sOne, sOther) > nMost) return nMost + 1;
   nMost = std::min(nMost, std::max(sOne.size(), sOther.size()));
   const std::size_t nTooMany = nMost + 1;
   const std::size_t nWidth = sOther.size() + 1;
