@@ -23,7 +23,7 @@ void RefuseNul(const char* pOperation, const std::string& sPath) {
   if (sPath.find('\0') == std::string::npos) return;
   std::string sShown = sPath;
   std::replace(sShown.begin(), sShown.end(), '\0', '?');
-  throw PlatformError(sOperation, sShown, "it holds a NUL character");
+  throw PlatformError(pOperation, sShown, "it holds a NUL character");
 }
 
 }  // namespace trelin
