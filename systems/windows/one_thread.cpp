@@ -4,11 +4,12 @@
 
 #include <pthread.h>
 
-#include <array>
+#include <cerrno>
+#include <iterator>
 
 namespace {
 
-std::array<void*, 8> values{};  // by key
+void* values[8] = {};  // by key
 pthread_key_t nKeys = 0;
 
 }  // namespace
@@ -23,7 +24,7 @@ int pthread_once(pthread_once_t* pDone, void (*pFunction)()) {
 
 // What the thread leaves behind goes with the program.
 int pthread_key_create(pthread_key_t* pKey, void (*)(void*)) {
-  if (nKeys == values.size()) return EAGAIN;
+  if (nKeys == std::size(values)) return EAGAIN;
   *pKey = nKeys++;
   return 0;
 }
