@@ -13,7 +13,9 @@ namespace trelin {
 
 namespace {
 
-constexpr std::size_t BufferBytes = 65536;
+// Most lists fit into the first; the largest makes the calls of the system few.
+constexpr std::size_t FirstBufferBytes = 4096;
+constexpr std::size_t LargeBufferBytes = 65536;
 
 constexpr char FirstPrintable = ' ';
 
@@ -90,7 +92,8 @@ bool LineReader::ReadOn() {
   if (!file_) return false;
   const std::size_t nRest = sRest_.size();
   std::copy(sRest_.begin(), sRest_.end(), buffer_.begin());
-  buffer_.resize(std::max({buffer_.size(), BufferBytes, 2 * nRest}));
+  const std::size_t nLarger = std::clamp(2 * buffer_.size(), FirstBufferBytes, LargeBufferBytes);
+  buffer_.resize(std::max({buffer_.size(), nLarger, 2 * nRest}));
   sRest_ = {};  // should reading fail
   const std::size_t nRead = file_->Read(buffer_.data() + nRest, buffer_.size() - nRest);
   sRest_ = {buffer_.data(), nRest + nRead};
