@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "check/encoding.h"
 #include "check/list_reader.h"
 
 namespace trelin {
@@ -50,6 +51,8 @@ std::vector<Correction> CorrectionsOf(const Suite& suite) {
 
 Manuscript Mend(const std::string& sFile, Suite suite) {
   Manuscript manuscript(sFile);
+  // It has characters that the code page lacks, of which a line end may be a half.
+  if (IsUtf16(manuscript.Text())) return manuscript;
   manuscript.UnifyLineEnds();
   for (int n = 0; n < MostRounds; ++n) {
     suite.list = ReadCheckedList(suite.list.sName, std::make_unique<TextFile>(manuscript.Text()));
