@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstring>
 #include <iterator>
 
 namespace trelin {
@@ -115,9 +116,14 @@ void MakeUpperCase1252(std::span<char> text) {
 }
 
 bool IsAscii(std::string_view sText) {
-  unsigned char all = 0;
-  for (const char c : sText) all = static_cast<unsigned char>(all | static_cast<unsigned char>(c));
-  return all < 0x80;
+  constexpr std::uint64_t HighBits = 0x8080808080808080U;
+  std::uint64_t all = 0;
+  for (std::uint64_t eight = 0; sText.size() >= sizeof eight; sText.remove_prefix(sizeof eight)) {
+    std::memcpy(&eight, sText.data(), sizeof eight);
+    all |= eight;
+  }
+  for (const char c : sText) all |= static_cast<unsigned char>(c);
+  return (all & HighBits) == 0;
 }
 
 char32_t CodePoint1252(char c) {

@@ -178,11 +178,11 @@ std::int32_t MemoryRegistry::SetValue(RegistryKey hKey, const std::string& sName
   RegistryNode* node = nullptr;
   const std::int32_t lResult = ResolveForWriting(hKey, node);
   if (lResult != RegistrySuccess) return lResult;
-  const std::string sStored(Name(sName));
+  std::string sStored(Name(sName));
   if (sStored.size() > RegistryLongestValueName) return RegistryInvalidParameter;
   if (!refusedValues_.empty() && refusedValues_.contains(UpperCase1252(sStored)))
     return RegistryAccessDenied;
-  node->SetValue(sStored, lType, std::string(pData, lSize));
+  node->SetValue(std::move(sStored), lType, std::string(pData, lSize));
   return RegistrySuccess;
 }
 

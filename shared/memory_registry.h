@@ -7,6 +7,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "seam/registry.h"
@@ -28,7 +29,9 @@ constexpr std::int32_t RegistryBadPath = 161;          // ERROR_BAD_PATHNAME
 // ends at its first NUL.
 class MemoryRegistry : public Registry {
  public:
-  MemoryRegistry() : root_(RegistryNode::NewTree()) {}
+  // The tree is one that RegistryNode::NewTree has made.
+  explicit MemoryRegistry(std::unique_ptr<RegistryNode> tree = RegistryNode::NewTree())
+      : root_(std::move(tree)) {}
 
   std::int32_t OpenKey(RegistryKey hParent, const std::string& sPath, std::uint32_t lAccess,
                        RegistryKey& hKey) override;
@@ -55,9 +58,8 @@ class MemoryRegistry : public Registry {
   // there is none.
   const RegistryNode* Find(RegistryKey hKey, const std::string& sPath = "") const;
 
-  // The tree, as RegistryNode::NewTree makes it. Open handles of a tree that
-  // is replaced stay with the key of the same path in the new one; where it
-  // is missing, they count as handles of a deleted key.
+  // Open handles of a tree that is replaced stay with the key of the same path in
+  // the new one; where it is missing, they count as handles of a deleted key.
   const RegistryNode& Tree() const { return *root_; }
   void ReplaceTree(std::unique_ptr<RegistryNode> root);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -24,8 +25,10 @@ constexpr bool IsRegistryText(std::uint32_t lType) {
 }
 
 // Reads the text of a registry file (registry_file_reader.cpp describes it).
-// sBytes: the file's content; sPath: its path, for the error. Throws
+// sBytes: the file's content; path gives its path, for the error. Throws
 // PlatformError, with the line and what is wrong, for anything else.
+std::unique_ptr<RegistryNode> ReadRegistryText(std::string_view sBytes,
+                                               const std::function<std::string()>& path);
 std::unique_ptr<RegistryNode> ReadRegistryText(std::string_view sBytes, const std::string& sPath);
 
 // The text of a registry file that holds the tree: UTF-8 without byte order

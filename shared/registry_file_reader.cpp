@@ -30,6 +30,7 @@
 #include <utility>
 
 #include "seam/platform_error.h"
+#include "shared/code_page.h"
 #include "shared/registry_file.h"
 #include "shared/registry_text.h"
 
@@ -44,10 +45,13 @@ int HexDigit(char c) {
   return -1;
 }
 
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+
 // Reads one text from its first to its last line.
 class Reader {
  public:
-  explicit Reader(std::string_view sText) : sText_(sText) {}
+  explicit Reader(std::string_view sText)
+      : sText_(sText), pNul_(sText.data() + std::min(sText.find('\0'), sText.size())) {}
 
   std::unique_ptr<RegistryNode> Read() {
     if (!NextLine() || sLine_ != RegistryFileHeader)
@@ -70,14 +74,14 @@ class Reader {
     sLine_ = sText_.substr(0, nEnd);
     sText_.remove_prefix(std::min(nEnd + 1, sText_.size()));
     if (sLine_.ends_with('\r')) sLine_.remove_suffix(1);
-    sLine_ = sLine_.substr(0, sLine_.find_last_not_of(" \t") + 1);
+    while (!sLine_.empty() && IsBlank(sLine_.back())) sLine_.remove_suffix(1);
     SkipBlanks();
-    if (sLine_.find('\0') != std::string_view::npos) Fail("there is a NUL character in the line");
+    if (sLine_.data() + sLine_.size() > pNul_) Fail("there is a NUL character in the line");
     return true;
   }
 
   void SkipBlanks() {
-    sLine_.remove_prefix(std::min(sLine_.find_first_not_of(" \t"), sLine_.size()));
+    while (!sLine_.empty() && IsBlank(sLine_.front())) sLine_.remove_prefix(1);
   }
 
   bool Skip(std::string_view sStart) {
@@ -109,25 +113,25 @@ class Reader {
   }
 
   // Takes the next level off the front of a path, with the backslash after it.
-  std::string TakeName(std::string_view& sPath) const {
+  std::string_view TakeName(std::string_view& sPath) const {
     const std::size_t nEnd = std::min(sPath.find('\\'), sPath.size());
-    std::string sName(sPath.substr(0, nEnd));
+    const std::string_view sName = sPath.substr(0, nEnd);
     sPath.remove_prefix(std::min(nEnd + 1, sPath.size()));
     if (sName.empty() || (sPath.empty() && sLine_.ends_with("\\]")))
       Fail("the key's path has a level without a name; one backslash separates two names");
     return sName;
   }
 
-  RegistryNode& Hive(const std::string& sName) const {
+  RegistryNode& Hive(std::string_view sName) const {
     RegistryNode* hive = tree_->FindKey(sName);
     if (hive == nullptr)
-      Fail("\"" + sName +
+      Fail("\"" + std::string(sName) +
            "\" is no hive; a key begins with HKEY_CLASSES_ROOT, HKEY_CURRENT_USER, "
            "HKEY_LOCAL_MACHINE, HKEY_USERS or HKEY_CURRENT_CONFIG");
     return *hive;
   }
 
-  void AddLevel(const std::string& sName, std::size_t nDepth) {
+  void AddLevel(std::string_view sName, std::size_t nDepth) {
     if (sName.size() > RegistryLongestKeyName)
       Fail("a key's name has more than " + std::to_string(RegistryLongestKeyName) + " characters");
     if (nDepth >= RegistryDeepestLevel)
@@ -136,27 +140,27 @@ class Reader {
   }
 
   void ReadValue() {
-    const std::string sName = Skip("@") ? "" : ReadQuoted();
+    std::string sName = Skip("@") ? "" : ReadQuoted();
     if (sName.size() > RegistryLongestValueName)
       Fail("the value's name has more than " + std::to_string(RegistryLongestValueName) +
            " characters");
     SkipBlanks();
     if (!Skip("=")) Fail("an equals sign must follow the value's name");
     SkipBlanks();
-    ReadData(sName);
+    ReadData(std::move(sName));
     SkipBlanks();
     if (!sLine_.empty() && sLine_[0] != ';') Fail("only a comment may follow the value");
   }
 
-  void ReadData(const std::string& sName) {
+  void ReadData(std::string sName) {
     if (sLine_.starts_with('"'))
-      key_->SetValue(sName, RegistryTypeText, ReadQuoted());
+      key_->SetValue(std::move(sName), RegistryTypeText, ReadQuoted());
     else if (Skip("dword:"))
-      key_->SetValue(sName, RegistryTypeDword, ReadDword());
+      key_->SetValue(std::move(sName), RegistryTypeDword, ReadDword());
     else if (Skip("hex:"))
-      key_->SetValue(sName, RegistryTypeBinary, ReadBytes());
+      key_->SetValue(std::move(sName), RegistryTypeBinary, ReadBytes());
     else if (Skip("hex("))
-      ReadTyped(sName);
+      ReadTyped(std::move(sName));
     else if (sLine_ == "-")
       Fail("a value cannot be deleted with =- here; remove its line from the file");
     else
@@ -165,17 +169,33 @@ class Reader {
 
   // A text in quotation marks, of which sLine_ begins with the first.
   std::string ReadQuoted() {
-    std::string sText;
-    for (sLine_.remove_prefix(1);; sLine_.remove_prefix(2)) {
-      const std::size_t nStop = sLine_.find_first_of("\"\\");
-      if (nStop == std::string_view::npos) Fail("the text's closing quotation mark is missing");
-      sText += sLine_.substr(0, nStop);
-      sLine_.remove_prefix(nStop);
-      if (Skip("\"")) return sText;
-      if (!sLine_.starts_with("\\\\") && !sLine_.starts_with("\\\""))
-        Fail("in a text, a backslash is written twice and a quotation mark as \\\"");
-      sText += sLine_[1];
+    sLine_.remove_prefix(1);
+    const std::string_view sPlain = sLine_.substr(0, sLine_.find('"'));
+    if (sPlain.size() == sLine_.size() || sPlain.find('\\') != std::string_view::npos)
+      return ReadEscaped();
+    sLine_.remove_prefix(sPlain.size() + 1);
+    return std::string(sPlain);
+  }
+
+  // One with backslashes, behind the first quotation mark.
+  std::string ReadEscaped() {
+    std::string sText(sLine_.size(), '\0');
+    auto end = sText.begin();
+    std::size_t n = 0;
+    for (; n < sLine_.size() && sLine_[n] != '"'; ++n) {
+      if (sLine_[n] == '\\') CheckEscaped(++n);
+      *end++ = sLine_[n];
     }
+    if (n == sLine_.size()) Fail("the text's closing quotation mark is missing");
+    sText.erase(end, sText.end());
+    sLine_.remove_prefix(n + 1);
+    return sText;
+  }
+
+  // Behind a backslash in a text.
+  void CheckEscaped(std::size_t n) const {
+    if (n == sLine_.size() || (sLine_[n] != '"' && sLine_[n] != '\\'))
+      Fail("in a text, a backslash is written twice and a quotation mark as \\\"");
   }
 
   // One to eight hexadecimal digits.
@@ -197,13 +217,13 @@ class Reader {
     return sData;
   }
 
-  void ReadTyped(const std::string& sName) {
+  void ReadTyped(std::string sName) {
     std::uint32_t lType = 0;
     if (!ReadNumber(lType) || !Skip("):"))
       Fail("the type in hex(...): has one to eight hexadecimal digits");
     std::string sData = ReadBytes();
     if (IsRegistryText(lType)) sData = DecodeUtf16Data(sData, nLine_);
-    key_->SetValue(sName, lType, std::move(sData));
+    key_->SetValue(std::move(sName), lType, std::move(sData));
   }
 
   std::string ReadBytes() {
@@ -231,6 +251,7 @@ class Reader {
   }
 
   std::string_view sText_;  // the lines that follow
+  const char* pNul_;        // the first NUL character, or the end of all lines
   std::string_view sLine_;
   std::size_t nLine_ = 0;
   std::unique_ptr<RegistryNode> tree_ = RegistryNode::NewTree();
@@ -239,13 +260,19 @@ class Reader {
 
 }  // namespace
 
-std::unique_ptr<RegistryNode> ReadRegistryText(std::string_view sBytes, const std::string& sPath) {
+std::unique_ptr<RegistryNode> ReadRegistryText(std::string_view sBytes,
+                                               const std::function<std::string()>& path) {
   try {
+    if (IsAscii(sBytes)) return Reader(sBytes).Read();
     return Reader(DecodeRegistryText(sBytes)).Read();
   } catch (const RegistryFileFault& fault) {
-    throw PlatformError("read the registry file", sPath,
+    throw PlatformError("read the registry file", path(),
                         "line " + std::to_string(fault.nLine) + ": " + fault.sReason);
   }
+}
+
+std::unique_ptr<RegistryNode> ReadRegistryText(std::string_view sBytes, const std::string& sPath) {
+  return ReadRegistryText(sBytes, [&sPath] { return sPath; });
 }
 
 }  // namespace trelin

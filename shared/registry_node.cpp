@@ -1,6 +1,7 @@
 #include "shared/registry_node.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "shared/code_page.h"
@@ -27,18 +28,6 @@ bool RegistryNode::IsBefore(std::string_view sOne, std::string_view sOther) {
   return Weight(*one) < Weight(*other);
 }
 
-bool RegistryNode::IsSame(std::string_view sOne, std::string_view sOther) {
-  return sOne.size() == sOther.size() &&
-         (sOne == sOther || std::equal(sOne.begin(), sOne.end(), sOther.begin(), IsSameLetter));
-}
-
-// FNV-1a.
-std::size_t RegistryNode::HashOf(std::string_view sName) {
-  std::uint64_t nHash = 0xCBF29CE484222325U;
-  for (const char c : sName) nHash = (nHash ^ Weight(c)) * 0x100000001B3U;
-  return static_cast<std::size_t>(nHash);
-}
-
 std::unique_ptr<RegistryNode> RegistryNode::NewTree() {
   auto root = std::make_unique<RegistryNode>();
   for (const char* sHive : {"HKEY_CLASSES_ROOT", "HKEY_CURRENT_USER", "HKEY_LOCAL_MACHINE",
@@ -62,14 +51,14 @@ RegistryNode* RegistryNode::FindKey(std::string_view sName) const {
   const auto found =
       keys_.size() <= FewKeys
           ? std::find_if(keys_.begin(), keys_.end(),
-                         [sName](const OwnedKey& key) { return IsSame(key->sName_, sName); })
+                         [sName](const OwnedKey& key) { return IsSameName(key->sName_, sName); })
           : keys_.find(sName);
   return found == keys_.end() ? nullptr : found->get();
 }
 
 RegistryNode& RegistryNode::AddKey(std::string_view sName) {
   const auto place = keys_.lower_bound(sName);
-  if (place != keys_.end() && IsSame(NameOf(*place), sName)) return **place;
+  if (place != keys_.end() && IsSameName(NameOf(*place), sName)) return **place;
   const auto added = keys_.emplace_hint(place, std::make_unique<RegistryNode>(sName, this));
   keyPlaces_.Forget();
   return **added;
@@ -83,32 +72,31 @@ void RegistryNode::RemoveKey(std::string_view sName) {
 }
 
 const RegistryValue* RegistryNode::FindValue(std::string_view sName) const {
-  const auto found = valueTable_.find(sName);
-  return found == valueTable_.end() ? nullptr : &**found;
+  const auto* found = valueTable_.Find(sName, ValueTable::HashOf(sName));
+  return found == nullptr ? nullptr : &**found;
 }
 
-void RegistryNode::SetValue(std::string_view sName, std::uint32_t lType, std::string sData) {
-  const auto found = valueTable_.find(sName);
-  if (found != valueTable_.end()) {
+void RegistryNode::SetValue(std::string sName, std::uint32_t lType, std::string sData) {
+  const std::size_t nHash = ValueTable::HashOf(sName);
+  if (const auto* found = valueTable_.Find(sName, nHash)) {
     (*found)->lType = lType;
     (*found)->sData = std::move(sData);
     return;
   }
-  const auto added = values_.insert(values_.end(), {std::string(sName), lType, std::move(sData)});
+  valueTable_.MakeRoom();
+  RegistryValue& value = values_.emplace_back();
+  value.sName = std::move(sName);
+  value.lType = lType;
+  value.sData = std::move(sData);
+  valueTable_.Add(std::prev(values_.end()), nHash);
   valuePlaces_.Forget();
-  try {
-    valueTable_.insert(added);
-  } catch (...) {
-    values_.erase(added);
-    throw;
-  }
 }
 
 bool RegistryNode::RemoveValue(std::string_view sName) {
-  const auto found = valueTable_.find(sName);
-  if (found == valueTable_.end()) return false;
+  const auto* found = valueTable_.Find(sName, ValueTable::HashOf(sName));
+  if (found == nullptr) return false;
   const Values::iterator value = *found;
-  valueTable_.erase(found);
+  valueTable_.Remove(found);
   values_.erase(value);
   valuePlaces_.Forget();
   return true;

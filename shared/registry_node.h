@@ -7,20 +7,11 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <unordered_set>
-#include <utility>
 
 #include "shared/numbered_places.h"
+#include "shared/registry_value.h"
 
 namespace trelin {
-
-struct RegistryValue {
-  std::string sName;  // empty: the default value
-  std::uint32_t lType = 0;
-  std::string sData;  // the bytes as they are, a terminating NUL included
-
-  bool operator==(const RegistryValue&) const = default;
-};
 
 // A key of a registry kept in memory, with its values and subkeys. Names match
 // in any letter case of the code page 1252 and keep the case they came with.
@@ -54,7 +45,7 @@ class RegistryNode {
   const Values& AllValues() const { return values_; }
   const RegistryValue& Value(std::size_t nIndex) const { return *valuePlaces_.At(values_, nIndex); }
   const RegistryValue* FindValue(std::string_view sName) const;
-  void SetValue(std::string_view sName, std::uint32_t lType, std::string sData);
+  void SetValue(std::string sName, std::uint32_t lType, std::string sData);
   bool RemoveValue(std::string_view sName);  // false: there is none
 
  private:
@@ -62,9 +53,7 @@ class RegistryNode {
 
   static std::string_view NameOf(std::string_view sName) { return sName; }
   static std::string_view NameOf(const OwnedKey& key) { return key->sName_; }
-  static std::string_view NameOf(Values::iterator value) { return value->sName; }
 
-  // Functions of names, for tables in which something is found by its name.
   struct Before {
     using is_transparent = void;
     template <class One, class Other>
@@ -72,26 +61,9 @@ class RegistryNode {
       return IsBefore(NameOf(one), NameOf(other));
     }
   };
-  struct Same {
-    using is_transparent = void;
-    template <class One, class Other>
-    bool operator()(const One& one, const Other& other) const {
-      return IsSame(NameOf(one), NameOf(other));
-    }
-  };
-  struct Hash {
-    using is_transparent = void;
-    template <class Named>
-    std::size_t operator()(const Named& named) const {
-      return HashOf(NameOf(named));
-    }
-  };
   static bool IsBefore(std::string_view sOne, std::string_view sOther);
-  static bool IsSame(std::string_view sOne, std::string_view sOther);
-  static std::size_t HashOf(std::string_view sName);
 
   using Keys = std::set<OwnedKey, Before>;
-  using ValueTable = std::unordered_set<Values::iterator, Hash, Same>;
 
   std::string sName_;
   RegistryNode* parent_;

@@ -15,11 +15,9 @@ std::string Lacking(char32_t code) {
          " is not in the code page Windows-1252";
 }
 
-template <typename Text>
-std::size_t LineOf(const Text& sText, std::size_t nPosition) {
-  const auto begin = sText.begin();
-  return 1 + static_cast<std::size_t>(
-                 std::count(begin, begin + static_cast<std::ptrdiff_t>(nPosition), '\n'));
+// The line in which a text ends.
+std::size_t LastLine(std::string_view sText) {
+  return 1 + static_cast<std::size_t>(std::count(sText.begin(), sText.end(), '\n'));
 }
 
 // Says what the bytes at the start of sRest are, which are no plain ASCII.
@@ -36,53 +34,62 @@ std::string Utf8Reason(std::string_view sRest) {
 }
 
 std::string DecodeUtf8Text(std::string_view sBytes) {
-  if (IsAscii(sBytes)) return std::string(sBytes);
   std::string sText = FromUtf8(sBytes);
   // Where a question mark took a character's place, the way back differs.
   const std::string sBack = ToUtf8(sText);
   const auto [at, back] = std::mismatch(sBytes.begin(), sBytes.end(), sBack.begin(), sBack.end());
   if (at == sBytes.end()) return sText;
   const auto nPosition = static_cast<std::size_t>(at - sBytes.begin());
-  throw RegistryFileFault{LineOf(sBytes, nPosition), Utf8Reason(sBytes.substr(nPosition))};
+  throw RegistryFileFault{LastLine(sBytes.substr(0, nPosition)),
+                          Utf8Reason(sBytes.substr(nPosition))};
 }
 
-std::u16string Units(std::string_view sBytes, bool bHighByteFirst) {
-  std::u16string sUnits(sBytes.size() / 2, u'\0');
-  for (std::size_t i = 0; i < sUnits.size(); ++i) {
-    const auto first = static_cast<unsigned char>(sBytes[2 * i]);
-    const auto second = static_cast<unsigned char>(sBytes[2 * i + 1]);
-    sUnits[i] = static_cast<char16_t>(bHighByteFirst ? first << 8 | second : second << 8 | first);
+// The units of a text in UTF-16, where they lie.
+class Units {
+ public:
+  Units(std::string_view sBytes, bool bHighByteFirst)
+      : sBytes_(sBytes), nHigh_(bHighByteFirst ? 0 : 1) {}
+
+  std::size_t Count() const { return sBytes_.size() / 2; }
+  char16_t At(std::size_t n) const {
+    return static_cast<char16_t>(Byte(2 * n + nHigh_) << 8 | Byte(2 * n + 1 - nHigh_));
   }
-  return sUnits;
-}
 
-char32_t CodePointAt(std::u16string_view sText, std::size_t nPosition) {
-  const char32_t high = sText[nPosition];
-  const char32_t low = nPosition + 1 < sText.size() ? sText[nPosition + 1] : 0;
+ private:
+  unsigned Byte(std::size_t n) const { return static_cast<unsigned char>(sBytes_[n]); }
+
+  std::string_view sBytes_;
+  std::size_t nHigh_;  // where the high byte of a unit stands
+};
+
+char32_t CodePointAt(const Units& units, std::size_t n) {
+  const char32_t high = units.At(n);
+  const char32_t low = n + 1 < units.Count() ? units.At(n + 1) : 0;
   const bool bPair = (high & 0xFC00) == 0xD800 && (low & 0xFC00) == 0xDC00;
   return bPair ? 0x10000 + ((high & 0x3FF) << 10) + (low & 0x3FF) : high;
 }
 
-// Appends sText to sOut up to the first character that the code page lacks,
-// and returns that one's position, or the length of sText.
-std::size_t AppendUtf16(std::string& sOut, std::u16string_view sText) {
-  sOut.reserve(sText.size());
-  for (std::size_t i = 0; i < sText.size(); ++i) {
-    const char c = sText[i] < 0x80 ? static_cast<char>(sText[i]) : FromUtf16(sText.substr(i, 1))[0];
-    if (c == '?' && sText[i] != u'?') return i;
-    sOut += c;
+// The text up to the first character that the code page lacks.
+std::string FromUnits(const Units& units) {
+  std::string sText(units.Count(), '\0');
+  for (std::size_t n = 0; n < sText.size(); ++n) {
+    const char16_t unit = units.At(n);
+    const char c = unit < 0x80 ? static_cast<char>(unit) : FromUtf16({&unit, 1})[0];
+    if (c == '?' && unit != u'?')
+      sText.resize(n);
+    else
+      sText[n] = c;
   }
-  return sText.size();
+  return sText;
 }
 
 std::string DecodeUtf16Text(std::string_view sBytes, bool bHighByteFirst) {
-  const std::u16string sUnits = Units(sBytes, bHighByteFirst);
-  std::string sText;
-  const std::size_t nPosition = AppendUtf16(sText, sUnits);
-  if (nPosition < sUnits.size())
-    throw RegistryFileFault{LineOf(sUnits, nPosition), Lacking(CodePointAt(sUnits, nPosition))};
+  const Units units(sBytes, bHighByteFirst);
+  std::string sText = FromUnits(units);
+  if (sText.size() < units.Count())
+    throw RegistryFileFault{LastLine(sText), Lacking(CodePointAt(units, sText.size()))};
   if (sBytes.size() % 2 != 0)
-    throw RegistryFileFault{LineOf(sUnits, sUnits.size()),
+    throw RegistryFileFault{LastLine(sText),
                             "the file is UTF-16 but ends in the middle of a character"};
   return sText;
 }
@@ -100,11 +107,10 @@ std::string DecodeUtf16Data(std::string_view sBytes, std::size_t nLine) {
     throw RegistryFileFault{nLine,
                             "a text in hexadecimal form is UTF-16 and has two bytes a character, "
                             "but this one has an odd number of bytes"};
-  const std::u16string sUnits = Units(sBytes, false);
-  std::string sText;
-  const std::size_t nPosition = AppendUtf16(sText, sUnits);
-  if (nPosition < sUnits.size())
-    throw RegistryFileFault{nLine, Lacking(CodePointAt(sUnits, nPosition))};
+  const Units units(sBytes, false);
+  std::string sText = FromUnits(units);
+  if (sText.size() < units.Count())
+    throw RegistryFileFault{nLine, Lacking(CodePointAt(units, sText.size()))};
   return sText;
 }
 

@@ -32,10 +32,39 @@ class AssumedFile : public FileSearch {
 
 }  // namespace
 
-std::int32_t ReadOnlyRegistry::OpenKey(RegistryKey hParent, const std::string& sPath,
-                                       std::uint32_t /*lAccess*/, RegistryKey& hKey) {
+std::int32_t ReadOnlyRegistry::OpenInPlace(RegistryKey hParent, const std::string& sPath,
+                                           RegistryKey& hKey) {
   const bool bMoves = b32Bits_ && hParent == RegistryKey::LocalMachine;
   return registry_.OpenKey(hParent, bMoves ? In32BitPlace(sPath) : sPath, RegistryRead, hKey);
+}
+
+std::int32_t ReadOnlyRegistry::OpenKey(RegistryKey hParent, const std::string& sPath,
+                                       std::uint32_t /*lAccess*/, RegistryKey& hKey) {
+  const bool bKept = hParent == RegistryKey::LocalMachine;
+  if (bKept && bIdle_ && sPath == sLastPath_) {
+    bIdle_ = false;
+    hKey = hLast_;
+    return RegistrySuccess;
+  }
+  const std::int32_t lResult = OpenInPlace(hParent, sPath, hKey);
+  if (bKept && lResult == RegistrySuccess) {
+    CloseIdle();
+    sLastPath_ = sPath;
+    hLast_ = hKey;
+  }
+  return lResult;
+}
+
+std::int32_t ReadOnlyRegistry::CloseKey(RegistryKey hKey) noexcept {
+  if (hKey != hLast_) return registry_.CloseKey(hKey);
+  bIdle_ = true;
+  return RegistrySuccess;
+}
+
+void ReadOnlyRegistry::CloseIdle() noexcept {
+  if (bIdle_) registry_.CloseKey(hLast_);
+  bIdle_ = false;
+  hLast_ = RegistryKey::None;
 }
 
 std::int32_t ReadOnlyRegistry::CreateKey(RegistryKey /*hParent*/, const std::string& /*sPath*/,

@@ -15,12 +15,15 @@ class ReadOnlyRegistry : public Registry {
  public:
   // With b32Bits the place where 64-bit Windows keeps the records of 32-bit programs.
   ReadOnlyRegistry(Registry& registry, bool b32Bits) : registry_(registry), b32Bits_(b32Bits) {}
+  ~ReadOnlyRegistry() override { CloseIdle(); }
+  ReadOnlyRegistry(const ReadOnlyRegistry&) = delete;
+  ReadOnlyRegistry& operator=(const ReadOnlyRegistry&) = delete;
 
   std::int32_t OpenKey(RegistryKey hParent, const std::string& sPath, std::uint32_t lAccess,
                        RegistryKey& hKey) override;
   std::int32_t CreateKey(RegistryKey hParent, const std::string& sPath, std::uint32_t lAccess,
                          RegistryKey& hKey) override;
-  std::int32_t CloseKey(RegistryKey hKey) noexcept override { return registry_.CloseKey(hKey); }
+  std::int32_t CloseKey(RegistryKey hKey) noexcept override;
   std::int32_t QueryValue(RegistryKey hKey, const std::string& sName, char* pData,
                           std::uint32_t& lSize) override {
     return registry_.QueryValue(hKey, sName, pData, lSize);
@@ -44,8 +47,17 @@ class ReadOnlyRegistry : public Registry {
   std::string Trouble() const override { return registry_.Trouble(); }
 
  private:
+  std::int32_t OpenInPlace(RegistryKey hParent, const std::string& sPath, RegistryKey& hKey);
+  void CloseIdle() noexcept;
+
   Registry& registry_;
   bool b32Bits_;
+
+  // The key of HKEY_LOCAL_MACHINE that was opened last. As each product asks for the same
+  // one, it is idle instead of closed until another is opened.
+  std::string sLastPath_;
+  RegistryKey hLast_ = RegistryKey::None;
+  bool bIdle_ = false;
 };
 
 // A system without windows or sounds: messages go to the error output, and no program

@@ -1,5 +1,9 @@
 #include "shared/memory_registry.h"
 
+#include <algorithm>
+#include <random>
+
+#include "shared/code_page.h"
 #include "tests/shared/registry_contract.h"
 
 namespace trelin {
@@ -113,6 +117,35 @@ TEST_P(RegistryContract, DefaultsEndWithTheirNul) {
     EXPECT_EQ(RegistryMoreData, registry_.QueryDefault(base_, "key", sBuffer.data(), lSize));
   }
   registry_.CloseKey(hKey);
+}
+
+TEST(RegistryNode, ValuesAreFoundWhateverCameAndWent) {
+  std::mt19937 random(20261126);
+  RegistryNode node;
+  std::vector<std::pair<std::string, std::uint32_t>> model;
+  for (std::uint32_t lStep = 0; lStep < 3000; ++lStep) {
+    const std::string sName = "Name" + std::to_string(random() % 200);
+    const auto known = std::find_if(model.begin(), model.end(),
+                                    [&sName](const auto& value) { return value.first == sName; });
+    const bool bKnown = known != model.end();
+    if (random() % 3 == 0) {
+      EXPECT_EQ(bKnown, node.RemoveValue(sName)) << lStep;
+      if (bKnown) model.erase(known);
+    } else {
+      node.SetValue(bKnown ? UpperCase1252(sName) : sName, lStep, sName);
+      (bKnown ? *known : model.emplace_back(sName, 0)).second = lStep;
+    }
+    const std::string sOther = "nAME" + std::to_string(random() % 200);
+    const bool bThere = std::any_of(model.begin(), model.end(), [&sOther](const auto& value) {
+      return UpperCase1252(value.first) == UpperCase1252(sOther);
+    });
+    ASSERT_EQ(bThere, node.FindValue(sOther) != nullptr) << lStep;
+  }
+  ASSERT_EQ(model.size(), node.AllValues().size());
+  for (std::size_t n = 0; n < model.size(); ++n) {
+    EXPECT_EQ(model[n].first, node.Value(n).sName);
+    EXPECT_EQ(model[n].second, node.FindValue(model[n].first)->lType);
+  }
 }
 
 }  // namespace

@@ -38,6 +38,8 @@ class StatusTest : public ProgramTest {
     return sTold;
   }
 
+  ~StatusTest() override { EXPECT_EQ(registry.OpenHandles(), 0U); }
+
   std::string Look(Registry& looked, bool bFilesOfOthers) {
     QuietSystem quiet(system, bFilesOfOthers);
     const PlatformScope looking({&looked, &libraries, &quiet});
@@ -95,6 +97,9 @@ TEST_F(StatusTest, LooksWhereTheMenuMayNotAndChangesNothing) {
   RegistryKey hKey = RegistryKey::LocalMachine;
   EXPECT_EQ(looked.CreateKey(hKey, "SOFTWARE\\New", RegistryRead, hKey), RegistryAccessDenied);
   EXPECT_EQ(looked.OpenKey(hKey, "SOFTWARE\\Korvanta\\InstallLog", RegistryRead, hKey), 0);
+  RegistryKey hOther = RegistryKey::LocalMachine;
+  EXPECT_EQ(looked.OpenKey(hOther, "SOFTWARE\\Korvanta\\InstallLog", RegistryRead, hOther), 0);
+  EXPECT_EQ(looked.CloseKey(hOther), 0);
   EXPECT_EQ(looked.SetValue(hKey, "ONE", RegistryTypeText, "3", 1), RegistryAccessDenied);
   EXPECT_EQ(looked.DeleteValue(hKey, "ONE"), RegistryAccessDenied);
   EXPECT_EQ(looked.CloseKey(hKey), 0);
@@ -187,8 +192,10 @@ TEST(Exports, OfAFolderAListAndAFile) {
       {"list.txt", "a\\B.REG\r\n\r\nc/D\n"}, {"a\\B.REG", sText}, {"bad.reg", "x"}};
   EXPECT_EQ(ExportFiles({"z.reg", "@list.txt"}),
             (std::vector<std::string>{"z.reg", "a\\B.REG", "c\\D"}));
-  EXPECT_NE(ReadExport("a\\B.REG")->FindKey("HKEY_LOCAL_MACHINE")->FindKey("x"), nullptr);
-  EXPECT_NE(Failure([] { ReadExport("bad.reg"); }).find("bad.reg\": line 1: "), std::string::npos);
+  std::string sBytes;
+  EXPECT_NE(ReadExport("a\\B.REG", sBytes)->FindKey("HKEY_LOCAL_MACHINE")->FindKey("x"), nullptr);
+  EXPECT_NE(Failure([&] { ReadExport("bad.reg", sBytes); }).find("bad.reg\": line 1: "),
+            std::string::npos);
   const std::pair<const char*, const char*> names[] = {
       {"a\\PC-1.reg", "PC-1"}, {"PC.2.REG", "PC.2"}, {"x\\.reg", ".reg"}, {"PC", "PC"}};
   for (const auto& [pFile, pName] : names) EXPECT_EQ(WorkstationOf(pFile), pName);
