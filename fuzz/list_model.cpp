@@ -17,6 +17,8 @@ namespace trelin {
 
 namespace {
 
+constexpr int MostSteps = 32;  // more would decide little and take as long again
+
 const std::string Log = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvanta\\InstallLog";
 const std::string OfferedRevision = "2.0";
 
@@ -60,7 +62,7 @@ class Session {
   }
 
   void Run() {
-    while (!input_.Empty()) {
+    for (int n = 0; n < MostSteps && !input_.Empty(); ++n) {
       Step(input_.Below(8));
       CheckView();
     }
