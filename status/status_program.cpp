@@ -58,7 +58,7 @@ class Progress {
 std::string Now() {
   const std::time_t now = std::time(nullptr);
   std::array<char, 32> text{};
-  std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S UTC", std::gmtime(&now));
+  (void)std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S UTC", std::gmtime(&now));
   return text.data();
 }
 
