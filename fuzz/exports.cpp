@@ -125,7 +125,6 @@ void CheckView(FakePlatform& platform, MemoryRegistry& exported, bool b32Bits) {
   Check(workstation.products.size() == Codes.size(), "every product is there");
   for (std::size_t i = 0; i < Codes.size(); ++i)
     CheckProduct(Codes[i], workstation.products[i], LogOf(exported.Tree(), b32Bits));
-  Check(exported.OpenHandles() == 0, "the registry's keys are closed");
 }
 
 }  // namespace
@@ -140,6 +139,7 @@ void Try(std::string_view sInput) {
   static MemoryRegistry exported;
   exported.ReplaceTree(std::move(read.tree));
   for (const bool b32Bits : {false, true}) CheckView(platform, exported, b32Bits);
+  Check(exported.OpenHandles() == 0, "the registry's keys are closed");
   CheckEqual(read.sText, WriteRegistryText(exported.Tree()), "looking changes nothing");
 }
 
