@@ -13,7 +13,7 @@ ALLOWED_GROWTH = 1.05
 
 # What is counted, and for what: as the difference of two commands, so that whatever both
 # do, such as starting, falls out.
-SMALL, LARGE = 500, 1500
+SMALL, LARGE = 100, 400
 COUNTED = [
     ("read/lines/getline", "line"),
     ("read/tokens/trelin", "line"),
