@@ -74,10 +74,8 @@ void LookAtExports(benchmark::State& state, const Exports& exports) {
   for (auto _ : state) {
     QuietSystem quiet(TheSystem(), true);
     SuiteStatus suite(ProgramPath(exports / "TRELIN.CFG"), "");
-    std::string sBytes;
     for (int n = 0; n < Workstations; ++n) {
-      MemoryRegistry exported(
-          ReadExport(ProgramPath(exports / (std::to_string(n) + ".reg")), sBytes));
+      MemoryRegistry exported(ReadExport(ProgramPath(exports / (std::to_string(n) + ".reg"))));
       ReadOnlyRegistry registry(exported, false);
       const PlatformScope scope({&registry, &TheStringLibraries(), &quiet});
       const Workstation workstation = suite.LookAt("PC");

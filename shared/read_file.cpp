@@ -4,19 +4,13 @@
 
 namespace trelin {
 
-bool ReadWholeFile(InputFile& file, std::string& sBytes) {
+std::optional<std::string> ReadWholeFile(InputFile& file) {
   std::array<char, 4096> buffer;
-  sBytes.clear();
+  std::string sBytes;
   while (const std::size_t nRead = file.Read(buffer.data(), buffer.size())) {
     sBytes.append(buffer.data(), nRead);
-    if (sBytes.size() > MaxFileBytes) return false;
+    if (sBytes.size() > MaxFileBytes) return std::nullopt;
   }
-  return true;
-}
-
-std::optional<std::string> ReadWholeFile(InputFile& file) {
-  std::optional<std::string> sBytes(std::in_place);
-  if (!ReadWholeFile(file, *sBytes)) sBytes.reset();
   return sBytes;
 }
 

@@ -81,10 +81,9 @@ bool LineReader::NextLine(std::string_view& sLine) {
   // A CR that is the last in the rest may be the half of a line end.
   do nEnd = FindLineEnd(sRest_, nEnd, bTab_);
   while (nEnd + 1 >= sRest_.size() && ReadOn());
-  const std::string_view sRest = sRest_;
-  if (sRest.empty()) return false;
-  sLine = sRest.substr(0, nEnd);
-  sRest_ = sRest.substr(nEnd + LineEndLength(sRest.substr(nEnd)));
+  if (sRest_.empty()) return false;
+  sLine = sRest_.substr(0, nEnd);
+  sRest_.remove_prefix(nEnd + LineEndLength(sRest_.substr(nEnd)));
   return true;
 }
 

@@ -23,7 +23,7 @@ class LineReader {
   // Throws PlatformError when the file cannot be read.
   bool NextLine(std::string_view& sLine);
 
-  // Whether the last line has one.
+  // Whether there is a tab in the line that was read last.
   bool HasTab() const { return bTab_; }
 
  private:

@@ -2,7 +2,6 @@
 
 #include <dirent.h>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -146,10 +145,10 @@ class OneFileSearch : public FileSearch {
 // The file's name when it is one that a search finds.
 std::optional<std::string> FindNormalFile(std::string_view sPath) {
   struct stat status = {};
-  const auto [sHostPath, lReason] = TryInAnyCase(
-      sPath, [&status](const std::string& sTried) { return stat(sTried.c_str(), &status) == 0; });
-  const std::string_view sName = std::string_view(sHostPath).substr(sHostPath.rfind('/') + 1);
-  if (lReason != 0 || !S_ISREG(status.st_mode) || sName.starts_with('.')) return std::nullopt;
+  const auto sHostPath = StatInAnyCase(sPath, status);
+  if (!sHostPath || !S_ISREG(status.st_mode)) return std::nullopt;
+  const std::string_view sName = std::string_view(*sHostPath).substr(sHostPath->rfind('/') + 1);
+  if (sName.starts_with('.')) return std::nullopt;
   return FromUtf8(sName);
 }
 
@@ -184,6 +183,13 @@ bool WriteAll(int hFile, std::string_view sBytes) {
     if (nWritten > 0) sBytes.remove_prefix(static_cast<std::size_t>(nWritten));
   }
   return true;
+}
+
+std::optional<std::string> StatInAnyCase(std::string_view sPath, struct stat& status) {
+  auto [sHostPath, lReason] = TryInAnyCase(
+      sPath, [&status](const std::string& sTried) { return stat(sTried.c_str(), &status) == 0; });
+  if (lReason != 0) return std::nullopt;
+  return std::move(sHostPath);
 }
 
 std::unique_ptr<InputFile> OpenHostFile(const std::string& sPath, HostFileKinds kinds) {

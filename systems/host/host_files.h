@@ -1,6 +1,9 @@
 #pragma once
 
+#include <sys/stat.h>
+
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -29,6 +32,10 @@ class FileDescriptor {
 
 // False, with the reason in errno, when not all was written.
 bool WriteAll(int hFile, std::string_view sBytes);
+
+// What the system says of sPath, in the letter case of what is there. The path of that on
+// this system; nothing when nothing is there.
+std::optional<std::string> StatInAnyCase(std::string_view sPath, struct stat& status);
 
 // Regular: a pipe or device does not open either, and no writer of a pipe is waited for.
 enum class HostFileKinds { Any, Regular };

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <signal.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -179,12 +178,9 @@ std::string StartReason(const std::string& sHostPath, int lReason) {
   return SystemReason(lReason);
 }
 
-// Most files have the letter case that they are asked for in.
 bool IsOfType(const std::string& sPath, mode_t type) {
   struct stat status = {};
-  const bool bFound =
-      stat(WrittenPath(sPath).c_str(), &status) == 0 || stat(HostPath(sPath).c_str(), &status) == 0;
-  return bFound && (status.st_mode & S_IFMT) == type;
+  return StatInAnyCase(sPath, status) && (status.st_mode & S_IFMT) == type;
 }
 
 bool IsFile(const std::string& sPath) { return IsOfType(sPath, S_IFREG); }
