@@ -36,6 +36,12 @@ QImage Prepare(const QImage& own, QRgb mask, QSize size) {
       .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
+// Of thousands of pictures few are drawn: one without transparency that needs no scaling
+// is kept as it is, and prepared whenever it is drawn.
+bool IsKeptAsItIs(const QImage& own, QSize size) {
+  return !own.hasAlphaChannel() && own.size() == size;
+}
+
 }  // namespace
 
 ImageList::ImageList(std::int16_t nWidthPixels, std::int16_t nHeightPixels, Color mask)
@@ -55,8 +61,9 @@ std::int16_t ImageList::ImageHeight() const {
 }
 
 void ImageList::Add(const std::string& sKey, const Picture& picture) {
-  native_->images.insert_or_assign(sKey,
-                                   Prepare(picture.Get().image, native_->mask, native_->size));
+  const QImage& own = picture.Get().image;
+  native_->images.insert_or_assign(
+      sKey, IsKeptAsItIs(own, native_->size) ? own : Prepare(own, native_->mask, native_->size));
 }
 
 void ImageList::AddAgain(const std::string& sKey, const std::string& sOtherKey) {
@@ -69,7 +76,9 @@ bool ImageList::Contains(const std::string& sKey) const { return native_->images
 void ImageList::Draw(const std::string& sKey, PictureBox& box, Twips left, Twips top) const {
   const auto image = native_->images.find(sKey);
   if (image == native_->images.end()) return;
-  AreaOf(box).Draw({this, sKey, QPoint(PixelsX(left), PixelsY(top))}, image->second);
+  const QImage& kept = image->second;
+  AreaOf(box).Draw({this, sKey, QPoint(PixelsX(left), PixelsY(top))},
+                   kept.hasAlphaChannel() ? kept : Prepare(kept, native_->mask, native_->size));
 }
 
 }  // namespace trelin
