@@ -6,17 +6,6 @@
 
 namespace trelin {
 
-namespace {
-
-template <class Keys>
-std::vector<std::string_view> NamesOf(const Keys& keys) {
-  std::vector<std::string_view> names(keys.size());
-  std::transform(keys.begin(), keys.end(), names.begin(), [](const auto& key) { return key.sKey; });
-  return names;
-}
-
-}  // namespace
-
 std::string_view StatementPart::Text() const {
   return pText != nullptr ? std::string_view(pText, static_cast<std::size_t>(lLength))
                           : std::string_view();
@@ -57,26 +46,22 @@ const char* NameOf(BlockKind kind) {
   return "of an unknown type";
 }
 
-const std::vector<std::string_view>& KeysOf(BlockKind kind) {
-  static const auto ofList = NamesOf(SetupList::Keys);
-  static const auto ofProduct = NamesOf(MenuItem::Keys);
-  static const auto ofPrerequisite = NamesOf(Dependency::Keys);
-  static const std::vector<std::string_view> none;
+std::span<const std::string_view> KeysOf(BlockKind kind) {
   switch (kind) {
     case BlockKind::SetupList:
-      return ofList;
+      return SetupList::Keys;
     case BlockKind::Application:
-      return ofProduct;
+      return MenuItem::Keys;
     case BlockKind::Dependency:
-      return ofPrerequisite;
+      return Dependency::Keys;
     case BlockKind::Unknown:
       break;
   }
-  return none;
+  return {};
 }
 
 std::optional<std::size_t> KeyNumber(BlockKind kind, std::string_view sKey) {
-  const auto& keys = KeysOf(kind);
+  const auto keys = KeysOf(kind);
   const auto key = std::find(keys.begin(), keys.end(), sKey);
   if (key == keys.end()) return std::nullopt;
   return static_cast<std::size_t>(key - keys.begin());

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <deque>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -61,8 +62,8 @@ struct ListBlock {
   Place PlaceOf(std::string_view sKey) const;
 };
 
-const char* NameOf(BlockKind kind);                           // "APPLICATION"
-const std::vector<std::string_view>& KeysOf(BlockKind kind);  // those that the launcher knows
+const char* NameOf(BlockKind kind);                        // "APPLICATION"
+std::span<const std::string_view> KeysOf(BlockKind kind);  // those that the launcher knows
 
 // The number of the key among these; nothing for another one.
 std::optional<std::size_t> KeyNumber(BlockKind kind, std::string_view sKey);

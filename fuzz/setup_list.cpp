@@ -114,9 +114,9 @@ std::string Describe(SetupList& list) {
   std::string sAll;
   for (std::int32_t i = 1; i <= list.MenuItems().Count(); ++i) {
     const auto item = list.MenuItems().Item(i);
-    for (const std::string* sPart : {&item->Title(), &item->Description(), &item->Status(),
-                                     &item->ImageFile(), &item->ReadMeFile(), &item->InstallFile()})
-      sAll += *sPart + '\n';
+    for (const std::string& sPart : {item->Title(), item->Description(), item->Status(),
+                                     item->ImageFile(), item->ReadMeFile(), item->InstallFile()})
+      sAll += sPart + '\n';
     sAll += item->CheckDependencies() ? "met\n" : item->LastError() + '\n';
   }
   return sAll;

@@ -51,9 +51,8 @@ Workstation SuiteStatus::LookAt(const std::string& sName) {
   Workstation workstation = {sName, {}};
   workstation.products.reserve(numbers_.size());
   for (const std::int32_t lNumber : numbers_) {
-    MenuItem& item = *list_.MenuItems().Item(lNumber);
-    item.CheckInstallation();
-    const auto& record = item.Record();
+    const MenuItem& item = *list_.MenuItems().Item(lNumber);
+    const std::optional<InstallationRecord> record = item.Record();
     workstation.products.push_back({StateOf(record), RevisionIn(record),
                                     record ? record->checkFile : CheckFile::NotRecorded,
                                     UnmetOf(item)});

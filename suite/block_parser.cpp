@@ -11,10 +11,11 @@ namespace trelin {
 
 namespace {
 
-// Whether upper case is the same, in every code page. Most keys are so, and the system
-// need not be asked.
-bool IsInCapitals(std::string_view sText) {
-  return std::all_of(sText.begin(), sText.end(), [](char c) { return c >= ' ' && c <= 'Z'; });
+// Most words are in capitals that are the same in every code page, and the system need not
+// be asked.
+void MakeUpperCase(std::span<char> sText) {
+  const auto isCapital = [](char c) { return c >= ' ' && c <= 'Z'; };
+  if (!std::all_of(sText.begin(), sText.end(), isCapital)) TheSystem().MakeUpperCase(sText);
 }
 
 }  // namespace
@@ -41,7 +42,7 @@ BlockParser::Token BlockParser::Take(const Statement& statement) {
   switch (statement.kind) {
     case Statement::Kind::StartBlock:
       sBlockType_ = statement.sWord;
-      TheSystem().MakeUpperCase(sBlockType_);
+      MakeUpperCase(sBlockType_);
       sBlockName_ = statement.sRest;
       return Token::StartBlock;
     case Statement::Kind::EndBlock:
@@ -58,7 +59,7 @@ BlockParser::Token BlockParser::Take(const Statement& statement) {
 void BlockParser::TakeEntry(const Statement& statement) {
   sEntry_ = statement.sContent;
   const std::size_t nKey = statement.sWord.size();
-  if (!IsInCapitals(statement.sWord)) TheSystem().MakeUpperCase(std::span(sEntry_.data(), nKey));
+  MakeUpperCase(std::span(sEntry_.data(), nKey));
   sKey_ = std::string_view(sEntry_).substr(0, nKey);
   sValue_ = std::string_view(sEntry_).substr(sEntry_.size() - statement.sRest.size());
 }

@@ -5,15 +5,7 @@
 
 namespace trelin {
 
-constexpr std::array<BlockKey<Dependency>, 3> Dependency::Keys = {{
-    {"PRODUCTCODE", &Dependency::sProductCode_},
-    {"REVISION", &Dependency::sRevision_},
-    {"TITLE", &Dependency::sTitle_},
-}};
-
-void Dependency::Initialize() {
-  for (const auto& key : Keys) (this->*key.pMember).clear();
-}
+void Dependency::Initialize() { values_.Clear(); }
 
 void Dependency::LoadFromFile(BlockParser& objParser) {
   ReadBlock(
@@ -23,16 +15,17 @@ void Dependency::LoadFromFile(BlockParser& objParser) {
         throw SetupListError(TextNumber::BlockInDependency, objParser.CurrentLine(),
                              objParser.BlockType());
       });
+  values_.ShrinkToFit();
 }
 
 void Dependency::ProcessKeyValue(std::string_view sKey, std::string_view sValue) {
-  if (!SetByKey(*this, Keys, sKey, sValue)) TheSystem().Beep();
+  if (!values_.Set(sKey, sValue)) TheSystem().Beep();
 }
 
 bool Dependency::CheckDependency() {
-  record_ = ReadInstallationRecord(sProductCode_, sRevision_);
+  record_ = ReadInstallationRecord(ProductCode(), Revision());
   if (!record_) {
-    sLastError_ = FormatResourceString(TextNumber::NoLog, sTitle_);
+    sLastError_ = FormatResourceString(TextNumber::NoLog, Title());
     return false;
   }
 
@@ -42,15 +35,15 @@ bool Dependency::CheckDependency() {
     bMet = false;
   };
   if (record_->revision == InstalledRevision::None)
-    fail(FormatResourceString(TextNumber::NoRevision, sTitle_));
+    fail(FormatResourceString(TextNumber::NoRevision, Title()));
   else if (record_->revision == InstalledRevision::Lower)
-    fail(FormatResourceString(TextNumber::RevisionTooLow, sRevision_, sTitle_, record_->sRevision));
+    fail(FormatResourceString(TextNumber::RevisionTooLow, Revision(), Title(), record_->sRevision));
 
   // A fault of the check file replaces that of the revision.
   if (record_->checkFile == CheckFile::NotRecorded)
-    fail(FormatResourceString(TextNumber::NoCheckFile, sTitle_));
+    fail(FormatResourceString(TextNumber::NoCheckFile, Title()));
   else if (record_->checkFile == CheckFile::Missing)
-    fail(FormatResourceString(TextNumber::CheckFileMissing, sTitle_));
+    fail(FormatResourceString(TextNumber::CheckFileMissing, Title()));
   return bMet;
 }
 

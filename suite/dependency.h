@@ -3,9 +3,10 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 
-#include "suite/block_keys.h"
 #include "suite/block_parser.h"
+#include "suite/block_values.h"
 #include "suite/installation_record.h"
 
 namespace trelin {
@@ -20,6 +21,8 @@ namespace trelin {
 //   END
 class Dependency {
  public:
+  static constexpr std::array<std::string_view, 3> Keys = {"PRODUCTCODE", "REVISION", "TITLE"};
+
   void Initialize();
   void Terminate() {}
 
@@ -31,23 +34,19 @@ class Dependency {
   // an earlier check stays until ClearError.
   bool CheckDependency();
 
-  const std::string& ProductCode() const { return sProductCode_; }
-  const std::string& Revision() const { return sRevision_; }
-  const std::string& Title() const { return sTitle_; }
+  std::string ProductCode() const { return values_["PRODUCTCODE"]; }
+  std::string Revision() const { return values_["REVISION"]; }
+  std::string Title() const { return values_["TITLE"]; }
   // What the last check found.
   const std::optional<InstallationRecord>& Record() const { return record_; }
 
   const std::string& LastError() const { return sLastError_; }
   void ClearError() { sLastError_.clear(); }
 
-  static const std::array<BlockKey<Dependency>, 3> Keys;
-
  private:
   void ProcessKeyValue(std::string_view sKey, std::string_view sValue);
 
-  std::string sProductCode_;
-  std::string sRevision_;
-  std::string sTitle_;
+  BlockValues<Keys> values_;
   std::string sLastError_;
   std::optional<InstallationRecord> record_;
 };

@@ -21,25 +21,13 @@ TextNumber StatusText(ProductState state) {
   return TextNumber::NotInstalled;
 }
 
-constexpr std::array<BlockKey<MenuItem>, 8> MenuItem::Keys = {{
-    {"PRODUCT", &MenuItem::sTitle_},
-    {"PRODUCTCODE", &MenuItem::sProductCode_},
-    {"REVISION", &MenuItem::sRevision_},
-    {"DESCRIPTION", &MenuItem::sDescription_},
-    {"IMAGE", &MenuItem::sImageFile_},
-    {"UNINSTALLNAME", &MenuItem::sUninstallName_},
-    {"INSTALLFILE", &MenuItem::sInstallFile_},
-    {"READMEFILE", &MenuItem::sReadMeFile_},
-}};
-
 void MenuItem::Initialize() {
   objDependencies_ = DependencyCollection();
   objDependencies_.Initialize();
-  for (const auto& key : Keys) (this->*key.pMember).clear();
+  values_.Clear();
   sStatus_ = LoadResourceString(TextNumber::NotInstalled);
   bNewerVersion_ = false;
   bUpdated_ = false;
-  record_.reset();
 }
 
 void MenuItem::Terminate() { objDependencies_.Terminate(); }
@@ -52,21 +40,25 @@ void MenuItem::LoadFromFile(BlockParser& objParser) {
         ExpectBlockType(objParser, "DEPENDENCY");
         objDependencies_.AddFromFile(objParser);
       });
+  values_.ShrinkToFit();
 }
 
 void MenuItem::ProcessKeyValue(std::string_view sKey, std::string_view sValue) {
-  if (!SetByKey(*this, Keys, sKey, sValue)) TheSystem().Beep();
+  if (!values_.Set(sKey, sValue)) TheSystem().Beep();
+}
+
+std::optional<InstallationRecord> MenuItem::Record() const {
+  const std::string sCode = ProductCode();
+  if (sCode.empty()) return std::nullopt;
+  return ReadInstallationRecord(sCode, Revision());
 }
 
 void MenuItem::CheckInstallation() {
-  std::optional<InstallationRecord> record;
-  if (!sProductCode_.empty()) record = ReadInstallationRecord(sProductCode_, sRevision_);
-
+  const std::optional<InstallationRecord> record = Record();
   std::string sStatus = LoadResourceString(StatusText(StateOf(record)));
   if (record && record->revision == InstalledRevision::Higher) bNewerVersion_ = true;
   bUpdated_ = sStatus != sStatus_;
   sStatus_ = std::move(sStatus);
-  record_ = std::move(record);
 }
 
 bool MenuItem::CheckDependencies() {

@@ -3,8 +3,9 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 
-#include "suite/block_keys.h"
+#include "suite/block_values.h"
 #include "suite/dependency.h"
 #include "suite/installation_record.h"
 #include "suite/item_collection.h"
@@ -35,6 +36,10 @@ TextNumber StatusText(ProductState state);
 //   END
 class MenuItem {
  public:
+  static constexpr std::array<std::string_view, 8> Keys = {
+      "PRODUCT",  "DESCRIPTION",   "IMAGE",       "PRODUCTCODE",
+      "REVISION", "UNINSTALLNAME", "INSTALLFILE", "READMEFILE"};
+
   void Initialize();
   void Terminate();
 
@@ -51,17 +56,18 @@ class MenuItem {
   // leaves its reason in LastError.
   bool CheckDependencies();
 
-  const std::string& Title() const { return sTitle_; }
-  const std::string& Description() const { return sDescription_; }
+  std::string Title() const { return values_["PRODUCT"]; }
+  std::string Description() const { return values_["DESCRIPTION"]; }
   const std::string& Status() const { return sStatus_; }  // a text of the string library
-  const std::string& ImageFile() const { return sImageFile_; }
-  const std::string& ProductCode() const { return sProductCode_; }
-  const std::string& Revision() const { return sRevision_; }
-  const std::string& ReadMeFile() const { return sReadMeFile_; }
-  const std::string& InstallFile() const { return sInstallFile_; }
+  std::string ImageFile() const { return values_["IMAGE"]; }
+  std::string ProductCode() const { return values_["PRODUCTCODE"]; }
+  std::string Revision() const { return values_["REVISION"]; }
+  std::string ReadMeFile() const { return values_["READMEFILE"]; }
+  std::string InstallFile() const { return values_["INSTALLFILE"]; }
 
-  // What the last check found; nothing without a product code or records, and before any.
-  const std::optional<InstallationRecord>& Record() const { return record_; }
+  // Its installation record as it is now; nothing without a product code or records. Throws
+  // as ReadInstallationRecord does.
+  std::optional<InstallationRecord> Record() const;
 
   const DependencyCollection& Prerequisites() const { return objDependencies_; }
 
@@ -75,23 +81,13 @@ class MenuItem {
   // Whether the last check changed the status.
   bool Updated() const { return bUpdated_; }
 
-  static const std::array<BlockKey<MenuItem>, 8> Keys;
-
  private:
   void ProcessKeyValue(std::string_view sKey, std::string_view sValue);
 
-  std::string sProductCode_;
-  std::string sRevision_;
+  BlockValues<Keys> values_;
   std::string sStatus_;
-  std::optional<InstallationRecord> record_;
   bool bNewerVersion_ = false;
   bool bUpdated_ = false;
-  std::string sTitle_;
-  std::string sDescription_;
-  std::string sImageFile_;
-  std::string sInstallFile_;
-  std::string sReadMeFile_;
-  std::string sUninstallName_;
   DependencyCollection objDependencies_;
 };
 

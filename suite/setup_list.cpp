@@ -5,12 +5,10 @@
 
 namespace trelin {
 
-constexpr std::array<BlockKey<SetupList>, 1> SetupList::Keys = {{{"TITLE", &SetupList::sTitle_}}};
-
 bool SetupList::Initialize() {
   MenuItems_ = std::make_unique<MenuItemCollection>();
   MenuItems_->Initialize();
-  sTitle_.clear();
+  values_.Clear();
   nTopIndex_ = 0;
   nCurrentIndex_ = 0;
   nDisplayItems_ = 4;
@@ -43,7 +41,7 @@ void SetupList::LoadFromFile(const std::string& sFile) {
 }
 
 void SetupList::ProcessKeyValue(std::string_view sKey, std::string_view sValue) {
-  if (!SetByKey(*this, Keys, sKey, sValue))
+  if (!values_.Set(sKey, sValue))
     TheSystem().ShowMessage(FormatResourceString(TextNumber::UnknownKey,
                                                  LoadResourceString(TextNumber::MenuCaption), sKey),
                             MessageIcon::None, MessageButtons::Ok,

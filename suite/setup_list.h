@@ -4,8 +4,9 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 
-#include "suite/block_keys.h"
+#include "suite/block_values.h"
 #include "suite/item_collection.h"
 #include "suite/menu_item.h"
 
@@ -27,6 +28,8 @@ using MenuItemCollection = ItemCollection<MenuItem>;
 //   END                                         nothing but comments after it
 class SetupList {
  public:
+  static constexpr std::array<std::string_view, 1> Keys = {"TITLE"};
+
   // To be called before any other member. Always true.
   bool Initialize();
 
@@ -64,13 +67,11 @@ class SetupList {
   // The selected product. Throws std::out_of_range while there is none.
   std::shared_ptr<MenuItem> ActiveItem() const { return MenuItems_->Item(nCurrentIndex_); }
 
-  static const std::array<BlockKey<SetupList>, 1> Keys;
-
  private:
   void ProcessKeyValue(std::string_view sKey, std::string_view sValue);
 
   std::unique_ptr<MenuItemCollection> MenuItems_;
-  std::string sTitle_;
+  BlockValues<Keys> values_;
   std::int16_t nTopIndex_ = 0;
   std::int16_t nCurrentIndex_ = 0;
   std::int16_t nDisplayItems_ = 4;
