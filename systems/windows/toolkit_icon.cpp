@@ -39,18 +39,17 @@ ObjectOwner<HBITMAP> MakeMask(const Pixels32& image) {
 
 }  // namespace
 
-IconOwner MakeIcon(const Pixels32& image) {
-  const ObjectOwner<HBITMAP> colors = MakeColors(image);
-  const ObjectOwner<HBITMAP> mask = MakeMask(image);
-  ICONINFO info{};
-  info.fIcon = TRUE;
-  info.hbmColor = colors.get();
-  info.hbmMask = mask.get();
-  return IconOwner(CreateIconIndirect(&info));
-}
+IconBitmaps MakeIconBitmaps(const Pixels32& image) { return {MakeColors(image), MakeMask(image)}; }
 
 IconOwner MakeIcon(const Picture& picture, int nSize) {
-  if (!picture.Get().bProgramIcon) return MakeIcon(picture.Get().image);
+  if (!picture.Get().bProgramIcon) {
+    const IconBitmaps bitmaps = MakeIconBitmaps(picture.Get().image);
+    ICONINFO info{};
+    info.fIcon = TRUE;
+    info.hbmColor = bitmaps.colors.get();
+    info.hbmMask = bitmaps.mask.get();
+    return IconOwner(CreateIconIndirect(&info));
+  }
   return IconOwner(
       static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(ICON_PROGRAM),
                                     IMAGE_ICON, nSize, nSize, LR_DEFAULTCOLOR)));

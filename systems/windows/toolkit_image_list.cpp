@@ -46,6 +46,17 @@ Pixels32 Prepare(const Picture::Native& picture, std::uint32_t mask, int nWidth,
   return bFits ? image : Scaled(image, nWidth, nHeight);
 }
 
+// The functions that add give the image's number, and a negative one without memory.
+int AddProgramIcon(const ImageList::Native& native, const Picture& picture) {
+  return ImageList_AddIcon(native.list.get(), MakeIcon(picture, native.nWidth).get());
+}
+
+int AddPicture(const ImageList::Native& native, const Picture::Native& picture) {
+  const IconBitmaps bitmaps =
+      MakeIconBitmaps(Prepare(picture, native.mask, native.nWidth, native.nHeight));
+  return ImageList_Add(native.list.get(), bitmaps.colors.get(), bitmaps.mask.get());
+}
+
 }  // namespace
 
 ImageList::ImageList(std::int16_t nWidthPixels, std::int16_t nHeightPixels, Color mask)
@@ -64,11 +75,8 @@ std::int16_t ImageList::ImageWidth() const { return native_->nWidth; }
 std::int16_t ImageList::ImageHeight() const { return native_->nHeight; }
 
 void ImageList::Add(const std::string& sKey, const Picture& picture) {
-  const IconOwner icon =
-      picture.Get().bProgramIcon
-          ? MakeIcon(picture, native_->nWidth)
-          : MakeIcon(Prepare(picture.Get(), native_->mask, native_->nWidth, native_->nHeight));
-  const int nNumber = ImageList_AddIcon(native_->list.get(), icon.get());
+  const int nNumber = picture.Get().bProgramIcon ? AddProgramIcon(*native_, picture)
+                                                 : AddPicture(*native_, picture.Get());
   if (nNumber < 0) throw std::bad_alloc();
   native_->numbers.insert_or_assign(sKey, nNumber);
 }
