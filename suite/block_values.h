@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -24,27 +27,27 @@ class BlockValues {
   };
 
   std::string operator[](Key key) const {
-    return sValues_.substr(Begin(key.nPlace), ends_[key.nPlace] - Begin(key.nPlace));
+    const Place& place = places_[key.nPlace];
+    return sValues_.substr(place.nBegin, place.nSize);
   }
 
   // The key's value from now on. False, and nothing is set, when sKey is none of Keys.
+  // Throws std::length_error when there would be more than the places can number.
   bool Set(std::string_view sKey, std::string_view sValue) {
-    const std::size_t nPlace = PlaceOf(sKey);
-    if (nPlace == Keys.size()) return false;
-    const std::size_t nOldSize = ends_[nPlace] - Begin(nPlace);
-    sValues_.replace(Begin(nPlace), nOldSize, sValue);
-    for (std::size_t n = nPlace; n < Keys.size(); ++n) ends_[n] += sValue.size() - nOldSize;
+    const std::size_t nKey = PlaceOf(sKey);
+    if (nKey == Keys.size()) return false;
+    if (sValue.size() > MostBytes - sValues_.size())
+      throw std::length_error("The values of a block take more than 4 GB.");
+    const auto nBegin = static_cast<std::uint32_t>(sValues_.size());
+    sValues_ += sValue;
+    places_[nKey] = {nBegin, static_cast<std::uint32_t>(sValue.size())};
     return true;
   }
 
-  // Empties the values, and makes room for those of a usual block.
-  void Clear() {
-    constexpr std::size_t UsualBytes = 30;  // of a value
-    *this = {};
-    sValues_.reserve(Keys.size() * UsualBytes);
-  }
+  void Clear() { *this = {}; }
 
-  // Gives back what is left of that room.
+  // Makes room for so many bytes of values, and gives back what is left of it.
+  void Reserve(std::size_t nBytes) { sValues_.reserve(nBytes); }
   void ShrinkToFit() { sValues_.shrink_to_fit(); }
 
  private:
@@ -52,10 +55,15 @@ class BlockValues {
     return static_cast<std::size_t>(std::find(Keys.begin(), Keys.end(), sKey) - Keys.begin());
   }
 
-  std::size_t Begin(std::size_t nPlace) const { return nPlace == 0 ? 0 : ends_[nPlace - 1]; }
+  static constexpr std::size_t MostBytes = std::numeric_limits<std::uint32_t>::max();
+
+  struct Place {
+    std::uint32_t nBegin = 0;
+    std::uint32_t nSize = 0;
+  };
 
   std::string sValues_;
-  std::array<std::size_t, Keys.size()> ends_ = {};  // in it, in the order of Keys
+  std::array<Place, Keys.size()> places_ = {};
 };
 
 }  // namespace trelin

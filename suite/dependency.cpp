@@ -15,7 +15,6 @@ void Dependency::LoadFromFile(BlockParser& objParser) {
         throw SetupListError(TextNumber::BlockInDependency, objParser.CurrentLine(),
                              objParser.BlockType());
       });
-  values_.ShrinkToFit();
 }
 
 void Dependency::ProcessKeyValue(std::string_view sKey, std::string_view sValue) {
@@ -23,8 +22,8 @@ void Dependency::ProcessKeyValue(std::string_view sKey, std::string_view sValue)
 }
 
 bool Dependency::CheckDependency() {
-  record_ = ReadInstallationRecord(ProductCode(), Revision());
-  if (!record_) {
+  const std::optional<InstallationRecord> record = Record();
+  if (!record) {
     sLastError_ = FormatResourceString(TextNumber::NoLog, Title());
     return false;
   }
@@ -34,15 +33,15 @@ bool Dependency::CheckDependency() {
     sLastError_ = sReason;
     bMet = false;
   };
-  if (record_->revision == InstalledRevision::None)
+  if (record->revision == InstalledRevision::None)
     fail(FormatResourceString(TextNumber::NoRevision, Title()));
-  else if (record_->revision == InstalledRevision::Lower)
-    fail(FormatResourceString(TextNumber::RevisionTooLow, Revision(), Title(), record_->sRevision));
+  else if (record->revision == InstalledRevision::Lower)
+    fail(FormatResourceString(TextNumber::RevisionTooLow, Revision(), Title(), record->sRevision));
 
   // A fault of the check file replaces that of the revision.
-  if (record_->checkFile == CheckFile::NotRecorded)
+  if (record->checkFile == CheckFile::NotRecorded)
     fail(FormatResourceString(TextNumber::NoCheckFile, Title()));
-  else if (record_->checkFile == CheckFile::Missing)
+  else if (record->checkFile == CheckFile::Missing)
     fail(FormatResourceString(TextNumber::CheckFileMissing, Title()));
   return bMet;
 }

@@ -37,8 +37,12 @@ class Dependency {
   std::string ProductCode() const { return values_["PRODUCTCODE"]; }
   std::string Revision() const { return values_["REVISION"]; }
   std::string Title() const { return values_["TITLE"]; }
-  // What the last check found.
-  const std::optional<InstallationRecord>& Record() const { return record_; }
+
+  // Its installation record as it is now; nothing without records. Throws as
+  // ReadInstallationRecord does.
+  std::optional<InstallationRecord> Record() const {
+    return ReadInstallationRecord(ProductCode(), Revision());
+  }
 
   const std::string& LastError() const { return sLastError_; }
   void ClearError() { sLastError_.clear(); }
@@ -48,7 +52,6 @@ class Dependency {
 
   BlockValues<Keys> values_;
   std::string sLastError_;
-  std::optional<InstallationRecord> record_;
 };
 
 }  // namespace trelin

@@ -21,10 +21,17 @@ TextNumber StatusText(ProductState state) {
   return TextNumber::NotInstalled;
 }
 
+namespace {
+
+constexpr std::size_t UsualBytes = 240;  // of a product's values
+
+}  // namespace
+
 void MenuItem::Initialize() {
   objDependencies_ = DependencyCollection();
   objDependencies_.Initialize();
   values_.Clear();
+  values_.Reserve(UsualBytes);
   sStatus_ = LoadResourceString(TextNumber::NotInstalled);
   bNewerVersion_ = false;
   bUpdated_ = false;

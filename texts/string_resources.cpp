@@ -108,7 +108,7 @@ std::string LoadResourceString(std::int32_t lId) {
   const LibraryHandle hLibrary = GetResourceLibrary(lId);
   if (hLibrary == 0) return LibraryMissingText;
 
-  std::array<char, 1024> buffer{};
+  std::array<char, 1024> buffer;
   const std::int32_t lCount = TheStringLibraries().LoadText(
       hLibrary, lId, buffer.data(), static_cast<std::int32_t>(buffer.size()));
   if (lCount != 0) return {buffer.data(), static_cast<std::size_t>(lCount)};
