@@ -74,8 +74,10 @@ void LookAtExports(benchmark::State& state, const Exports& exports) {
   for (auto _ : state) {
     QuietSystem quiet(TheSystem(), true);
     SuiteStatus suite(ProgramPath(exports / "TRELIN.CFG"), "");
+    std::string sBytes;
     for (int n = 0; n < Workstations; ++n) {
-      MemoryRegistry exported(ReadExport(ProgramPath(exports / (std::to_string(n) + ".reg"))));
+      MemoryRegistry exported(
+          ReadExport(ProgramPath(exports / (std::to_string(n) + ".reg")), sBytes));
       ReadOnlyRegistry registry(exported, false);
       const PlatformScope scope({&registry, &TheStringLibraries(), &quiet});
       const Workstation workstation = suite.LookAt("PC");

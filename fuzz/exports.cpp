@@ -53,7 +53,7 @@ struct Export {
 Export Read(FakePlatform& platform, std::string sBytes) {
   platform.system.files[ExportPath] = std::move(sBytes);
   try {
-    auto tree = ReadExport(ExportPath);
+    auto tree = ReadExport(ExportPath, sBytes);
     std::string sText = WriteRegistryText(*tree);
     return {std::move(tree), std::move(sText)};
   } catch (const PlatformError& error) {

@@ -50,6 +50,11 @@ void AddFiles(const std::string& sGiven, bool bLists, std::vector<std::string>& 
   }
 }
 
+void ReadBytes(const std::string& sFile, std::string& sBytes) {
+  if (!ReadWholeFile(*TheSystem().OpenInput(sFile), sBytes))
+    throw PlatformError("read the file", WrittenByUser(sFile), "it has more than 64 MB");
+}
+
 }  // namespace
 
 std::vector<std::string> ExportFiles(const std::vector<std::string>& given) {
@@ -59,13 +64,14 @@ std::vector<std::string> ExportFiles(const std::vector<std::string>& given) {
 }
 
 std::string ReadBytes(const std::string& sFile) {
-  auto sBytes = ReadWholeFile(*TheSystem().OpenInput(sFile));
-  if (!sBytes) throw PlatformError("read the file", WrittenByUser(sFile), "it has more than 64 MB");
-  return std::move(*sBytes);
+  std::string sBytes;
+  ReadBytes(sFile, sBytes);
+  return sBytes;
 }
 
-std::unique_ptr<RegistryNode> ReadExport(const std::string& sFile) {
-  return ReadRegistryText(ReadBytes(sFile), [&sFile] { return WrittenByUser(sFile); });
+std::unique_ptr<RegistryNode> ReadExport(const std::string& sFile, std::string& sBytes) {
+  ReadBytes(sFile, sBytes);
+  return ReadRegistryText(sBytes, [&sFile] { return WrittenByUser(sFile); });
 }
 
 std::string WorkstationOf(const std::string& sFile) {

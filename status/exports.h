@@ -17,7 +17,8 @@ std::vector<std::string> ExportFiles(const std::vector<std::string>& given);
 std::string ReadBytes(const std::string& sFile);
 
 // The registry in an export. Throws PlatformError, with the line and what is wrong.
-std::unique_ptr<RegistryNode> ReadExport(const std::string& sFile);
+// sBytes takes the file's content; its memory serves for one export after the other.
+std::unique_ptr<RegistryNode> ReadExport(const std::string& sFile, std::string& sBytes);
 
 // The name of a workstation, after which the file is called.
 std::string WorkstationOf(const std::string& sFile);

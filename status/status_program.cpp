@@ -65,10 +65,11 @@ std::string Now() {
 void LookAtExports(const std::vector<std::string>& files, bool b32Bits, SuiteStatus& suite,
                    StatusReport& report) {
   Progress progress(files.size());
+  std::string sBytes;
   for (std::size_t n = 0; n < files.size(); ++n) {
     progress.Tell(n);
     try {
-      MemoryRegistry exported(ReadExport(files[n]));
+      MemoryRegistry exported(ReadExport(files[n], sBytes));
       ReadOnlyRegistry registry(exported, b32Bits);
       const PlatformScope scope({&registry, &TheStringLibraries(), &TheSystem()});
       report.workstations.push_back(suite.LookAt(WorkstationOf(files[n])));

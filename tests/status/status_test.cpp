@@ -192,8 +192,10 @@ TEST(Exports, OfAFolderAListAndAFile) {
       {"list.txt", "a\\B.REG\r\n\r\nc/D\n"}, {"a\\B.REG", sText}, {"bad.reg", "x"}};
   EXPECT_EQ(ExportFiles({"z.reg", "@list.txt"}),
             (std::vector<std::string>{"z.reg", "a\\B.REG", "c\\D"}));
-  EXPECT_NE(ReadExport("a\\B.REG")->FindKey("HKEY_LOCAL_MACHINE")->FindKey("x"), nullptr);
-  EXPECT_NE(Failure([] { ReadExport("bad.reg"); }).find("bad.reg\": line 1: "), std::string::npos);
+  std::string sBytes;
+  EXPECT_NE(ReadExport("a\\B.REG", sBytes)->FindKey("HKEY_LOCAL_MACHINE")->FindKey("x"), nullptr);
+  EXPECT_NE(Failure([&] { ReadExport("bad.reg", sBytes); }).find("bad.reg\": line 1: "),
+            std::string::npos);
   const std::pair<const char*, const char*> names[] = {
       {"a\\PC-1.reg", "PC-1"}, {"PC.2.REG", "PC.2"}, {"x\\.reg", ".reg"}, {"PC", "PC"}};
   for (const auto& [pFile, pName] : names) EXPECT_EQ(WorkstationOf(pFile), pName);
