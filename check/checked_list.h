@@ -50,6 +50,7 @@ struct ListBlock {
   std::int32_t lLastLine = 0;                 // its END, or the last line of the file
   std::size_t nAround = 0;                    // the number of the block around it
   std::vector<const ListStatement*> entries;  // in the order of the file
+  std::string sCode;  // its product code in upper case: the registry finds any letter case
 
   // The entry that counts: the last one of that key; a null pointer when there
   // is none.

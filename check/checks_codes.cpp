@@ -17,14 +17,10 @@
 #include "check/nearest.h"
 #include "check/revision_order.h"
 #include "seam/registry.h"
-#include "texts/text.h"
 
 namespace trelin {
 
 namespace {
-
-// The registry finds a value in any letter case.
-std::string CodeOf(const ListBlock& block) { return UpperCase(block.Value("PRODUCTCODE")); }
 
 std::string Quoted(std::string_view sText) { return '"' + std::string(sText) + '"'; }
 
@@ -37,62 +33,55 @@ std::string Naming(const ListBlock& product) {
   return sTitle.empty() ? "the product in " + sLine : Quoted(sTitle) + " (" + sLine + ")";
 }
 
-using Products = std::vector<const ListBlock*>;
+using Blocks = std::vector<const ListBlock*>;
 
 // The numbers, from 0, of the products by their code; of products with the
 // same one the first.
-std::unordered_map<std::string, std::size_t> ByCode(const Products& products) {
-  std::unordered_map<std::string, std::size_t> numbers;
+std::unordered_map<std::string_view, std::size_t> ByCode(const Blocks& products) {
+  std::unordered_map<std::string_view, std::size_t> numbers;
   numbers.reserve(products.size());
   for (std::size_t n = 0; n < products.size(); ++n)
-    if (std::string sCode = CodeOf(*products[n]); !sCode.empty())
-      numbers.emplace(std::move(sCode), n);
+    if (!products[n]->sCode.empty()) numbers.emplace(products[n]->sCode, n);
   return numbers;
 }
 
-struct CodedBlock {
-  std::string sCode;
-  const ListBlock* pBlock;
-};
-
-bool HasLowerCode(const CodedBlock& one, const CodedBlock& other) {
-  return one.sCode < other.sCode;
+bool HasLowerCode(const ListBlock* pOne, const ListBlock* pOther) {
+  return pOne->sCode < pOther->sCode;
 }
 
-// The products and prerequisites that have a code, in the order of these; of one code in
-// that of the file.
-std::vector<CodedBlock> BlocksByCode(const CheckedList& list) {
-  std::vector<CodedBlock> blocks;
-  blocks.reserve(list.blocks.size());
+// The products and prerequisites that have a code.
+Blocks BlocksWithCode(const CheckedList& list) {
+  Blocks blocks;
   for (const ListBlock& block : list.blocks)
-    if (std::string sCode = CodeOf(block); block.kind != BlockKind::SetupList && !sCode.empty())
-      blocks.push_back({std::move(sCode), &block});
-  std::stable_sort(blocks.begin(), blocks.end(), HasLowerCode);
+    if (block.kind != BlockKind::SetupList && !block.sCode.empty()) blocks.push_back(&block);
   return blocks;
 }
+
+// Of blocks of one code the first stays the first.
+void SortByCode(Blocks& blocks) { std::stable_sort(blocks.begin(), blocks.end(), HasLowerCode); }
 
 // Calls it for each prerequisite that has a code, with the product that offers
 // it or a null pointer.
 template <class Use>
 void ForEachPrerequisite(const Suite& suite, Use use) {
-  const Products products = suite.list.Products();
+  const Blocks products = suite.list.Products();
   const auto numbers = ByCode(products);
   for (const ListBlock& block : suite.list.blocks) {
-    if (block.kind != BlockKind::Dependency || block.Value("PRODUCTCODE").empty()) continue;
-    const auto number = numbers.find(CodeOf(block));
+    if (block.kind != BlockKind::Dependency || block.sCode.empty()) continue;
+    const auto number = numbers.find(block.sCode);
     use(block, number != numbers.end() ? products[number->second] : nullptr);
   }
 }
 
 // A code of the list that differs from sCode in a letter or two.
-std::string SimilarCode(const Products& products, const std::string& sCode) {
+std::string SimilarCode(const Blocks& products, const std::string& sCode) {
   constexpr std::size_t FewLetters = 2;
   constexpr std::size_t MostProducts = 1000;  // the time grows with each prerequisite
   std::string sSimilar;
   std::size_t nNearest = std::min(FewLetters + 1, sCode.size());
   if (products.size() > MostProducts) return sSimilar;
   for (const ListBlock* pProduct : products) {
-    const std::string sKnown = CodeOf(*pProduct);
+    const std::string& sKnown = pProduct->sCode;
     if (sKnown.empty() || nNearest == 0) continue;
     const std::size_t nDistance = EditDistance(sCode, sKnown, nNearest - 1);
     if (nDistance >= nNearest) continue;
@@ -107,10 +96,10 @@ constexpr Rule RepeatedCode = {
     "The code names the installation record, so both products show what is installed of either."};
 
 void CheckRepeatedCodes(const Suite& suite, Report& report) {
-  const Products products = suite.list.Products();
+  const Blocks products = suite.list.Products();
   const auto numbers = ByCode(products);
   for (std::size_t n = 0; n < products.size(); ++n) {
-    const std::string sCode = CodeOf(*products[n]);
+    const std::string& sCode = products[n]->sCode;
     if (sCode.empty() || numbers.at(sCode) == n) continue;
     report.Error(products[n]->PlaceOf("PRODUCTCODE"),
                  "The product code " + Quoted(products[n]->Value("PRODUCTCODE")) + " is that of " +
@@ -127,18 +116,25 @@ constexpr Rule CodeOfCheckFile = {
 
 void CheckCodesOfCheckFiles(const Suite& suite, Report& report) {
   constexpr std::string_view End = "CHECKFILE";
-  const auto blocks = BlocksByCode(suite.list);
+  const auto isOfCheckFile = [End](const ListBlock* pBlock) {
+    return pBlock->sCode.ends_with(End);
+  };
+  Blocks blocks = BlocksWithCode(suite.list);
+  if (std::none_of(blocks.begin(), blocks.end(), isOfCheckFile)) return;  // as in most lists
+  SortByCode(blocks);
   std::string_view sLast;
-  for (const auto& [sCode, pBlock] : blocks) {
-    const bool bFirst = std::exchange(sLast, sCode) != sCode;
-    if (!bFirst || !sCode.ends_with(End)) continue;
-    const CodedBlock wanted = {sCode.substr(0, sCode.size() - End.size()), nullptr};
-    const auto other = std::lower_bound(blocks.begin(), blocks.end(), wanted, HasLowerCode);
-    if (other->sCode != wanted.sCode) continue;
+  for (const ListBlock* pBlock : blocks) {
+    const bool bFirst = std::exchange(sLast, pBlock->sCode) != pBlock->sCode;
+    if (!bFirst || !isOfCheckFile(pBlock)) continue;
+    ListBlock wanted;
+    wanted.sCode = pBlock->sCode.substr(0, pBlock->sCode.size() - End.size());
+    const ListBlock& other =
+        **std::lower_bound(blocks.begin(), blocks.end(), &wanted, HasLowerCode);
+    if (other.sCode != wanted.sCode) continue;
     report.Error(pBlock->PlaceOf("PRODUCTCODE"),
                  "The product code " + Quoted(pBlock->Value("PRODUCTCODE")) + " is " +
-                     Quoted(other->pBlock->Value("PRODUCTCODE")) + " (" +
-                     InLine(other->pBlock->PlaceOf("PRODUCTCODE")) +
+                     Quoted(other.Value("PRODUCTCODE")) + " (" +
+                     InLine(other.PlaceOf("PRODUCTCODE")) +
                      ") followed by CheckFile, which is where the path of that product's check "
                      "file is recorded.",
                  "Give the product a code of its own.");
@@ -168,12 +164,11 @@ constexpr Rule RepeatedPrerequisite = {
     "Both must be met; often the second was meant to be another one."};
 
 void CheckRepeatedPrerequisites(const Suite& suite, Report& report) {
-  std::map<std::pair<std::size_t, std::string>, Place> first;  // by product and code
+  std::map<std::pair<std::size_t, std::string_view>, Place> first;  // by product and code
   for (const ListBlock& block : suite.list.blocks) {
-    std::string sCode = CodeOf(block);
-    if (block.kind != BlockKind::Dependency || sCode.empty()) continue;
+    if (block.kind != BlockKind::Dependency || block.sCode.empty()) continue;
     const Place place = block.PlaceOf("PRODUCTCODE");
-    const auto [found, bNew] = first.emplace(std::pair(block.nAround, std::move(sCode)), place);
+    const auto [found, bNew] = first.try_emplace({block.nAround, block.sCode}, place);
     if (!bNew)
       report.Warn(place,
                   "The product names the prerequisite " + Quoted(block.Value("PRODUCTCODE")) +
@@ -203,10 +198,10 @@ constexpr Rule NotOffered = {"not-offered",
                              "The user who lacks it cannot install it from this menu."};
 
 void CheckOffered(const Suite& suite, Report& report) {
-  const Products products = suite.list.Products();
+  const Blocks products = suite.list.Products();
   ForEachPrerequisite(suite, [&](const ListBlock& prerequisite, const ListBlock* pProduct) {
     if (pProduct != nullptr) return;
-    const std::string sSimilar = SimilarCode(products, CodeOf(prerequisite));
+    const std::string sSimilar = SimilarCode(products, prerequisite.sCode);
     report.Warn(
         prerequisite.PlaceOf("PRODUCTCODE"),
         "No product of this list has the code " + Quoted(prerequisite.Value("PRODUCTCODE")) +
@@ -303,7 +298,7 @@ class CircleSearch {
   }
 
   void Follow(const ListBlock& block) {
-    const auto number = numbers_.find(CodeOf(block));
+    const auto number = numbers_.find(block.sCode);
     if (number == numbers_.end()) return;
     if (states_[number->second] == State::New)
       Enter(number->second);
@@ -325,8 +320,8 @@ class CircleSearch {
                   "None of them can be installed. Remove one of the prerequisites.");
   }
 
-  Products products_;
-  std::unordered_map<std::string, std::size_t> numbers_;
+  Blocks products_;
+  std::unordered_map<std::string_view, std::size_t> numbers_;
   std::vector<Need> needs_;  // by their products
   std::vector<State> states_;
   std::vector<Step> path_;
@@ -361,21 +356,22 @@ constexpr Rule RevisionOrder = {
 
 // Of revisions in the order of their texts, neighbours show whether all are in
 // the order of their numbers.
-void CheckOrderOf(std::span<const CodedBlock> ofOneCode, Report& report) {
+void CheckOrderOf(std::span<const ListBlock* const> ofOneCode, Report& report) {
   std::map<std::string_view, Place> revisions;
-  for (const auto& [sCode, pBlock] : ofOneCode)
+  for (const ListBlock* pBlock : ofOneCode)
     if (const std::string_view sRevision = pBlock->Value("REVISION"); !sRevision.empty())
       revisions.emplace(sRevision, pBlock->PlaceOf("REVISION"));
   for (auto higher = revisions.begin(); higher != revisions.end(); ++higher) {
     if (higher == revisions.begin()) continue;
     const auto lower = std::prev(higher);
     if (std::is_gt(CompareByNumbers(lower->first, higher->first)))
-      ReportOrder(ofOneCode.front().sCode, *lower, *higher, report);
+      ReportOrder(ofOneCode.front()->sCode, *lower, *higher, report);
   }
 }
 
 void CheckRevisionOrder(const Suite& suite, Report& report) {
-  const auto blocks = BlocksByCode(suite.list);
+  Blocks blocks = BlocksWithCode(suite.list);
+  SortByCode(blocks);
   for (auto first = blocks.begin(); first != blocks.end();) {
     const auto end = std::upper_bound(first, blocks.end(), *first, HasLowerCode);
     CheckOrderOf({first, end}, report);

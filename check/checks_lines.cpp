@@ -50,11 +50,11 @@ void CheckCodePage(const Suite& suite, Report& report) {
   if (HasFault(suite.list, &rule::NotAnsi, 1)) return;  // the whole file
   const bool bUtf8 = IsUtf8(lines.Text());
   for (std::int32_t l = 1; l <= lines.Count(); ++l) {
-    const std::size_t nMark = MarkLength(lines.Line(l), l);
-    const std::string_view sLine = lines.Line(l).substr(nMark);
-    if (IsComment(sLine)) continue;
+    std::string_view sLine = lines.Line(l);
+    const std::size_t nMark = MarkLength(sLine, l);
+    sLine.remove_prefix(nMark);
     const auto foreign = FindForeignText(sLine, bUtf8);
-    if (!foreign) continue;
+    if (!foreign || IsComment(sLine)) continue;
     report.Error(
         {l, static_cast<std::int32_t>(foreign->nOffset + nMark) + 1,
          static_cast<std::int32_t>(foreign->nLength)},

@@ -36,7 +36,7 @@ std::optional<std::string> WholeInCodePage(const std::string& sUtf8) {
 // Whether UTF-8 is meant although the file is in the code page: the characters are
 // such as the code page has, too.
 bool IsMeantAsUtf8(std::string_view sLine) {
-  return IsUtf8(sLine) && (IsAscii(sLine) || WholeInCodePage(std::string(sLine)));
+  return IsAscii(sLine) || (IsUtf8(sLine) && WholeInCodePage(std::string(sLine)));
 }
 
 // The first character of a text in UTF-8 that the code page lacks.
@@ -95,6 +95,7 @@ bool IsUtf16(std::string_view sFile) {
 }
 
 bool IsUtf8(std::string_view sText) {
+  if (IsAscii(sText)) return true;  // as most are
   for (std::size_t n = 0; n < sText.size();) {
     const std::size_t nLength = IsAsciiByte(Byte(sText, n)) ? 1 : Utf8Length(sText, n);
     if (nLength == 0) return false;

@@ -11,6 +11,7 @@
 #include "check/statements.h"
 #include "texts/messages.h"
 #include "texts/string_resources.h"
+#include "texts/text.h"
 
 namespace trelin {
 
@@ -375,6 +376,7 @@ CheckedList ReadCheckedList(const std::string& sName, std::unique_ptr<InputFile>
   }
   ReadStatements(list);
   StructureReader(list).Read();
+  for (ListBlock& block : list.blocks) block.sCode = UpperCase(block.Value("PRODUCTCODE"));
   return list;
 }
 

@@ -28,7 +28,7 @@ std::string RecordedRevision(const std::string& sOffered, const std::string& sSt
 std::string RevisionOf(const CheckedList& list, const std::string& sCode) {
   for (const BlockKind kind : {BlockKind::Application, BlockKind::Dependency})
     for (const ListBlock& block : list.blocks)
-      if (block.kind == kind && UpperCase(block.Value("PRODUCTCODE")) == UpperCase(sCode))
+      if (block.kind == kind && block.sCode == UpperCase(sCode))
         return std::string(block.Value("REVISION"));
   throw std::invalid_argument("The setup list has no product code \"" + sCode + "\".");
 }
