@@ -68,25 +68,28 @@ void BoxArea::Refresh() {
 }
 
 void BoxArea::paintEvent(QPaintEvent* /*pEvent*/) {
-  if (!box_.OnPaint) return QPainter(this).fillRect(rect(), ToQColor(backColor_));
-  if (!bPainted_ || painted_.size() != size()) Paint();
-  QPainter(this).drawPixmap(0, 0, painted_);
+  if (!bPainted_) Paint();
+  QPainter painter(this);
+  painter.fillRect(rect(), ToQColor(backColor_));
+  for (const Step& step : steps_) step(painter);
 }
 
 void BoxArea::Paint() {
-  painted_ = QPixmap(size());
-  painted_.fill(ToQColor(backColor_));
+  steps_.clear();
   drawn_.reset();
   bPainted_ = true;  // unless the handler calls Refresh
-  QPainter painter(&painted_);
-  pPainter_ = &painter;
+  bPainting_ = true;
   if (!DispatchPaint(box_.OnPaint)) bPainted_ = false;
-  pPainter_ = nullptr;
+  bPainting_ = false;
+}
+
+void BoxArea::Draw(Step step) {
+  if (bPainting_) steps_.push_back(std::move(step));
 }
 
 void BoxArea::Draw(const Image& image, const QImage& pixels) {
-  if (pPainter_ != nullptr) {
-    pPainter_->drawImage(image.place, pixels);
+  if (bPainting_) {
+    Draw([place = image.place, pixels](QPainter& painter) { painter.drawImage(place, pixels); });
     drawn_ = image;
   } else if (drawn_ != image) {
     Refresh();
@@ -186,8 +189,6 @@ Color PictureBox::BackColor() const { return AreaOf(*this).BackColor(); }
 Color PictureBox::ForeColor() const { return Color::ButtonText; }
 
 void PictureBox::Line(Twips x1, Twips y1, Twips x2, Twips y2, Color color) {
-  QPainter* const pPainter = AreaOf(*this).CurrentPainter();
-  if (pPainter == nullptr) return;
   const QPoint from(PixelsX(x1), PixelsY(y1));
   const QPoint to(PixelsX(x2), PixelsY(y2));
   const bool bHorizontal = from.y() == to.y();
@@ -195,16 +196,16 @@ void PictureBox::Line(Twips x1, Twips y1, Twips x2, Twips y2, Color color) {
       bHorizontal ? LinePixels(from.x(), to.x()) : LinePixels(from.y(), to.y());
   const QRect line =
       bHorizontal ? QRect(nFirst, from.y(), nCount, 1) : QRect(from.x(), nFirst, 1, nCount);
-  pPainter->fillRect(line, ToQColor(color));
+  AreaOf(*this).Draw([line, color](QPainter& painter) { painter.fillRect(line, ToQColor(color)); });
 }
 
 void PictureBox::DrawFocusRectangle(Twips left, Twips top, Twips width, Twips height) {
-  QPainter* const pPainter = AreaOf(*this).CurrentPainter();
-  if (pPainter == nullptr) return;
   QStyleOptionFocusRect option;
   option.rect = QRect(PixelsX(left), PixelsY(top), PixelsX(width), PixelsY(height));
   option.backgroundColor = ToQColor(BackColor());
-  QApplication::style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, pPainter);
+  AreaOf(*this).Draw([option](QPainter& painter) {
+    QApplication::style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter);
+  });
 }
 
 bool PictureBox::ShowsFocus() const { return HasFocus() && FormOf(AreaOf(*this)).ShowsFocus(); }

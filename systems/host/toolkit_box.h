@@ -6,20 +6,20 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QPixmap>
 #include <QWheelEvent>
 #include <QWidget>
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "seam/toolkit.h"
 
 namespace trelin {
 
 // The inside of a picture box: what the program paints and the pointer meets.
-// It keeps what was painted, so that a repaint of the container, which Qt
-// extends to all that lies in it, raises no paint event of the box.
+// It keeps what the program drew, step by step, so that a repaint of the container,
+// which Qt extends to all that lies in it, raises no paint event of the box.
 class BoxArea : public QWidget {
  public:
   // A picture of an image list that the box shows.
@@ -51,8 +51,8 @@ class BoxArea : public QWidget {
   // unless this is what was drawn last.
   void Draw(const Image& image, const QImage& pixels);
 
-  // Null unless the box is being painted.
-  QPainter* CurrentPainter() const { return pPainter_; }
+  using Step = std::function<void(QPainter&)>;
+  void Draw(Step step);  // nothing unless the box is being painted
 
   // Turns the scroll bar in the box, if there is one.
   std::function<void(QWheelEvent&)> OnWheel;
@@ -60,6 +60,7 @@ class BoxArea : public QWidget {
  protected:
   bool event(QEvent* pEvent) override;
   void paintEvent(QPaintEvent* pEvent) override;
+  void resizeEvent(QResizeEvent* /*pEvent*/) override { Refresh(); }
   void keyPressEvent(QKeyEvent* pEvent) override;
   void focusInEvent(QFocusEvent* pEvent) override;
   void focusOutEvent(QFocusEvent* pEvent) override;
@@ -73,13 +74,13 @@ class BoxArea : public QWidget {
   void Paint();
 
   PictureBox& box_;
-  QPixmap painted_;
+  std::vector<Step> steps_;
   bool bPainted_ = false;
-  std::optional<Image> drawn_;  // last in painted_
+  bool bPainting_ = false;
+  std::optional<Image> drawn_;  // last among the steps
   Color backColor_ = Color::ButtonFace;
   BoxRole role_ = BoxRole::Pane;
   bool bSelected_ = false;
-  QPainter* pPainter_ = nullptr;
   bool bPressed_ = false;
 };
 

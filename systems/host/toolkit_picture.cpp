@@ -56,6 +56,13 @@ QImage Decode(const std::string& sBytes) {
   return bIcon ? WithIconMask(image, sBytes, nIndex) : image;
 }
 
+QImage DecodeProgramIcon() {
+  InitResources();
+  QFile file(":/trelin.ico");
+  if (!file.open(QIODevice::ReadOnly)) throw std::logic_error("The program's icon is missing.");
+  return Decode(file.readAll().toStdString());
+}
+
 }  // namespace
 
 int Picture::WidthPixels() const { return native_->image.width(); }
@@ -72,11 +79,10 @@ Picture Picture::LoadFromFile(const std::string& sPath) {
   }
 }
 
+// Windows and lists ask for it, four times until the menu is open.
 Picture Picture::ProgramIcon() {
-  InitResources();
-  QFile file(":/trelin.ico");
-  if (!file.open(QIODevice::ReadOnly)) throw std::logic_error("The program's icon is missing.");
-  return Picture(std::make_shared<const Native>(Native{Decode(file.readAll().toStdString())}));
+  static const auto native = std::make_shared<const Native>(Native{DecodeProgramIcon()});
+  return Picture(native);
 }
 
 }  // namespace trelin

@@ -4,7 +4,9 @@
 #include <QIcon>
 #include <QPalette>
 #include <QPixmap>
-#include <QStyleFactory>
+#include <QProxyStyle>
+#include <QStyleOptionSlider>
+#include <algorithm>
 #include <memory>
 
 #include "systems/host/toolkit_accessible.h"
@@ -30,6 +32,29 @@ QPalette ClassicPalette() {
     palette.setColor(QPalette::Disabled, role, shadow);
   return palette;
 }
+
+// Qt shares the filling of a pattern that is higher than this out among threads, which it
+// starts for it and waits for.
+constexpr int BandHeight = 64;
+
+// The trough of a scroll bar is drawn in bands.
+class ClassicStyle : public QProxyStyle {
+ public:
+  ClassicStyle() : QProxyStyle("Windows") {}
+
+  void drawControl(ControlElement element, const QStyleOption* pOption, QPainter* pPainter,
+                   const QWidget* pWidget) const override {
+    const auto* pTrough = qstyleoption_cast<const QStyleOptionSlider*>(pOption);
+    if (pTrough == nullptr || (element != CE_ScrollBarAddPage && element != CE_ScrollBarSubPage))
+      return QProxyStyle::drawControl(element, pOption, pPainter, pWidget);
+    QStyleOptionSlider band(*pTrough);
+    for (int y = pTrough->rect.top(); y <= pTrough->rect.bottom(); y += BandHeight) {
+      band.rect.setTop(y);
+      band.rect.setBottom(std::min(y + BandHeight - 1, pTrough->rect.bottom()));
+      QProxyStyle::drawControl(element, &band, pPainter, pWidget);
+    }
+  }
+};
 
 // A variable of the environment for as long as this lives. Programs that are
 // started later are to find it as it was.
@@ -66,7 +91,7 @@ std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv) {
   InstallAccessibility();
   // The loop of a window ends when it is unloaded, not when Qt sees none left.
   application->setQuitOnLastWindowClosed(false);
-  QApplication::setStyle(QStyleFactory::create("Windows"));
+  QApplication::setStyle(new ClassicStyle);
   QApplication::setPalette(ClassicPalette());
   QApplication::setFont(FontOf(LabelFont()));
   // The icon of message boxes that no window owns.
