@@ -186,10 +186,10 @@ bool WriteAll(int hFile, std::string_view sBytes) {
 }
 
 std::optional<std::string> StatInAnyCase(std::string_view sPath, struct stat& status) {
-  auto [sHostPath, lReason] = TryInAnyCase(
+  Tried tried = TryInAnyCase(
       sPath, [&status](const std::string& sTried) { return stat(sTried.c_str(), &status) == 0; });
-  if (lReason != 0) return std::nullopt;
-  return std::move(sHostPath);
+  if (tried.lReason != 0) return std::nullopt;
+  return std::move(tried.sHostPath);
 }
 
 std::unique_ptr<InputFile> OpenHostFile(const std::string& sPath, HostFileKinds kinds) {
