@@ -126,11 +126,12 @@ void CheckCodesOfCheckFiles(const Suite& suite, Report& report) {
   for (const ListBlock* pBlock : blocks) {
     const bool bFirst = std::exchange(sLast, pBlock->sCode) != pBlock->sCode;
     if (!bFirst || !isOfCheckFile(pBlock)) continue;
-    ListBlock wanted;
-    wanted.sCode = pBlock->sCode.substr(0, pBlock->sCode.size() - End.size());
-    const ListBlock& other =
-        **std::lower_bound(blocks.begin(), blocks.end(), &wanted, HasLowerCode);
-    if (other.sCode != wanted.sCode) continue;
+    const auto sWanted =
+        std::string_view(pBlock->sCode).substr(0, pBlock->sCode.size() - End.size());
+    const ListBlock& other = **std::lower_bound(
+        blocks.begin(), blocks.end(), sWanted,
+        [](const ListBlock* pOther, std::string_view sCode) { return pOther->sCode < sCode; });
+    if (other.sCode != sWanted) continue;
     report.Error(pBlock->PlaceOf("PRODUCTCODE"),
                  "The product code " + Quoted(pBlock->Value("PRODUCTCODE")) + " is " +
                      Quoted(other.Value("PRODUCTCODE")) + " (" +

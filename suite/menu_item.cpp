@@ -21,13 +21,8 @@ TextNumber StatusText(ProductState state) {
   return TextNumber::NotInstalled;
 }
 
-namespace {
-
-constexpr std::size_t UsualBytes = 240;  // of a product's values
-
-}  // namespace
-
 void MenuItem::Initialize() {
+  constexpr std::size_t UsualBytes = 240;  // of a product's values
   objDependencies_ = DependencyCollection();
   objDependencies_.Initialize();
   values_.Clear();
