@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 #include "seam/platform_error.h"
@@ -23,9 +24,9 @@ LibraryHandle StringTables::Load(const std::string& sPath) try {
 std::int32_t StringTables::LoadText(LibraryHandle hLibrary, std::int32_t lId, char* pBuffer,
                                     std::int32_t lSize) {
   if (lSize <= 0) return 0;
-  const auto library = libraries_.find(hLibrary);
-  const std::string sText =
-      library == libraries_.end() ? "" : Text(library->second, static_cast<std::uint16_t>(lId));
+  std::string_view sText;
+  if (const auto library = libraries_.find(hLibrary); library != libraries_.end())
+    sText = Text(library->second, static_cast<std::uint16_t>(lId));
   const std::size_t nCount = sText.copy(pBuffer, static_cast<std::size_t>(lSize) - 1);
   pBuffer[nCount] = '\0';
   return static_cast<std::int32_t>(nCount);

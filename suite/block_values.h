@@ -27,20 +27,21 @@ class BlockValues {
   };
 
   std::string operator[](Key key) const {
-    const Place& place = places_[key.nPlace];
-    return sValues_.substr(place.nBegin, place.nSize);
+    return sValues_.substr(Begin(key.nPlace), ends_[key.nPlace] - Begin(key.nPlace));
   }
 
   // The key's value from now on. False, and nothing is set, when sKey is none of Keys.
-  // Throws std::length_error when there would be more than the places can number.
+  // Throws std::length_error when there would be more than the ends can number.
   bool Set(std::string_view sKey, std::string_view sValue) {
     const std::size_t nKey = PlaceOf(sKey);
     if (nKey == Keys.size()) return false;
-    if (sValue.size() > MostBytes - sValues_.size())
+    const std::size_t nBegin = Begin(nKey);
+    const std::size_t nOld = ends_[nKey] - nBegin;
+    if (sValue.size() > MostBytes - (sValues_.size() - nOld))
       throw std::length_error("The values of a block take more than 4 GB.");
-    const auto nBegin = static_cast<std::uint32_t>(sValues_.size());
-    sValues_ += sValue;
-    places_[nKey] = {nBegin, static_cast<std::uint32_t>(sValue.size())};
+    sValues_.replace(nBegin, nOld, sValue);
+    const auto nMore = static_cast<std::uint32_t>(sValue.size() - nOld);  // may be below 0
+    for (std::size_t n = nKey; n < Keys.size(); ++n) ends_[n] += nMore;
     return true;
   }
 
@@ -57,13 +58,11 @@ class BlockValues {
 
   static constexpr std::size_t MostBytes = std::numeric_limits<std::uint32_t>::max();
 
-  struct Place {
-    std::uint32_t nBegin = 0;
-    std::uint32_t nSize = 0;
-  };
+  // Where the value of a key begins in the values: where that of the key before ends.
+  std::size_t Begin(std::size_t nKey) const { return nKey == 0 ? 0 : ends_[nKey - 1]; }
 
-  std::string sValues_;
-  std::array<Place, Keys.size()> places_ = {};
+  std::string sValues_;  // in the order of Keys
+  std::array<std::uint32_t, Keys.size()> ends_ = {};
 };
 
 }  // namespace trelin

@@ -40,7 +40,8 @@ KeyHandle CreateInternal(RegistryKey hParent, const std::string& sPath) {
 std::string RegEntry::FullPath(const std::string& sKey) const {
   std::string sPath;
   sPath.reserve(DefaultRoot().size() + 1 + sKey.size());
-  return sPath.append(DefaultRoot()).append("\\").append(sKey);
+  sPath.append(DefaultRoot()).append("\\").append(sKey);
+  return sPath;
 }
 
 void RegEntry::OpenKey(const std::string& sKey) {

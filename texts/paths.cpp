@@ -26,7 +26,8 @@ std::string SetupListIn(const std::string& sPath) {
 std::string JoinPath(const std::string& sFolder, const std::string& sFile) {
   std::string sPath(TrimSpaces(sFolder));
   AddBackslash(sPath);
-  return sPath.append(TrimSpaces(sFile));
+  sPath += TrimSpaces(sFile);
+  return sPath;
 }
 
 void AddBackslash(std::string& sFolder) {

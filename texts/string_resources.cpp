@@ -39,8 +39,7 @@ std::string FiveDigits(std::int32_t lBase) {
 }
 
 std::string LibraryFileName(std::int32_t lId) {
-  std::string sName = LanguageCode;
-  return sName.append(FiveDigits(ResourceBlockBase(lId))).append(".DLL");
+  return LanguageCode + FiveDigits(ResourceBlockBase(lId)) + ".DLL";
 }
 
 LibraryHandle LoadLibraryFile(const std::string& sFileName) {
