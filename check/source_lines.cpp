@@ -31,7 +31,6 @@ SourceLines ReadSourceLines(const std::string& sName, std::unique_ptr<InputFile>
     if (lines.Text().size() > MaxFileBytes)
       throw PlatformError("read the file", sName, "it has more than 64 MB");
   }
-  lines.ShrinkToFit();
   return lines;
 }
 

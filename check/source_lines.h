@@ -16,9 +16,6 @@ class SourceLines {
   // Appends one, without its end.
   void Add(std::string_view sLine);
 
-  // Gives back the memory that further lines would have taken.
-  void ShrinkToFit() { text_.shrink_to_fit(), ends_.shrink_to_fit(); }
-
   std::int32_t Count() const { return static_cast<std::int32_t>(ends_.size()); }
 
   // The text of a line, from 1; empty for a number that there is not. Once all

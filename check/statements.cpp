@@ -68,7 +68,11 @@ class StatementReader {
         {statement.kind, lLine_, key, bValue ? PartOf(statement.sRest, sText) : StatementPart()});
   }
 
+  // A known key is the text that tables have: rules compare keys so often that texts
+  // all over the file would keep them waiting.
   std::string_view Upper(std::string_view sWord) {
+    for (const BlockKind kind : {BlockKind::Application, BlockKind::Dependency})
+      if (const auto nKey = KeyNumber(kind, sWord)) return KeysOf(kind)[*nKey];
     std::string sUpper = UpperCase(sWord);
     return sUpper == sWord ? sWord : Keep(std::move(sUpper));
   }
