@@ -57,7 +57,7 @@ void BoxWindow::SetBorder(BoxBorder border) {
 
 void BoxWindow::SetBackColor(Color color) {
   backColor_ = color;
-  Refresh();
+  Invalidate();
   for (HWND hChild = GetWindow(Handle(), GW_CHILD); hChild != nullptr;
        hChild = GetWindow(hChild, GW_HWNDNEXT)) {
     if (auto* pChild = dynamic_cast<ControlWindow*>(Of(hChild))) pChild->BackgroundChanged();
@@ -72,8 +72,6 @@ Color BoxWindow::ShownBackColor() const {
 Color BoxWindow::ForeColor() const {
   return ShownBackColor() == Color::Highlight ? Color::HighlightText : Color::ButtonText;
 }
-
-void BoxWindow::Refresh() { InvalidateRect(Handle(), nullptr, FALSE); }
 
 std::optional<LRESULT> BoxWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
   if (IsPress(message)) Form().ShowFocus(false);
@@ -122,7 +120,7 @@ void BoxWindow::Draw(const BoxImage& image) {
     ImageList_Draw(image.hList, image.nIndex, hContext_, image.nX, image.nY, ILD_TRANSPARENT);
     drawn_ = image;
   } else if (drawn_ != image) {
-    Refresh();
+    Invalidate();
   }
 }
 
@@ -240,7 +238,7 @@ void PictureBox::DrawFocusRectangle(Twips left, Twips top, Twips width, Twips he
 
 bool PictureBox::ShowsFocus() const { return HasFocus() && BoxOf(*this).Form().ShowsFocus(); }
 
-void PictureBox::Refresh() { BoxOf(*this).Refresh(); }
+void PictureBox::Refresh() { native_->window->Invalidate(); }
 
 void PictureBox::SetRole(BoxRole role) { BoxOf(*this).SetRole(role); }
 

@@ -29,7 +29,6 @@ class BoxWindow : public ControlWindow {
   Color BackColor() const { return backColor_; }
   Color ShownBackColor() const;
   Color ForeColor() const;
-  void Refresh();
 
   // For accessibility clients; the window's text is the name.
   void SetRole(BoxRole role) { role_ = role; }

@@ -76,7 +76,8 @@ void ControlWindow::Place() {
 void ControlWindow::SetFont(const LabelFont& font) {
   font_ = font;
   const HFONT hFont = FontOf(font, form_->Dpi());
-  SendMessageA(Handle(), WM_SETFONT, reinterpret_cast<WPARAM>(hFont), TRUE);
+  SendMessageA(Handle(), WM_SETFONT, reinterpret_cast<WPARAM>(hFont), FALSE);
+  Invalidate();
 }
 
 bool ControlWindow::IsTabStop() const {
@@ -87,6 +88,8 @@ std::optional<LRESULT> ControlWindow::Answer(UINT message, WPARAM wParam, LPARAM
   if (message == WM_SETFOCUS) form_->FocusMoved(Handle());
   if (IsPress(message)) form_->ShowFocus(false);
   if (form_->AnswerKey(message, wParam, lParam)) return 0;
+  const SIZE frame = Frame();
+  if (message == WM_NCPAINT && frame.cx == 0 && frame.cy == 0) return 0;
   if (message == WM_MOUSEWHEEL && form_->AnswerWheel(Handle(), wParam, lParam)) return 0;
   return NativeWindow::Answer(message, wParam, lParam);
 }

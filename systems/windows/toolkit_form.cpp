@@ -76,16 +76,6 @@ UINT FormWindow::FittingDpi(UINT dpi) const {
   return std::min(WithTextScale(dpi), nHighest);
 }
 
-// What lies around the inside.
-SIZE FormWindow::Frame() const {
-  RECT inside{};
-  RECT outside{};
-  GetClientRect(Handle(), &inside);
-  GetWindowRect(Handle(), &outside);
-  return {outside.right - outside.left - inside.right,
-          outside.bottom - outside.top - inside.bottom};
-}
-
 // So that the inside has its measures, whatever frame the system gives it.
 void FormWindow::Resize() {
   const SIZE frame = Frame();
@@ -118,7 +108,9 @@ void FormWindow::Open(const WindowLoop* pOuter) {
     SetWindowLongPtrA(Handle(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(pOuter->Window()));
     EnableWindow(pOuter->Window(), FALSE);
   }
-  ShowWindow(Handle(), SW_SHOW);
+  // Each part is painted once and not erased before.
+  SetWindowPos(Handle(), HWND_TOP, 0, 0, 0, 0,
+               SWP_SHOWWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_DEFERERASE);
   // The first window of a process comes as its starter has asked for, which may
   // be out of sight.
   if (IsIconic(Handle()) || !IsWindowVisible(Handle())) ShowWindow(Handle(), SW_SHOWNORMAL);

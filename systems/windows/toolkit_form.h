@@ -80,7 +80,6 @@ class FormWindow : public NativeWindow {
   void Tick(WPARAM id);
   void ChangeDpi(UINT dpi, const RECT* pPlace);
   UINT FittingDpi(UINT dpi) const;
-  SIZE Frame() const;
   void Resize();
 
   Form& form_;

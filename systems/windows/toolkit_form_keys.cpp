@@ -24,7 +24,7 @@ BoxWindow* BoxOf(HWND hControl) {
 
 // A box may show that it has the focus.
 void RefreshBox(HWND hControl) {
-  if (BoxWindow* pBox = BoxOf(hControl)) pBox->Refresh();
+  if (BoxWindow* pBox = BoxOf(hControl)) pBox->Invalidate();
 }
 
 }  // namespace

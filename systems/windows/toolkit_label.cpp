@@ -23,7 +23,7 @@ class LabelWindow : public ControlWindow {
   LabelWindow(Label& label, NativeWindow& container)
       : ControlWindow("STATIC", SS_LEFT | SS_NOPREFIX | SS_NOTIFY, 0, container), label_(label) {}
 
-  void BackgroundChanged() override { InvalidateRect(Handle(), nullptr, FALSE); }
+  void BackgroundChanged() override { Invalidate(); }
 
  protected:
   std::optional<LRESULT> Answer(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -71,7 +71,7 @@ std::optional<LRESULT> LabelWindow::Answer(UINT message, WPARAM wParam, LPARAM l
 // Keeps the text; the static text's own procedure would draw it, too.
 LRESULT LabelWindow::SetText(LPARAM lParam) {
   const LRESULT result = DefWindowProcA(Handle(), WM_SETTEXT, 0, lParam);
-  InvalidateRect(Handle(), nullptr, FALSE);
+  Invalidate();
   TellClients(EVENT_OBJECT_NAMECHANGE, Handle());
   return result;
 }

@@ -82,6 +82,7 @@ bool PaletteHasAlpha(IWICBitmapSource& source) {
 bool FormatHasAlpha(IWICBitmapSource& source) {
   WICPixelFormatGUID format{};
   Require(source.GetPixelFormat(&format));
+  if (format == GUID_WICPixelFormat24bppBGR) return false;  // most have it, and asking takes long
   const auto info =
       Made<IWICComponentInfo>([&](auto** pp) { return Factory().CreateComponentInfo(format, pp); });
   const auto pixels = Made<IWICPixelFormatInfo2>([&](IWICPixelFormatInfo2** pp) {

@@ -48,6 +48,19 @@ void NativeWindow::Create(const char* pClass, DWORD style, DWORD extendedStyle, 
       SetWindowLongPtrA(Handle(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Procedure)));
 }
 
+SIZE NativeWindow::Frame() const {
+  RECT inside{};
+  RECT outside{};
+  GetClientRect(Handle(), &inside);
+  GetWindowRect(Handle(), &outside);
+  return {outside.right - outside.left - inside.right,
+          outside.bottom - outside.top - inside.bottom};
+}
+
+void NativeWindow::Invalidate() {
+  if (IsWindowVisible(Handle())) InvalidateRect(Handle(), nullptr, FALSE);
+}
+
 NativeWindow* NativeWindow::Of(HWND hWindow) {
   if (GetWindowLongPtrA(hWindow, GWLP_WNDPROC) != reinterpret_cast<LONG_PTR>(Procedure))
     return nullptr;

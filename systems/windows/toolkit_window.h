@@ -19,6 +19,12 @@ class NativeWindow {
   // Null once its container was destroyed and took it along.
   HWND Handle() const { return window_.get(); }
 
+  // How much wider and higher the window is than its inside.
+  SIZE Frame() const;
+
+  // Has it painted anew. One that is out of sight is painted when it comes up.
+  void Invalidate();
+
   // The object behind a window of this toolkit; null for other windows.
   static NativeWindow* Of(HWND hWindow);
 
