@@ -100,6 +100,7 @@ std::string ImageKey(std::int32_t lItem) { return "n" + std::to_string(lItem); }
 void frmMainMenu::LoadIcons() {
   std::unordered_map<std::string, std::string> keys;  // by file name: each file is read once
   const std::int32_t lCount = objSetupList->MenuItems().Count();
+  keys.reserve(static_cast<std::size_t>(lCount));
   for (std::int32_t i = 1; i <= lCount; ++i) {
     const std::string sImageFile = objSetupList->MenuItems().Item(i)->ImageFile();
     if (sImageFile.empty()) continue;
