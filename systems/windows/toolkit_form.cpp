@@ -108,9 +108,7 @@ void FormWindow::Open(const WindowLoop* pOuter) {
     SetWindowLongPtrA(Handle(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(pOuter->Window()));
     EnableWindow(pOuter->Window(), FALSE);
   }
-  // Each part is painted once and not erased before.
-  SetWindowPos(Handle(), HWND_TOP, 0, 0, 0, 0,
-               SWP_SHOWWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_DEFERERASE);
+  ShowWindow(Handle(), SW_SHOW);
   // The first window of a process comes as its starter has asked for, which may
   // be out of sight.
   if (IsIconic(Handle()) || !IsWindowVisible(Handle())) ShowWindow(Handle(), SW_SHOWNORMAL);
