@@ -88,8 +88,7 @@ std::optional<LRESULT> ControlWindow::Answer(UINT message, WPARAM wParam, LPARAM
   if (message == WM_SETFOCUS) form_->FocusMoved(Handle());
   if (IsPress(message)) form_->ShowFocus(false);
   if (form_->AnswerKey(message, wParam, lParam)) return 0;
-  const SIZE frame = Frame();
-  if (message == WM_NCPAINT && frame.cx == 0 && frame.cy == 0) return 0;
+  if (message == WM_NCPAINT && !HasFrame()) return 0;
   if (message == WM_MOUSEWHEEL && form_->AnswerWheel(Handle(), wParam, lParam)) return 0;
   return NativeWindow::Answer(message, wParam, lParam);
 }

@@ -57,6 +57,11 @@ SIZE NativeWindow::Frame() const {
           outside.bottom - outside.top - inside.bottom};
 }
 
+bool NativeWindow::HasFrame() const {
+  const SIZE frame = Frame();
+  return frame.cx != 0 || frame.cy != 0;
+}
+
 void NativeWindow::Invalidate() {
   if (IsWindowVisible(Handle())) InvalidateRect(Handle(), nullptr, FALSE);
 }

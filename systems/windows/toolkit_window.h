@@ -21,6 +21,7 @@ class NativeWindow {
 
   // How much wider and higher the window is than its inside.
   SIZE Frame() const;
+  bool HasFrame() const;
 
   // Has it painted anew. One that is out of sight is painted when it comes up.
   void Invalidate();

@@ -38,11 +38,12 @@ TEST_F(SetupListTest, ReadsAWholeFile) {
       "block setuplist Suite\r\n"
       "TITLE = first\r\ntitle = Suite Setup\r\n"
       "BLOCK APPLICATION Inspect\r\n"
-      "PRODUCT = not this\r\nProduct = Inspection Station\r\n"
+      "PRODUCT = not this, which is longer\r\n"
       "\tDESCRIPTION = Measures parts\r\nIMAGE = inspect.bmp\r\n"
       "BLOCK DEPENDENCY\r\nTITLE = Common Runtime\r\nPRODUCTCODE = RUNTIME\r\nEND\r\n"
       "INSTALLFILE = inspect.exe\r\nREADMEFILE = readme.exe inspect.txt\r\n"
       "UNINSTALLNAME = x\r\nREVISION = 2.1\r\nPRODUCTCODE = INSPECT\r\n"
+      "Product = Inspection Station\r\n"
       "END\r\n"
       "BLOCK APPLICATION\r\nPRODUCT = Report Designer\r\n");  // the ENDs may be missing
   EXPECT_EQ(list.MenuItems().Count(), 2);
