@@ -1,7 +1,7 @@
 #include "bench/bench_platform.h"
 
-#include <unistd.h>
-
+#include <cerrno>
+#include <cstdlib>
 #include <fstream>
 #include <system_error>
 
@@ -10,11 +10,19 @@
 
 namespace trelin {
 
-BenchFolder::BenchFolder()
-    : path_(std::filesystem::temp_directory_path() / ("trelin-bench-" + std::to_string(getpid()))),
-      bOwn_(true) {
-  std::filesystem::create_directory(path_);
+namespace {
+
+// One that nobody has, not even a benchmark that was killed.
+std::filesystem::path NewFolder() {
+  std::string sPath = std::filesystem::temp_directory_path() / "trelin-bench-XXXXXX";
+  if (mkdtemp(sPath.data()) == nullptr)
+    throw std::system_error(errno, std::generic_category(), "make a folder " + sPath);
+  return sPath;
 }
+
+}  // namespace
+
+BenchFolder::BenchFolder() : path_(NewFolder()), bOwn_(true) {}
 
 BenchFolder::~BenchFolder() {
   if (!bOwn_) return;
