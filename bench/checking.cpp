@@ -15,6 +15,7 @@
 
 #include "bench/bench_platform.h"
 #include "bench/made_suite.h"
+#include "bench/rounds.h"
 #include "shared/registry_file.h"
 #include "suite/setup_list.h"
 #include "systems/host/host_path.h"
@@ -134,6 +135,5 @@ int main(int argc, char** argv) {
       trelin::SuiteOf(std::stoi(arguments[2])).Check();
     return 0;
   }
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
+  trelin::RunBenchmarks(argc, argv);
 }

@@ -14,6 +14,7 @@
 #include <string>
 
 #include "bench/bench_platform.h"
+#include "bench/rounds.h"
 #include "shared/memory_registry.h"
 #include "shared/registry_file.h"
 #include "status/read_only.h"
@@ -113,6 +114,5 @@ int main(int argc, char** argv) {
   };
   measure("status/exports/trelin", trelin::LookAtExports);
   measure("status/exports/gkeyfile", trelin::ReadWithGlib);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
+  trelin::RunBenchmarks(argc, argv);
 }

@@ -9,8 +9,10 @@ from collections import defaultdict
 
 from common import BUILD, ENVIRONMENT, RUNS, WINDOWS_BUILD, output, run
 from growth import measure_work, suite_of
+from instructions import COUNTED
 
-ALTERNATING = "--benchmark_enable_random_interleaving=true"  # what is compared takes turns
+READING = [name for name, _ in COUNTED if name.startswith("read/")]
+
 # Of some benchmarks a round is several works.
 WORKS_IN_A_ROUND = [(r"^check/(unchanged|system_calls)/.*/(\d+)$", None), (r"^menu/(scroll|select)/", 2)]
 COUNTED_PRODUCTS, COUNTED_ROUNDS = 500, 10
@@ -23,8 +25,18 @@ def works_in(name):
     return 1
 
 
+def each_json(text):
+    """The values in a text that has several, one behind the other."""
+    decoder = json.JSONDecoder()
+    while text := text.lstrip():
+        value, end = decoder.raw_decode(text)
+        text = text[end:]
+        yield value
+
+
 class Results(defaultdict):
-    """The runs of each thing measured, by its name."""
+    """The runs of each thing measured, by its name. What is compared takes turns, so that
+    the runs of one number stand side by side."""
 
     def __init__(self):
         super().__init__(list)
@@ -33,10 +45,10 @@ class Results(defaultdict):
         for name, number in (line.split("\t") for line in text.splitlines()):
             self[name].append(float(number))
 
-    def add_benchmark(self, program, chosen, *options, prefix="", variables={}):
-        command = [BUILD / program, "--benchmark_format=json", "--benchmark_min_time=0.3", f"--benchmark_repetitions={RUNS}"]
-        runs = json.loads(output(*command, f"--benchmark_filter={chosen}", *options, env={**ENVIRONMENT, **variables}))["benchmarks"]
-        for one in (one for one in runs if one["run_type"] == "iteration"):
+    def add_benchmark(self, program, chosen, rounds=RUNS, prefix="", variables={}):
+        command = [BUILD / program, f"--rounds={rounds}", "--benchmark_min_time=0.3"]
+        reports = output(*command, f"--benchmark_filter={chosen}", env={**ENVIRONMENT, **variables})
+        for one in (one for report in each_json(reports) for one in report["benchmarks"]):
             assert one["time_unit"] == "ns" and "error_occurred" not in one, one
             self[prefix + one["name"]].append(one["real_time"] / works_in(one["name"]))
             if "parses" in one:
@@ -45,13 +57,22 @@ class Results(defaultdict):
     def median(self, name):
         return statistics.median(self[name]) if self.get(name) else None
 
+    def ratio(self, name, peer):
+        """The median of the runs' ratios, or else the ratio of the medians."""
+        runs, others = self[name], self[peer]
+        if len(runs) != len(others):
+            return self.median(name) / self.median(peer)
+        return statistics.median(one / other for one, other in zip(runs, others))
 
+
+# Each work in a process of its own: what the others leave behind in a heap makes it slower.
 def measure_reading(results):
-    results.add_benchmark("bench_reading", ".", ALTERNATING)
     # What a kernel gives to every program that is set to do so.
     large = {"GLIBC_TUNABLES": "glibc.malloc.hugetlb=1"}
-    results.add_benchmark("bench_reading", "model/trelin", prefix="large/", variables=large)
     for _ in range(RUNS):
+        for work in READING:
+            results.add_benchmark("bench_reading", f"^{work}$", rounds=1)
+        results.add_benchmark("bench_reading", "model/trelin", rounds=1, prefix="large/", variables=large)
         results.add_lines(output(BUILD / "bench_reading", "--memory", env=ENVIRONMENT))
 
 
@@ -64,7 +85,7 @@ def system_calls(rounds):
 
 def measure_checking(results):
     for products in 1000, 32767:
-        results.add_benchmark("bench_checking", f"check/(unchanged|system_calls)/.*/{products}$", ALTERNATING)
+        results.add_benchmark("bench_checking", f"check/(unchanged|system_calls)/.*/{products}$")
     results.add_benchmark("bench_checking", "check/(changed|parse)/.*/32767$")
     unchanged, parse = (results.median(f"check/{what}/trelin/32767") for what in ("unchanged", "parse"))
     results["check/expected/32767"].append(unchanged * 32767 + parse)
@@ -73,14 +94,14 @@ def measure_checking(results):
 
 
 def measure_menu(results):
-    results.add_benchmark("bench_menu", "pictures|load_list", ALTERNATING)
-    opened, loaded = (results.median(f"menu/{what}/trelin") for what in ("open_pictures", "load_list"))
-    results["menu/pictures_alone/trelin"].append(opened - loaded)
-    results.add_benchmark("bench_menu", "scroll|select|tick", ALTERNATING)
+    results.add_benchmark("bench_menu", "pictures|load_list")
+    opened, loaded = (results[f"menu/{what}/trelin"] for what in ("open_pictures", "load_list"))
+    results["menu/pictures_alone/trelin"] = [all_of_it - listing for all_of_it, listing in zip(opened, loaded)]
+    results.add_benchmark("bench_menu", "scroll|select|tick")
 
 
 def measure_tools(results):
-    results.add_benchmark("bench_exports", ".", ALTERNATING)
+    results.add_benchmark("bench_exports", ".")
     for products in 3277, 32767:
         with suite_of(products) as suite:
             for _ in range(RUNS):

@@ -13,6 +13,7 @@
 #include "bench/bench_platform.h"
 #include "bench/made_suite.h"
 #include "bench/opened_menu.h"
+#include "bench/rounds.h"
 #include "systems/host/host_path.h"
 #include "systems/host/toolkit_setup.h"
 
@@ -121,6 +122,5 @@ BENCHMARK(Tick)->Name("menu/tick/trelin");
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const auto application = trelin::MakeApplication(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
+  trelin::RunBenchmarks(argc, argv);
 }

@@ -23,6 +23,7 @@
 #include "bench/bench_platform.h"
 #include "bench/made_suite.h"
 #include "bench/memory.h"
+#include "bench/rounds.h"
 #include "suite/setup_list.h"
 #include "systems/host/host_path.h"
 
@@ -135,8 +136,7 @@ void MeasureAll(int argc, char** argv) {
   WriteFile(sIni, MadeIniFile(Products));
   for (const Work& work : Works)
     benchmark::RegisterBenchmark(work.sName, Measure, work, work.bIni ? sIni : sList);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
+  RunBenchmarks(argc, argv);
 }
 
 void DoOnce(const std::string& sName, const std::string& sFile) {

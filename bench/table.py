@@ -69,7 +69,7 @@ def in_unit(name, value, unit):
     return value / {"MB": 1e6, "KB": 1024}.get(unit, 1)
 
 
-def verdict(limit, shown, other):
+def verdict(limit, shown, other, ratio):
     """By the figures as they are shown."""
     kind, bound = limit.split()
     if kind == "<=":
@@ -77,12 +77,12 @@ def verdict(limit, shown, other):
     elif kind == "+":
         met = shown <= other + float(bound)
     elif kind == "/":
-        met = round(other / shown, 2) >= float(bound)
+        met = round(1 / ratio, 2) >= float(bound)
     elif "-" in bound:
         low, high = map(float, bound.split("-"))
-        met = low <= round(shown / other, 2) <= high
+        met = low <= round(ratio, 2) <= high
     else:
-        met = round(shown / other, 2) <= float(bound)
+        met = round(ratio, 2) <= float(bound)
     return "yes" if met else "NO"
 
 
@@ -91,15 +91,15 @@ def line_of(results, work, unit, name, beside, peer, limit):
     if value is None or (peer and other is None):
         return work, "not measured", beside, "", "", limit or "", ""
     shown, other = in_unit(name, value, unit), peer and in_unit(peer, other, unit)
-    ratio = "" if not peer else f"1/{other / shown:.2f}" if limit and limit.startswith("/") else f"{shown / other:.2f}"
+    ratio = peer and results.ratio(name, peer)
     return (
         work,
         f"{number(shown)} {unit}".strip(),
         beside,
         f"{number(other)} {unit}".strip() if peer else "",
-        ratio,
+        "" if not peer else f"1/{1 / ratio:.2f}" if limit and limit.startswith("/") else f"{ratio:.2f}",
         limit or "",
-        verdict(limit, shown, other) if limit else "",
+        verdict(limit, shown, other, ratio) if limit else "",
     )
 
 
