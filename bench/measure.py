@@ -13,6 +13,8 @@ from instructions import COUNTED
 
 READING = [name for name, _ in COUNTED if name.startswith("read/")]
 
+# Short ones, since the speed of a machine that others use, too, changes within a second.
+ROUNDS = 5 * RUNS
 # Of some benchmarks a round is several works.
 WORKS_IN_A_ROUND = [(r"^check/(unchanged|system_calls)/.*/(\d+)$", None), (r"^menu/(scroll|select)/", 2)]
 COUNTED_PRODUCTS, COUNTED_ROUNDS = 500, 10
@@ -34,6 +36,11 @@ def each_json(text):
         yield value
 
 
+def stay_on_one_processor():
+    """Each may have another speed."""
+    os.sched_setaffinity(0, {min(os.sched_getaffinity(0))})
+
+
 class Results(defaultdict):
     """The runs of each thing measured, by its name. What is compared takes turns, so that
     the runs of one number stand side by side."""
@@ -45,9 +52,9 @@ class Results(defaultdict):
         for name, number in (line.split("\t") for line in text.splitlines()):
             self[name].append(float(number))
 
-    def add_benchmark(self, program, chosen, rounds=RUNS, prefix="", variables={}):
-        command = [BUILD / program, f"--rounds={rounds}", "--benchmark_min_time=0.3"]
-        reports = output(*command, f"--benchmark_filter={chosen}", env={**ENVIRONMENT, **variables})
+    def add_benchmark(self, program, chosen, rounds=ROUNDS, prefix="", variables={}):
+        command = [BUILD / program, f"--rounds={rounds}", "--benchmark_min_time=0.06", f"--benchmark_filter={chosen}"]
+        reports = output(*command, env={**ENVIRONMENT, **variables}, preexec_fn=stay_on_one_processor)
         for one in (one for report in each_json(reports) for one in report["benchmarks"]):
             assert one["time_unit"] == "ns" and "error_occurred" not in one, one
             self[prefix + one["name"]].append(one["real_time"] / works_in(one["name"]))
@@ -69,7 +76,7 @@ class Results(defaultdict):
 def measure_reading(results):
     # What a kernel gives to every program that is set to do so.
     large = {"GLIBC_TUNABLES": "glibc.malloc.hugetlb=1"}
-    for _ in range(RUNS):
+    for _ in range(ROUNDS):
         for work in READING:
             results.add_benchmark("bench_reading", f"^{work}$", rounds=1)
         results.add_benchmark("bench_reading", "model/trelin", rounds=1, prefix="large/", variables=large)
