@@ -20,6 +20,11 @@ std::filesystem::path NewFolder() {
   return sPath;
 }
 
+void UseStringLibrary() {
+  ResetStringResources();
+  InitStringResources(1033);
+}
+
 }  // namespace
 
 BenchFolder::BenchFolder() : path_(NewFolder()), bOwn_(true) {}
@@ -35,15 +40,6 @@ void BenchFolder::Write(const std::string& sName, const std::string& sText) cons
   file.exceptions(std::ios::failbit | std::ios::badbit);
   file << sText;
 }
-
-namespace {
-
-void UseStringLibrary() {
-  ResetStringResources();
-  InitStringResources(1033);
-}
-
-}  // namespace
 
 BenchPlatform::BenchPlatform() : system_(ProgramPath(folder / "")) {
   std::filesystem::copy_file(TRELIN_BUILD_DIR "/ENU35000.DLL", folder / "ENU35000.DLL");
