@@ -19,6 +19,11 @@ std::string DiffLine(char cSign, const std::string& sLine) {
   return cSign + sLine + (sLine.ends_with('\n') ? "" : "\n\\ No newline at end of file\n");
 }
 
+// Whether a text that is in the code page would be taken for one that is not.
+bool IsMistakable(std::string_view sText) {
+  return IsUtf16(sText) || (!IsAscii(sText) && IsUtf8(sText));
+}
+
 std::int32_t LineNumber(std::size_t nIndex) { return static_cast<std::int32_t>(nIndex) + 1; }
 
 }  // namespace
@@ -32,7 +37,7 @@ Manuscript::Manuscript(std::string_view sFile) : lines_(Split(sFile)) {
 void Manuscript::PutInCodePage() {
   const std::string sText = Text();
   const auto sRecoded = InCodePage(sText);
-  if (!sRecoded || *sRecoded == sText || (!IsAscii(*sRecoded) && IsUtf8(*sRecoded))) return;
+  if (!sRecoded || *sRecoded == sText || IsMistakable(*sRecoded)) return;
   std::vector<Line> recoded = Split(*sRecoded);
   const bool bSameLines = !IsUtf16(sText);
   bHasDiff_ = bHasDiff_ && bSameLines;

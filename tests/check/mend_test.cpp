@@ -44,6 +44,8 @@ TEST_F(MendTest, MendsWhatHasOneSafeAnswer) {
        "BLOCK SETUPLIST\nTITLE = \xE4\nEND\n"},
       {"UTF-8 that the code page lacks", "BLOCK SETUPLIST\nTITLE = \xCE\xA9\nEND\n",
        "BLOCK SETUPLIST\nTITLE = \xCE\xA9\nEND\n"},
+      {"UTF-8 that would begin as UTF-16 does", "\xC3\xBF\xC3\xBE=\nBLOCK SETUPLIST\nEND\n",
+       "\xC3\xBF\xC3\xBE=\nBLOCK SETUPLIST\nEND\n"},
       {"UTF-16", std::string("\xFE\xFF\0B\0L\0O\0C\0K\0 \0S\0E\0T\0U\0P\0L\0I\0S\0T\0\n", 34),
        "BLOCK SETUPLIST\nEND\n"},
       {"UTF-16 that the code page lacks",
