@@ -83,10 +83,6 @@ std::optional<Correction> KeyMeant(BlockKind kind, const ListStatement& entry,
   return Correction{entry.KeyPlace(), std::string(sMeant)};
 }
 
-constexpr Rule UnknownKey = {
-    "unknown-key", "The launcher does not know a key.",
-    "The launcher beeps or shows a message for each, and leaves the entry out."};
-
 // Those keys of the block's entries that the launcher knows.
 std::set<std::string_view> KnownKeys(const ListBlock& block) {
   std::set<std::string_view> known;
@@ -229,7 +225,7 @@ void CheckRevisionsNamed(const Suite& suite, Report& report) {
 
 std::span<const Check> KeyChecks() {
   static constexpr std::array Table = {
-      Check{&UnknownKey, CheckUnknownKeys},
+      Check{&rule::UnknownKey, CheckUnknownKeys},
       Check{&RepeatedKey, CheckRepeatedKeys},
       Check{&TooManyProducts, CheckProductCount},
       Check{&NoTitle, CheckTitles},

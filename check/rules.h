@@ -34,6 +34,9 @@ inline constexpr Rule AfterEnd = {"after-end", "Something follows the END of the
 inline constexpr Rule MissingEnd = {"missing-end", "A block has no END.",
                                     "The launcher takes the end of the file for it, which works, "
                                     "but hides where a block was meant to end."};
+inline constexpr Rule UnknownKey = {
+    "unknown-key", "The launcher does not know a key.",
+    "The launcher beeps or shows a message for each, and leaves the entry out."};
 inline constexpr Rule ByteOrderMark = {
     "byte-order-mark", "The file begins with a byte order mark.",
     "The launcher takes it for text, so that the first line is none that it knows. Save the file "

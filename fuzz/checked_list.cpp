@@ -68,9 +68,8 @@ Findings RunChecks(const Suite& suite) {
 }
 
 bool HasUnknownKey(const Findings& findings) {
-  return std::any_of(findings.begin(), findings.end(), [](const Finding& finding) {
-    return std::string_view(finding.pRule->pName) == "unknown-key";
-  });
+  return std::any_of(findings.begin(), findings.end(),
+                     [](const Finding& finding) { return finding.pRule == &rule::UnknownKey; });
 }
 
 void CheckPlaces(const Findings& findings, const SourceLines& lines) {

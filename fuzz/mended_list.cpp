@@ -36,10 +36,6 @@ bool IsError(const Finding& finding) {
   return finding.severity == Severity::Error && !IsGuess(finding);
 }
 
-bool IsUnknownKey(const Finding& finding) {
-  return std::string_view(finding.pRule->pName) == "unknown-key";
-}
-
 struct Verdict {
   std::ptrdiff_t nErrors = 0;
   std::set<std::pair<std::int32_t, const Rule*>> misread;  // by their lines
@@ -55,7 +51,8 @@ Verdict Judge(FakePlatform& platform, const std::string& sList) {
   for (const Finding& finding : suite.list.faults)
     if (IsError(finding)) verdict.misread.emplace(finding.place.lLine, finding.pRule);
   for (const Finding& finding : findings)
-    if (IsUnknownKey(finding)) verdict.misread.emplace(finding.place.lLine, finding.pRule);
+    if (finding.pRule == &rule::UnknownKey)
+      verdict.misread.emplace(finding.place.lLine, finding.pRule);
   return verdict;
 }
 
